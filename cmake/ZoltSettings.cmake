@@ -1,0 +1,47 @@
+# What every target shares: the language, the warnings, ccache, sanitizers, moc.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+
+if(ZOLT_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(ZOLT_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
+# zolt_library(NAME SOURCES... ) makes a static library whose headers are
+# included by their path below src/.
+function(zolt_library name)
+  add_library(${name} STATIC ${ARGN})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+endfunction()
+
+# zolt_use_qt(TARGET) lets moc run on a target's headers. The operations of the
+# windows have Portuguese names with accents, which moc reads with a little help.
+function(zolt_use_qt target)
+  get_target_property(real_moc Qt6::moc IMPORTED_LOCATION)
+  if(NOT real_moc)
+    get_target_property(real_moc Qt6::moc IMPORTED_LOCATION_NONE)
+  endif()
+  set(wrapper ${PROJECT_BINARY_DIR}/moc_utf8)
+  if(NOT EXISTS ${wrapper})
+    file(CONFIGURE OUTPUT ${wrapper}.in CONTENT
+      "#!/bin/sh\nexec '${Python3_EXECUTABLE}' '${PROJECT_SOURCE_DIR}/cmake/moc_utf8.py' '${real_moc}' \"$@\"\n")
+    file(COPY_FILE ${wrapper}.in ${wrapper})
+    file(CHMOD ${wrapper} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+  endif()
+  set_target_properties(${target} PROPERTIES
+    AUTOMOC ON AUTORCC ON AUTOMOC_EXECUTABLE ${wrapper} AUTOGEN_PARALLEL 2)
+endfunction()

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zolt {
+
+/// What reading a file gave. `reason` says in words why it failed and is empty
+/// when `bytes` holds the whole file.
+struct FileContents {
+    std::string bytes;
+    std::string reason;
+
+    bool ok() const { return reason.empty(); }
+};
+
+/// Files above this size are refused; documents of the calculator are far smaller.
+inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30;
+
+/// Reads a whole regular file. `path` holds the bytes that the file system uses.
+FileContents readFile(const std::string &path, std::uint64_t largest = kLargestFile);
+
+/// Replaces the file `path` by `bytes`, or makes it: writes a new file beside it,
+/// flushes it to the disk and renames it, so that at every moment the old or the
+/// new contents stand there whole. Symbolic links stay links, and an existing
+/// file keeps its permissions. Returns the reason of a failure, else an empty text.
+std::string writeFile(const std::string &path, std::string_view bytes);
+
+/// The part of a path up to and including its last separator; empty without one.
+std::string folderOf(std::string_view path);
+/// The part of a path behind its last separator.
+std::string titleOf(std::string_view path);
+
+} // namespace zolt

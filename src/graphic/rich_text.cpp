@@ -1,0 +1,30 @@
+#include "graphic/rich_text.h"
+
+#include <algorithm>
+
+namespace zolt {
+
+std::uint16_t RichText::fontIndex(std::string_view name) {
+    const auto found = std::find(fonts.begin(), fonts.end(), name);
+    if (found != fonts.end())
+        return static_cast<std::uint16_t>(found - fonts.begin());
+    fonts.emplace_back(name);
+    return static_cast<std::uint16_t>(fonts.size() - 1);
+}
+
+std::string plainText(const RichText &text) {
+    std::string plain;
+    for (const Paragraph &paragraph : text.paragraphs) {
+        if (&paragraph != &text.paragraphs.front())
+            plain += "\r\n";
+        for (const Run &run : paragraph.runs) {
+            if (const auto *characters = std::get_if<std::string>(&run.content))
+                plain += *characters;
+            else
+                plain += ' ';
+        }
+    }
+    return plain;
+}
+
+} // namespace zolt

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace zolt {
+
+/// A colour value: red in the low byte, then green, then blue. The high bit names
+/// a system colour; kWindowText is the colour of text that sets none.
+using Colour = std::uint32_t;
+inline constexpr Colour kWindowText = 0x80000008;
+
+/// How a run of characters looks. Two runs look alike when all fields are equal.
+struct CharFormat {
+    /// Index into RichText::fonts.
+    std::uint16_t font = 0;
+    /// Font size in half points.
+    std::uint16_t halfPoints = 20;
+    Colour colour = kWindowText;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikeThru = false;
+
+    bool operator==(const CharFormat &) const = default;
+};
+
+/// An embedded picture. It takes one character position of the text.
+struct RichPicture {
+    enum class Kind { Png, Jpeg, Bmp };
+    Kind kind = Kind::Png;
+    /// The encoded picture: a whole PNG, JPEG or BMP file.
+    std::string bytes;
+    /// The size in which it is shown, in twips.
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+
+    bool operator==(const RichPicture &) const = default;
+};
+
+struct Run {
+    CharFormat format;
+    /// Characters as bytes, with no line end in them, or one picture.
+    std::variant<std::string, RichPicture> content;
+
+    bool operator==(const Run &) const = default;
+};
+
+struct Paragraph {
+    std::vector<Run> runs;
+
+    bool operator==(const Paragraph &) const = default;
+};
+
+/// A rich text: paragraphs of runs. A line end (CR LF, two positions) stands
+/// between two paragraphs and belongs to neither. A text of no characters has one
+/// empty paragraph. Characters are bytes 0 to 255, as in a document.
+struct RichText {
+    std::vector<std::string> fonts{"ZOLT"};
+    std::vector<Paragraph> paragraphs{Paragraph{}};
+
+    bool operator==(const RichText &) const = default;
+
+    /// The index of a font name in `fonts`, added at the end if it isn't there.
+    std::uint16_t fontIndex(std::string_view name);
+};
+
+/// The characters of a rich text: CR LF between paragraphs, a blank for a picture.
+std::string plainText(const RichText &text);
+
+} // namespace zolt

@@ -1,0 +1,175 @@
+#include "zoltc/command.h"
+
+#include "core/file.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+
+namespace zolt::cli {
+
+namespace {
+
+void put(std::FILE *stream, std::string_view text) { std::fwrite(text.data(), 1, text.size(), stream); }
+
+std::string optionForm(const Option &option) {
+    std::string form = "--" + std::string(option.name);
+    if (!option.value.empty())
+        form += " " + std::string(option.value);
+    return form;
+}
+
+std::string usageLine(const Command &command) {
+    std::string line = "zoltc " + std::string(command.name);
+    for (const Option &option : command.options)
+        line += " [" + optionForm(option) + "]" + (option.repeated ? "..." : "");
+    return line + " " + std::string(command.usage);
+}
+
+void printHelp(const Command &command) {
+    std::string text = "usage: " + usageLine(command) + "\n\n" + std::string(command.help) + "\n";
+    if (!command.options.empty())
+        text += "\n";
+    for (const Option &option : command.options) {
+        std::string form = "  " + optionForm(option);
+        form.resize(std::max<std::size_t>(form.size() + 2, 26), ' ');
+        text += form + std::string(option.help) + "\n";
+    }
+    text += "\n\"-\" as a name is standard input or standard output.\n";
+    put(stdout, text);
+}
+
+void printOverview(std::FILE *stream) {
+    std::string text = "usage: zoltc COMMAND [OPTIONS] INPUT [OUTPUT]\n\n";
+    for (const Command &command : commands()) {
+        std::string name = "  " + std::string(command.name);
+        name.resize(14, ' ');
+        text += name + std::string(command.help.substr(0, command.help.find('\n'))) + "\n";
+    }
+    text += "\n\"zoltc COMMAND --help\" tells more.\n"
+            "Exit: 0 done, 1 refused by the rules, 2 bad usage or a file that can't be read or written.\n";
+    put(stream, text);
+}
+
+int badUsage(const std::string &about, const std::string &reason, const Command *command) {
+    unusable(about, reason);
+    if (command)
+        put(stderr, "usage: " + usageLine(*command) + "\n");
+    else
+        printOverview(stderr);
+    return Unusable;
+}
+
+/// Takes the words behind the command apart. Gives the reason of bad usage, else nothing.
+std::optional<std::string> takeApart(const Command &command, const std::vector<std::string> &words,
+                                     Arguments &arguments) {
+    bool onlyFiles = false;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const std::string &word = words[i];
+        if (onlyFiles || word == "-" || !word.starts_with("-")) {
+            arguments.files.push_back(word);
+            continue;
+        }
+        if (word == "--") {
+            onlyFiles = true;
+            continue;
+        }
+        const std::size_t equals = word.find('=');
+        const std::string name = word.starts_with("--") ? word.substr(2, equals - 2) : std::string();
+        const auto option = std::find_if(command.options.begin(), command.options.end(),
+                                         [&](const Option &o) { return !name.empty() && o.name == name; });
+        if (option == command.options.end())
+            return "unknown option " + word;
+        if (option->value.empty()) {
+            if (equals != std::string::npos)
+                return "option --" + name + " takes no value";
+            arguments.options[name];
+            continue;
+        }
+        if (equals == std::string::npos && i + 1 == words.size())
+            return "option --" + name + " needs a value";
+        arguments.options[name].push_back(equals != std::string::npos ? word.substr(equals + 1) : words[++i]);
+    }
+    if (arguments.files.size() < command.fewestFiles)
+        return "too few names";
+    if (arguments.files.size() > command.mostFiles)
+        return "too many names";
+    return std::nullopt;
+}
+
+} // namespace
+
+std::string Arguments::value(std::string_view option, std::string_view otherwise) const {
+    const auto found = options.find(option);
+    return found == options.end() || found->second.empty() ? std::string(otherwise) : found->second.back();
+}
+
+int unusable(std::string_view file, std::string_view reason) {
+    put(stderr, "zoltc: " + std::string(file) + ": " + std::string(reason) + "\n");
+    return Unusable;
+}
+
+bool readInput(const std::string &file, std::string &bytes) {
+    if (file != "-") {
+        FileContents contents = readFile(file);
+        if (!contents.ok()) {
+            unusable(file, contents.reason);
+            return false;
+        }
+        bytes = std::move(contents.bytes);
+        return true;
+    }
+    bytes.clear();
+    char piece[1 << 16];
+    while (std::size_t got = std::fread(piece, 1, sizeof piece, stdin)) {
+        bytes.append(piece, got);
+        if (bytes.size() > kLargestFile) {
+            unusable("standard input", "too large");
+            return false;
+        }
+    }
+    if (std::ferror(stdin)) {
+        unusable("standard input", "can't be read");
+        return false;
+    }
+    return true;
+}
+
+bool writeOutput(const std::string &file, std::string_view bytes) {
+    if (file != "-") {
+        const std::string reason = writeFile(file, bytes);
+        if (!reason.empty())
+            unusable(file, reason);
+        return reason.empty();
+    }
+    const bool written =
+        std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() && std::fflush(stdout) == 0;
+    if (!written)
+        unusable("standard output", "can't be written");
+    return written;
+}
+
+int run(const std::vector<std::string> &words) {
+    if (words.empty())
+        return badUsage("COMMAND", "missing", nullptr);
+    if (words.front() == "--help" || words.front() == "-h" || words.front() == "help") {
+        printOverview(stdout);
+        return Done;
+    }
+    const auto &table = commands();
+    const auto command = std::find_if(table.begin(), table.end(),
+                                      [&](const Command &c) { return c.name == words.front(); });
+    if (command == table.end())
+        return badUsage(words.front(), "no such command", nullptr);
+    const std::vector<std::string> rest(words.begin() + 1, words.end());
+    if (std::find(rest.begin(), rest.end(), "--help") != rest.end()) {
+        printHelp(*command);
+        return Done;
+    }
+    Arguments arguments;
+    if (const auto reason = takeApart(*command, rest, arguments))
+        return badUsage(std::string(command->name), *reason, &*command);
+    return command->run(arguments);
+}
+
+} // namespace zolt::cli

@@ -1,0 +1,10 @@
+#include "zoltc/command_table.h"
+
+namespace zolt::cli {
+
+const std::vector<Command> &commands() {
+    static const std::vector<Command> table{};
+    return table;
+}
+
+} // namespace zolt::cli
