@@ -7,10 +7,14 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <utility>
 
 namespace zolt {
 
 namespace {
+
+constexpr QChar kHeldCr(kHeldByte + '\r');
+constexpr QChar kHeldLf(kHeldByte + '\n');
 
 /// Blocks whose layout is made on the way to a display line number: Qt lays out
 /// what it shows only.
@@ -238,17 +242,43 @@ void TextPane::followSelection() {
     m_lastSelection = selection();
 }
 
-void TextPane::followContents() {
+void TextPane::followContents(int from, int /*removed*/, int added) {
     if (m_walksHistory)
         return;
+    const int depth = document()->availableUndoSteps();
+    if (m_joinsLineEnd) {
+        m_undoSelections.extendLatest(depth, selection());
+        return;
+    }
     m_toggledBack = false;
-    m_undoSelections.recordChange(document()->availableUndoSteps(), m_lastSelection, selection());
+    m_undoSelections.recordChange(depth, m_lastSelection, selection());
+    for (const int position : {from, from + added}) {
+        if (document()->characterAt(position - 1) == kHeldCr && document()->characterAt(position) == kHeldLf)
+            m_splitLineEnds.push_back(position - 1);
+    }
 }
 
 void TextPane::reportChange() {
+    if (!m_splitLineEnds.empty()) {
+        joinLineEnds(std::exchange(m_splitLineEnds, {})); // reports the change itself
+        return;
+    }
     if (!m_walksHistory)
         m_undoSelections.setLatestAfter(selection());
     emit Change();
+}
+
+void TextPane::joinLineEnds(const std::vector<int> &positions) {
+    const QScopedValueRollback joining(m_joinsLineEnd, true);
+    QTextCursor cursor(document());
+    cursor.joinPreviousEditBlock();
+    // From the last on, so that the others stay where they are.
+    for (auto position = positions.rbegin(); position != positions.rend(); ++position) {
+        cursor.setPosition(*position);
+        cursor.setPosition(*position + 2, QTextCursor::KeepAnchor);
+        cursor.insertBlock();
+    }
+    cursor.endEditBlock();
 }
 
 } // namespace zolt

@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zolt {
 
@@ -88,6 +89,7 @@ signals:
 
 protected:
     bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
@@ -120,13 +122,18 @@ private:
     void replaceRange(int from, int to, std::string_view bytes);
 
     void followSelection();
-    void followContents();
+    void followContents(int from, int removed, int added);
     void reportChange();
+    /// Makes line ends of the lone CRs at the positions and the lone LFs that a
+    /// change brought behind them, within that change's undo step.
+    void joinLineEnds(const std::vector<int> &positions);
 
     UndoSelections m_undoSelections;
-    PaneSelection m_lastSelection; // before the change that is under way
-    bool m_walksHistory = false;   // an undo or redo is under way
-    bool m_toggledBack = false;    // the last change of all was the undo of undoToggle
+    PaneSelection m_lastSelection;    // before the change that is under way
+    std::vector<int> m_splitLineEnds; // positions of such CRs in the change under way
+    bool m_joinsLineEnd = false;
+    bool m_walksHistory = false; // an undo or redo is under way
+    bool m_toggledBack = false;  // the last change of all was the undo of undoToggle
 };
 
 } // namespace zolt

@@ -71,6 +71,13 @@ bool TextPane::event(QEvent *event) {
     return QPlainTextEdit::event(event);
 }
 
+void TextPane::changeEvent(QEvent *event) {
+    QPlainTextEdit::changeEvent(event);
+    // A read-only pane still has a caret and copies.
+    if (event->type() == QEvent::ReadOnlyChange && isReadOnly())
+        setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
 void TextPane::keyPressEvent(QKeyEvent *event) {
     const bool shift = event->modifiers() & Qt::ShiftModifier;
     const bool ctrl = event->modifiers() & Qt::ControlModifier && !(event->modifiers() & Qt::AltModifier);
@@ -96,6 +103,10 @@ void TextPane::keyReleaseEvent(QKeyEvent *event) {
 }
 
 void TextPane::inputMethodEvent(QInputMethodEvent *event) {
+    if (isReadOnly()) {
+        event->ignore();
+        return;
+    }
     QInputMethodEvent held(event->preeditString(), event->attributes());
     held.setCommitString(heldOutsideText(event->commitString()), event->replacementStart(),
                          event->replacementLength());
