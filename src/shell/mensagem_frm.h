@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QDialog>
+
+class QRadioButton;
+
+namespace zolt {
+
+/// Asks in which edition a file of an unknown kind is to open. While it stands
+/// the frame is hidden.
+class MensagemFrm : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit MensagemFrm(QWidget *owner);
+
+public slots:
+    /// OK: opens the file in the chosen edition.
+    void Command1_Click();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    QRadioButton *Option1;
+    QRadioButton *Option2;
+};
+
+} // namespace zolt
