@@ -125,7 +125,7 @@ void EditTextFrm::applyPaneFont() {
     font.setUnderline(isTrue(settings.TFntUndl));
     font.setStrikeOut(isTrue(settings.TFntStrT));
     for (TextPane *pane : m_panes)
-        pane->setFont(font);
+        pane->setPaneFont(font);
     updateStatus();
 }
 

@@ -35,7 +35,7 @@ EditTextGuardarHPFrm::EditTextGuardarHPFrm(QWidget *owner)
     Text1->setObjectName(QStringLiteral("Text1"));
     Text2->setObjectName(QStringLiteral("Text2"));
     Text2->setReadOnly(true);
-    Text2->setFont(font());
+    Text2->setPaneFont(font());
     for (TextPane *box : {Text1, Text2})
         box->setTabChangesFocus(true);
 
@@ -73,7 +73,7 @@ void EditTextGuardarHPFrm::testDocument() {
     if (!document)
         return;
     const TextPane &pane = document->activePane();
-    Text1->setFont(pane.font());
+    Text1->setPaneFont(pane.font());
     Text1->setColours(pane.palette().color(QPalette::Text), palette().color(QPalette::Base));
     const ResultadoDoTeste result = testarIntegridade(pane.Text());
     Text2->setText(result.relatório);

@@ -47,7 +47,7 @@ bool endsInExtension(const std::string &name, const std::string &extension) {
 void readSettingsOfThisRun() {
     shared::programFolder = programFolder();
     shared::settings = readSettings(shared::programFolder + "/ZOLT.ini", shared::programFolder);
-    if (shared::settings.TxtWWrap != 1 && shared::settings.TxtWWrap != 2)
+    if (!areSound(shared::settings))
         shared::settings = defaultSettings(shared::programFolder);
 }
 
