@@ -3,7 +3,11 @@
 namespace zolt::cli {
 
 const std::vector<Command> &commands() {
-    static const std::vector<Command> table{};
+    static const std::vector<Command> table{
+        symbolsCommand(),
+        pdfCommand(),
+        htmlCommand(),
+    };
     return table;
 }
 
