@@ -26,7 +26,7 @@ QStringList nameFilters(const QString &filter) {
             caption.truncate(parenthesis);
         QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
         patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
-        filters << caption + u" (" + patterns.join(u' ') + u')';
+        filters << QStringLiteral("%1 (%2)").arg(caption, patterns.join(QChar(u' ')));
     }
     return filters;
 }

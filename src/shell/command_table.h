@@ -8,6 +8,7 @@ class QMenu;
 class QMenuBar;
 class QObject;
 class QToolBar;
+class QWidget;
 
 namespace zolt {
 

@@ -1,5 +1,6 @@
 #include "shell/edit_text_frm.h"
 
+#include "core/codes.h"
 #include "platform/colours.h"
 #include "platform/desktop.h"
 #include "platform/fonts.h"
