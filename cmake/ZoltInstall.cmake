@@ -6,10 +6,6 @@ install(FILES ${ZOLT_FONT_FILES} DESTINATION ${CMAKE_INSTALL_DATADIR}/zolt/fonts
 install(DIRECTORY ${ZOLT_DATA_DIR}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zolt
         PATTERN fonts EXCLUDE)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/zolt)
-install(FILES data/zolt.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-install(FILES data/zolt-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages
-        RENAME zolt.xml)
-install(FILES icons/zolt.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(CPACK_GENERATOR DEB)

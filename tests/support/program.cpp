@@ -13,9 +13,26 @@
 
 namespace zolt::testing_support {
 
+namespace {
+
+const QString kPoll = QStringLiteral("poll for a modal window");
+
+QTimer *newPoll() {
+    auto *poll = new QTimer(qApp);
+    poll->setObjectName(kPoll);
+    poll->start(1);
+    return poll;
+}
+
+} // namespace
+
 ProgramTest::ProgramTest() { qputenv("ZOLT_HOME", m_folder.path().toLocal8Bit()); }
 
-ProgramTest::~ProgramTest() { leave(); }
+ProgramTest::~ProgramTest() {
+    leave();
+    // An answer that was never asked for must not meet the next test's dialog.
+    qDeleteAll(qApp->findChildren<QTimer *>(kPoll, Qt::FindDirectChildrenOnly));
+}
 
 MDIFrm &ProgramTest::start(const std::string &commandLine) { return startProgram(commandLine); }
 
@@ -25,6 +42,7 @@ EditTextFrm &ProgramTest::startTextEdition() {
         if (window->objectName() == QStringLiteral("QuestionFrm"))
             call(window, "Command1_Click");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(loaded<MDIFrm>()));
     return *loaded<EditTextFrm>();
 }
 
@@ -60,7 +78,7 @@ struct Answer::State {
 
 Answer::Answer(QMessageBox::StandardButton button) : m_state(std::make_shared<State>()) {
     m_state->button = button;
-    auto *poll = new QTimer(qApp);
+    QTimer *poll = newPoll();
     QObject::connect(poll, &QTimer::timeout, poll, [poll, state = m_state] {
         auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
         if (state->over)
@@ -71,7 +89,6 @@ Answer::Answer(QMessageBox::StandardButton button) : m_state(std::make_shared<St
             QTest::mouseClick(box->button(state->button), Qt::LeftButton);
         }
     });
-    poll->start(1);
 }
 
 Answer::~Answer() { m_state->over = true; }
@@ -79,7 +96,7 @@ bool Answer::came() const { return m_state->came; }
 QString Answer::text() const { return m_state->text; }
 
 void whenModal(const char *className, std::function<void(QWidget *)> act) {
-    auto *poll = new QTimer(qApp);
+    QTimer *poll = newPoll();
     QObject::connect(poll, &QTimer::timeout, poll, [poll, className, act = std::move(act)] {
         QWidget *window = QApplication::activeModalWidget();
         if (window && window->isVisible() && window->inherits(className)) {
@@ -88,7 +105,6 @@ void whenModal(const char *className, std::function<void(QWidget *)> act) {
             act(window);
         }
     });
-    poll->start(1);
 }
 
 void answerFileDialog(const std::string &path) {
@@ -99,8 +115,10 @@ void answerFileDialog(const std::string &path) {
             return dialog->reject();
         auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         ASSERT_NE(name, nullptr);
+        dialog->selectFile(QString::fromStdString(path));
         name->setText(QString::fromStdString(path));
-        QTest::keyClick(name, Qt::Key_Return);
+        // The dialog's own button waits for its list of the folder to be read.
+        QMetaObject::invokeMethod(dialog, "accept", Qt::DirectConnection);
     });
 }
 
