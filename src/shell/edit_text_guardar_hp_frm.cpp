@@ -84,10 +84,10 @@ void EditTextGuardarHPFrm::testDocument() {
 }
 
 bool EditTextGuardarHPFrm::nameIsAllowed(const std::string &title) {
-    const NameVerdict verdict = checkHpFileName(title);
+    const NameVerdict verdict = checkHpFileTitle(title);
     if (verdict.kind == NameVerdict::Allowed)
         return true;
-    const QString message = fromWindows(verdict.message);
+    const QString message = QString::fromStdString(verdict.message);
     if (verdict.kind == NameVerdict::Reserved)
         return ask(this, message, QMessageBox::Yes | QMessageBox::No, QMessageBox::Warning) == QMessageBox::Yes;
     showMessage(this, message, QMessageBox::Warning);
@@ -104,7 +104,7 @@ std::string EditTextGuardarHPFrm::askForFile() {
         dialog.Flags = kOverwritePrompt;
         if (dialog.ShowSave() != kDialogDone)
             return {};
-        if (nameIsAllowed(bytesOfFileTitle(dialog.FileTitle())))
+        if (nameIsAllowed(dialog.FileTitle()))
             return dialog.FileName;
     }
 }

@@ -4,6 +4,8 @@ namespace zolt::cli {
 
 const std::vector<Command> &commands() {
     static const std::vector<Command> table{
+        checkCommand(),
+        hpCommand(),
         symbolsCommand(),
         pdfCommand(),
         htmlCommand(),

@@ -5,6 +5,8 @@
 namespace zolt::cli {
 
 // One row for each command, each made in the file of the command's name.
+Command checkCommand();
+Command hpCommand();
 Command htmlCommand();
 Command pdfCommand();
 Command symbolsCommand();
