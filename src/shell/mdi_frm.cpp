@@ -184,6 +184,16 @@ void MDIFrm::CloseAll() {
     m_area->closeAllSubWindows();
 }
 
+void MDIFrm::changeEvent(QEvent *event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::EnabledChange || isEnabled())
+        return;
+    // A disabled frame means the frame alone, not the windows that stand before it.
+    for (QObject *child : children())
+        if (auto *window = qobject_cast<QWidget *>(child); window && window->isWindow())
+            window->setEnabled(true);
+}
+
 void MDIFrm::closeEvent(QCloseEvent *event) {
     for (QMdiSubWindow *child : m_area->subWindowList())
         if (!child->close()) {

@@ -60,6 +60,7 @@ public slots:
     void CloseAll();
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:

@@ -1,10 +1,8 @@
 #include "shell/mensagem_frm.h"
 
-#include "shell/mdi_frm.h"
 #include "shell/shared_values.h"
 #include "shell/start_up.h"
 
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -13,10 +11,8 @@
 namespace zolt {
 
 MensagemFrm::MensagemFrm(QWidget *owner)
-    : QDialog(owner), Option1(new QRadioButton(QStringLiteral("Textual Edition"))),
+    : ToolFrm(QStringLiteral("ZOLT"), HidesTheFrame, owner), Option1(new QRadioButton(QStringLiteral("Textual Edition"))),
       Option2(new QRadioButton(QStringLiteral("Graphical Edition"))) {
-    setWindowTitle(QStringLiteral("ZOLT"));
-    setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
     Option1->setObjectName(QStringLiteral("Option1"));
     Option2->setObjectName(QStringLiteral("Option2"));
     Option1->setChecked(true);
@@ -34,8 +30,6 @@ MensagemFrm::MensagemFrm(QWidget *owner)
     column->addWidget(ok, 0, Qt::AlignRight);
     column->setSizeConstraint(QLayout::SetFixedSize);
     setMinimumWidth(240);
-    if (owner)
-        owner->hide();
 }
 
 void MensagemFrm::Command1_Click() {
@@ -45,14 +39,6 @@ void MensagemFrm::Command1_Click() {
     }
     openNamedFile();
     close();
-}
-
-void MensagemFrm::closeEvent(QCloseEvent *event) {
-    if (MDIFrm *frame = loaded<MDIFrm>()) {
-        frame->show();
-        frame->activateWindow();
-    }
-    QDialog::closeEvent(event);
 }
 
 } // namespace zolt

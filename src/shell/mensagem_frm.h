@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDialog>
+#include "shell/tool_frm.h"
 
 class QRadioButton;
 
@@ -8,7 +8,7 @@ namespace zolt {
 
 /// Asks in which edition a file of an unknown kind is to open. While it stands
 /// the frame is hidden.
-class MensagemFrm : public QDialog {
+class MensagemFrm : public ToolFrm {
     Q_OBJECT
 
 public:
@@ -17,9 +17,6 @@ public:
 public slots:
     /// OK: opens the file in the chosen edition.
     void Command1_Click();
-
-protected:
-    void closeEvent(QCloseEvent *event) override;
 
 private:
     QRadioButton *Option1;

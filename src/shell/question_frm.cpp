@@ -1,9 +1,6 @@
 #include "shell/question_frm.h"
 
-#include "platform/message_box.h"
 #include "platform/picture_label.h"
-#include "shell/edit_text_frm.h"
-#include "shell/mdi_frm.h"
 #include "shell/shared_values.h"
 #include "shell/start_up.h"
 
@@ -32,10 +29,7 @@ QPushButton *addButton(QHBoxLayout *row, const char *name, const QString &captio
 
 } // namespace
 
-QuestionFrm::QuestionFrm(QWidget *owner) : QDialog(owner) {
-    setWindowTitle(QStringLiteral("Start"));
-    setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
-
+QuestionFrm::QuestionFrm(QWidget *owner) : ToolFrm(QStringLiteral("Start"), HidesTheFrame, owner) {
     auto *edition = new QGroupBox(QStringLiteral("Edition type"));
     edition->setObjectName(QStringLiteral("Frame1"));
     auto *choices = new QHBoxLayout(edition);
@@ -71,8 +65,6 @@ QuestionFrm::QuestionFrm(QWidget *owner) : QDialog(owner) {
     column->setSizeConstraint(QLayout::SetFixedSize);
     ok->setFocus();
 
-    if (owner)
-        owner->hide();
     markChoice(shared::settings.Question == kGraphical ? kGraphical : kTextual);
 }
 
@@ -149,13 +141,5 @@ void QuestionFrm::Command1_Click() {
 }
 
 void QuestionFrm::Command2_Click() { close(); }
-
-void QuestionFrm::closeEvent(QCloseEvent *event) {
-    if (MDIFrm *frame = loaded<MDIFrm>()) {
-        frame->show();
-        frame->activateWindow();
-    }
-    QDialog::closeEvent(event);
-}
 
 } // namespace zolt

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDialog>
+#include "shell/tool_frm.h"
+
 #include <array>
 
 class QFrame;
@@ -13,7 +14,7 @@ class PictureLabel;
 
 /// The edition chooser. While it stands the frame is hidden; every way out shows
 /// the frame, with the chosen edition's window in it or with none.
-class QuestionFrm : public QDialog {
+class QuestionFrm : public ToolFrm {
     Q_OBJECT
 
 public:
@@ -28,7 +29,6 @@ public slots:
     void Command2_Click();
 
 protected:
-    void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

@@ -4,27 +4,35 @@
 #include "shell/windows.h"
 
 #include <QCloseEvent>
+#include <QIcon>
 
 namespace zolt {
 
 ToolFrm::ToolFrm(const QString &caption, Kind kind, QWidget *owner) : QDialog(owner), m_kind(kind) {
     setWindowTitle(caption);
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
 }
 
 void ToolFrm::showEvent(QShowEvent *event) {
-    if (m_kind == DisablesTheFrame)
-        if (MDIFrm *frame = loaded<MDIFrm>())
+    if (MDIFrm *frame = loaded<MDIFrm>()) {
+        if (m_kind == DisablesTheFrame)
             frame->setEnabled(false);
+        if (m_kind == HidesTheFrame)
+            frame->hide();
+    }
     QDialog::showEvent(event);
 }
 
+void ToolFrm::reject() { close(); }
+
 void ToolFrm::closeEvent(QCloseEvent *event) {
     closing();
-    QDialog::closeEvent(event);
+    event->accept();
     if (MDIFrm *frame = loaded<MDIFrm>()) {
         if (m_kind == DisablesTheFrame)
             frame->setEnabled(true);
+        if (m_kind == HidesTheFrame)
+            frame->show();
         frame->activateWindow();
         frame->setFocus();
     }

@@ -4,14 +4,19 @@
 
 namespace zolt {
 
-/// A tool window over the main frame. One that acts as a dialog disables the frame
-/// while it stands. On closing, the frame is enabled again and takes the focus.
+/// A window before the main frame. One that acts as a dialog disables the frame
+/// while it stands, a chooser hides it. On closing, by whatever way, the frame is
+/// there again and takes the focus.
 class ToolFrm : public QDialog {
     Q_OBJECT
 
 public:
-    enum Kind { BesideTheFrame, DisablesTheFrame };
+    enum Kind { BesideTheFrame, DisablesTheFrame, HidesTheFrame };
     ToolFrm(const QString &caption, Kind kind, QWidget *owner);
+
+public slots:
+    /// Escape closes the window as its close button does.
+    void reject() override;
 
 protected:
     /// What this window does when it closes, before the frame takes the focus back.

@@ -40,20 +40,24 @@ TEST_F(CommandTables, GiveTheKeysOfTheTextEdition) {
     window.pane(1).setText("abc");
     window.pane(1).setFocus();
     // Ctrl+A opens, Ctrl+O is New, Ctrl+G saves.
-    bool opened = false;
+    const auto press = [&](Qt::Key key) {
+        loaded<MDIFrm>()->activateWindow();
+        ASSERT_TRUE(waitFor([] { return loaded<MDIFrm>()->isActiveWindow(); }));
+        window.pane(1).setFocus();
+        QTest::keyClick(&window.pane(1), key, Qt::ControlModifier);
+    };
+    QString opened;
     whenModal("QFileDialog", [&](QWidget *dialog) {
-        opened = dialog->windowTitle() == QStringLiteral("Open");
+        opened = dialog->windowTitle();
         dialog->close();
     });
-    QTest::keyClick(&window.pane(1), Qt::Key_A, Qt::ControlModifier);
-    EXPECT_TRUE(waitFor([&] { return opened; }));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(loaded<MDIFrm>()));
+    press(Qt::Key_A);
+    EXPECT_EQ(opened, QStringLiteral("Open"));
     Answer cancel(QMessageBox::Cancel);
-    QTest::keyClick(&window.pane(1), Qt::Key_O, Qt::ControlModifier);
+    press(Qt::Key_O);
     EXPECT_EQ(cancel.text(), QStringLiteral("Exit document ?"));
-    ASSERT_TRUE(QTest::qWaitForWindowActive(loaded<MDIFrm>()));
     answerFileDialog(path("saved.zlt"));
-    QTest::keyClick(&window.pane(1), Qt::Key_G, Qt::ControlModifier);
+    press(Qt::Key_G);
     EXPECT_EQ(fileBytes("saved.zlt"), "abc\r\n");
 }
 
