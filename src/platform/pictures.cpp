@@ -46,7 +46,7 @@ std::vector<Span> spansOfDots(int dots, double target, int length) {
     constexpr double kReach = 0.25;
     const double pixelsPerDot = length / target;
     const auto firstPixelBehind = [&](double position) {
-        return static_cast<int>(std::ceil(position * pixelsPerDot - 0.5));
+        return std::min(static_cast<int>(std::ceil(position * pixelsPerDot - 0.5)), length);
     };
     std::vector<Span> spans(static_cast<std::size_t>(dots));
     for (int dot = 0; dot < dots; ++dot) {
