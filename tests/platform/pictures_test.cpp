@@ -32,7 +32,7 @@ const Format kFormats[] = {
          return test::writtenByQt(filled(40, 30, c).convertToFormat(QImage::Format_RGB32), "BMP");
      },
      false},
-    {"BMP of 256 colours",
+    {"BMP with a colour table",
      [](QColor c) {
          QImage image(40, 30, QImage::Format_Indexed8);
          image.setColorTable({c.rgb()});
@@ -70,6 +70,20 @@ TEST(Pictures, OnlyExactlyBlackIsOnInEveryFormat) {
     }
     EXPECT_EQ(dotsOfPicture(filled(9, 9, QColor(0, 0, 0, 254)), 132, 65), allOff);
     EXPECT_EQ(dotsOfPicture(filled(9, 9, QColor(0, 0, 1)), 132, 65), allOff);
+}
+
+TEST(Pictures, PixelsThatTheColourTableLacksAreOff) {
+    QImage image(40, 30, QImage::Format_Indexed8);
+    image.setColorTable({QColor(Qt::black).rgb()});
+    image.fill(0);
+    std::string bytes = test::writtenByQt(image, "BMP");
+    const std::size_t pixels = static_cast<unsigned char>(bytes[10]);
+    std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(pixels), bytes.end(), '\x64');
+    testing::internal::CaptureStderr();
+    const LoadedPicture picture = decoded(bytes);
+    ASSERT_TRUE(picture.ok());
+    EXPECT_EQ(dotsOfPicture(picture.image, 132, 65), DotSurface(132, 65));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST(Pictures, ThoseOfAnotherProgramAreRead) {
