@@ -165,12 +165,13 @@ std::string gifFile(const DotSurface &surface, const Progress &progress) {
     std::string bytes = headers(width, height);
     Compressor compressor(bytes);
     for (int row = 0; row < height; ++row) {
-        if (row % kReportEveryRows == 0 &&
-            !goOn(progress, static_cast<std::size_t>(row), static_cast<std::size_t>(height)))
-            return {};
         compressor.startRow();
         for (int x = 0; x < width; ++x)
             compressor.addPixel(surface.dot(x / kPixelsPerDot, row / kPixelsPerDot) ? kBlack : kWhite);
+        const int rows = row + 1;
+        if (rows % kReportEveryRows == 0 &&
+            !goOn(progress, static_cast<std::size_t>(rows), static_cast<std::size_t>(height)))
+            return {};
     }
     compressor.finish();
     bytes += kTrailer;

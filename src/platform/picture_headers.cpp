@@ -40,6 +40,26 @@ QByteArray formatOf(const QByteArray &start) {
     return {};
 }
 
+/// Whether a bitmap file holds all the rows that its header promises. Compressed
+/// rows are left to the decoder.
+bool holdsAllRows(QIODevice &device, qint64 start) {
+    constexpr qsizetype kHeaders = 54;
+    constexpr quint32 kShortestHeader = 40;
+    const QByteArray bytes = bytesAt(device, start, kHeaders);
+    if (bytes.size() < kHeaders || little32(bytes, 14) < kShortestHeader)
+        return true;
+    constexpr quint32 kPlain = 0;
+    constexpr quint32 kPlainWithMasks = 3;
+    if (const quint32 compression = little32(bytes, 30);
+        compression != kPlain && compression != kPlainWithMasks)
+        return true;
+    const qint64 rowBits = qint64{little32(bytes, 18)} * little16(bytes, 28);
+    const qint64 rows = std::abs(qint64{static_cast<qint32>(little32(bytes, 22))});
+    const qint64 beforeLast = rows > 0 ? (rowBits + 31) / 32 * 4 : 0;
+    const qint64 pixels = device.size() - start - little32(bytes, 10) - (rowBits + 7) / 8;
+    return pixels >= 0 && (beforeLast == 0 || rows - 1 <= pixels / beforeLast);
+}
+
 /// The size that an image inside an icon has by its own header: a PNG, or a bitmap
 /// whose height counts its mask too.
 QSize sizeOfIconImage(QIODevice &device, qint64 position) {
@@ -117,6 +137,8 @@ PictureHeader readPictureHeader(QIODevice &device) {
         chooseIconImage(device, start, header);
     else if (header.format == "jpeg")
         header.progressive = isProgressive(device, start);
+    else if (header.format == "bmp" && !holdsAllRows(device, start))
+        header.format.clear();
     device.seek(start);
     return header;
 }

@@ -9,7 +9,8 @@ namespace zolt {
 
 /// What a picture's own header says before it is decoded.
 struct PictureHeader {
-    /// "bmp", "gif", "jpeg", "ico" or "cur"; empty if it is none of these.
+    /// "bmp", "gif", "jpeg", "ico" or "cur"; empty if it is none of these
+    /// or can't be decoded.
     QByteArray format;
     /// The size in pixels, told for icons and cursors only.
     QSize size;

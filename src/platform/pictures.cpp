@@ -32,6 +32,13 @@ std::int64_t memoryOf(const QImageReader &reader, QSize size, bool progressive) 
     return std::int64_t{size.width()} * size.height() * bitsPerPixel / 8;
 }
 
+/// A damaged file can have pixels whose colour its table lacks: they get none, and
+/// show white.
+void completeColourTable(QImage &image) {
+    if (image.pixelFormat().colorModel() == QPixelFormat::Indexed)
+        image.setColorCount(1 << image.depth());
+}
+
 /// The source's pixels, from `first` up to but not including `end`, that one sample
 /// of the stretched picture looks at along one side.
 struct Span {
@@ -105,6 +112,7 @@ LoadedPicture decodePicture(QIODevice &device) {
     QImage image = reader.read();
     if (image.isNull())
         return refused(std::string(kPictureNotRecognised));
+    completeColourTable(image);
     return {std::move(image), {}};
 }
 

@@ -7,6 +7,7 @@
 #include "platform/pictures.h"
 #include "zoltc/command_table.h"
 
+#include <QLoggingCategory>
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -90,7 +91,9 @@ std::optional<std::string_view> readOptions(const Arguments &arguments, Settings
     return std::nullopt;
 }
 
+/// Reads a PC picture. The decoders' own words would come before the command's.
 PictureOfText readPicture(const std::string &file, const Settings &settings) {
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
     const LoadedPicture picture = loadPicture(file);
     if (!picture.ok())
         return {{}, picture.reason};
