@@ -11,7 +11,8 @@ namespace zolt {
 namespace {
 
 QIcon iconOf(const char *name) {
-    return name ? QIcon(QStringLiteral(":/icons/") + QString::fromUtf8(name) + QStringLiteral(".svg")) : QIcon();
+    return name ? QIcon(QStringLiteral(":/icons/") + QString::fromUtf8(name) + QStringLiteral(".svg"))
+                : QIcon();
 }
 
 /// Lets `action` call the public slot of that name; slots have no arguments.

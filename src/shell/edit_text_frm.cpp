@@ -81,7 +81,7 @@ void EditTextFrm::followPane(TextPane *pane) {
             [pane] { shared::PosiçãoCursor = static_cast<std::int32_t>(pane->SelStart()); });
     connect(pane, &TextPane::mouseDown, this, [this](Qt::MouseButton button) {
         updateStatus();
-        if (button == Qt::RightButton)
+        if (button == Qt::RightButton && MnuPopUp->isEnabled())
             MnuPopUp->popup(QCursor::pos());
     });
 }
@@ -109,14 +109,18 @@ void EditTextFrm::buildStatusBar() {
     clock->start(1000);
 }
 
-TextPane &EditTextFrm::activePane() const { return pane(shared::settings.TxtWWrap == 2 ? 2 : 1); }
+TextPane &EditTextFrm::activePane() const {
+    return pane(shared::settings.TxtWWrap == 2 ? 2 : 1);
+}
 
 void EditTextFrm::setCaption(const QString &caption) {
     // "[*]" in a window title is Qt's mark of change; doubled, it stands for itself.
     setWindowTitle(QString(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
 
-void EditTextFrm::setCaption(const std::string &fileTitle) { setCaption(fromFileName(fileTitle)); }
+void EditTextFrm::setCaption(const std::string &fileTitle) {
+    setCaption(fromFileName(fileTitle));
+}
 
 void EditTextFrm::applyPaneFont() {
     const Settings &settings = shared::settings;
@@ -177,7 +181,9 @@ bool EditTextFrm::eventFilter(QObject *watched, QEvent *event) {
     return QMdiSubWindow::eventFilter(watched, event);
 }
 
-QAction *EditTextFrm::menuItem(const char *name) const { return zolt::menuItem(m_menus, name); }
+QAction *EditTextFrm::menuItem(const char *name) const {
+    return zolt::menuItem(m_menus, name);
+}
 
 void EditTextFrm::MnuVerBarradeestado() {
     StatusBar1->setVisible(menuItem("MnuVerBarradeestado")->isChecked());
@@ -188,23 +194,45 @@ void EditTextFrm::toggleTextToolbars() {
                               menuItem("MnuVerBarrasdeferramentasFormatação")->isChecked());
 }
 
-void EditTextFrm::MnuVerBarrasdeferramentasPadrão() { toggleTextToolbars(); }
-void EditTextFrm::MnuVerBarrasdeferramentasFormatação() { toggleTextToolbars(); }
+void EditTextFrm::MnuVerBarrasdeferramentasPadrão() {
+    toggleTextToolbars();
+}
+void EditTextFrm::MnuVerBarrasdeferramentasFormatação() {
+    toggleTextToolbars();
+}
 
 void EditTextFrm::MnuVerSemprenotopo() {
     m_frame->setWindowFlag(Qt::WindowStaysOnTopHint, menuItem("MnuVerSemprenotopo")->isChecked());
     m_frame->show();
 }
 
-void EditTextFrm::TesteDeIntegridade() { load<EditTextGuardarHPFrm>(m_frame).testDocument(); }
+void EditTextFrm::TesteDeIntegridade() {
+    load<EditTextGuardarHPFrm>(m_frame).testDocument();
+}
 
-void EditTextFrm::TileVertically() { m_frame->TileVertically(); }
-void EditTextFrm::TileHorizontally() { m_frame->TileHorizontally(); }
-void EditTextFrm::Cascade() { m_frame->Cascade(); }
-void EditTextFrm::MinimizeAll() { m_frame->MinimizeAll(); }
-void EditTextFrm::RestoreAll() { m_frame->RestoreAll(); }
-void EditTextFrm::CloseAll() { m_frame->CloseAll(); }
-void EditTextFrm::MnuAjudadozolt() { m_frame->MnuAjudadozolt(); }
-void EditTextFrm::MnuAcercadozolt() { m_frame->MnuAjudaAcercadoZOLT(); }
+void EditTextFrm::TileVertically() {
+    m_frame->TileVertically();
+}
+void EditTextFrm::TileHorizontally() {
+    m_frame->TileHorizontally();
+}
+void EditTextFrm::Cascade() {
+    m_frame->Cascade();
+}
+void EditTextFrm::MinimizeAll() {
+    m_frame->MinimizeAll();
+}
+void EditTextFrm::RestoreAll() {
+    m_frame->RestoreAll();
+}
+void EditTextFrm::CloseAll() {
+    m_frame->CloseAll();
+}
+void EditTextFrm::MnuAjudadozolt() {
+    m_frame->MnuAjudadozolt();
+}
+void EditTextFrm::MnuAcercadozolt() {
+    m_frame->MnuAjudaAcercadoZOLT();
+}
 
 } // namespace zolt

@@ -57,6 +57,11 @@ public slots:
 
     void TesteDeIntegridade();
 
+    void MnuInserirImagemBmpgifjpg();
+    void MnuInserirImagemGrob();
+    void MnuInserirImagemFormatovelda();
+    void MnuFerramentasConverterformatos();
+
     void MnuVerBarradeestado();
     void MnuVerBarrasdeferramentasPadrão();
     void MnuVerBarrasdeferramentasFormatação();

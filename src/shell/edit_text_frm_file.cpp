@@ -49,8 +49,8 @@ void EditTextFrm::showDocument(const std::string &document, const QString &capti
 }
 
 void EditTextFrm::FicheiroNovo() {
-    if (ask(this, QStringLiteral("Exit document ?"), QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Warning,
-            QStringLiteral("New document")) != QMessageBox::Ok)
+    if (ask(this, QStringLiteral("Exit document ?"), QMessageBox::Ok | QMessageBox::Cancel,
+            QMessageBox::Warning, QStringLiteral("New document")) != QMessageBox::Ok)
         return;
     showDocument({}, QStringLiteral("Document1"));
     commonDialog(DialogFrm::Document).FileName.clear();

@@ -47,6 +47,23 @@ const QList<MenuRow> kViewRows{
     {1, "MnuVerSemprenotopo", "Always on Top", "MnuVerSemprenotopo", nullptr, nullptr, MenuRow::Unchecked},
 };
 
+const QList<MenuRow> kInsertRows{
+    {0, "MnuInserir", "&Insert"},
+    {1, "MnuInserirImagem", "&Image"},
+    {2, "MnuInserirImagemBmpgifjpg", "&BMP GIF JPG ...", "MnuInserirImagemBmpgifjpg", nullptr,
+     "insert-picture"},
+    {2, "MnuInserirImagemGrob", "&HP GROB", "MnuInserirImagemGrob", nullptr, "insert-grob"},
+    {2, "MnuInserirImagemFormatovelda", "&ZOLT Image", "MnuInserirImagemFormatovelda", nullptr,
+     "insert-zolt-image"},
+    {2, "MnuInserirImagemNovodesenho", "&New drawing"},
+};
+
+const QList<MenuRow> kToolRows{
+    {0, "MnuFerramentas", "&Tools"},
+    {1, "MnuFerramentasConverterformatos", "&Convert image formats", "MnuFerramentasConverterformatos",
+     nullptr, "convert-image"},
+};
+
 const QList<MenuRow> kHelpRows{
     {0, "MnuAjuda", "&Help"},
     {1, "MnuAjudadozolt", "Help", "MnuAjudadozolt", "F1", "help"},
@@ -57,7 +74,8 @@ const QList<MenuRow> kHelpRows{
 } // namespace
 
 const QList<MenuRow> &textMenuTable() {
-    static const QList<MenuRow> table = kFileRows + kEditRows + kViewRows + windowMenuRows(true) + kHelpRows;
+    static const QList<MenuRow> table =
+        kFileRows + kEditRows + kViewRows + kInsertRows + kToolRows + windowMenuRows(true) + kHelpRows;
     return table;
 }
 
@@ -71,6 +89,14 @@ const QList<MenuRow> &textPopUpTable() {
         {1, "MnuPopUpColar", "&Paste", "EditarColar", nullptr, "paste"},
         {1, "MnuPopUpSeparador2", "-"},
         {1, "MnuPopUpSeleccionartudo", "Select &All", "EditarSeleccionarTudo"},
+        {1, "MnuPopUpSeparador3", "-"},
+        {1, "MnuPopUpInserir", "&Insert"},
+        {2, "MnuPopUpInserirImagem", "&Image"},
+        {3, "MnuPopUpInserirImagemBmpgifjpg", "&BMP GIF JPG ICO CUR", "MnuInserirImagemBmpgifjpg", nullptr,
+         "insert-picture"},
+        {3, "MnuPopUpInserirImagemGrob", "&HP GROB", "MnuInserirImagemGrob", nullptr, "insert-grob"},
+        {3, "MnuPopUpInserirImagemFormatovelda", "&ZOLT Image", "MnuInserirImagemFormatovelda", nullptr,
+         "insert-zolt-image"},
     };
     return table;
 }
@@ -96,7 +122,14 @@ const QList<ToolRow> &textStandardToolbarTable() {
 }
 
 const QList<ToolRow> &textFormatToolbarTable() {
-    static const QList<ToolRow> table{};
+    static const QList<ToolRow> table{
+        {"Inserir imagem BMP", "Insert BMP GIF JPG ...", "insert-picture", "MnuInserirImagemBmpgifjpg"},
+        {"Inserir imagem GROB", "Insert GROB image", "insert-grob", "MnuInserirImagemGrob"},
+        {"Inserir imagem VELDA", "Insert ZOLT image", "insert-zolt-image", "MnuInserirImagemFormatovelda"},
+        {"", "", nullptr},
+        {"Converter formatos de imagem", "Convert image formats", "convert-image",
+         "MnuFerramentasConverterformatos"},
+    };
     return table;
 }
 

@@ -30,7 +30,8 @@ QLabel *label(const char *name, const QString &text, QWidget *buddy) {
 } // namespace
 
 EditTextGuardarHPFrm::EditTextGuardarHPFrm(QWidget *owner)
-    : ToolFrm(QStringLiteral("HP file integrity test"), DisablesTheFrame, owner), Text1(new TextPane(true)),
+    : ToolFrm(QStringLiteral("HP file integrity test"), DisablesTheFrame, owner),
+      Text1(new TextPane(true)),
       Text2(new TextPane(true)) {
     Text1->setObjectName(QStringLiteral("Text1"));
     Text2->setObjectName(QStringLiteral("Text2"));
@@ -89,7 +90,8 @@ bool EditTextGuardarHPFrm::nameIsAllowed(const std::string &title) {
         return true;
     const QString message = QString::fromStdString(verdict.message);
     if (verdict.kind == NameVerdict::Reserved)
-        return ask(this, message, QMessageBox::Yes | QMessageBox::No, QMessageBox::Warning) == QMessageBox::Yes;
+        return ask(this, message, QMessageBox::Yes | QMessageBox::No, QMessageBox::Warning) ==
+               QMessageBox::Yes;
     showMessage(this, message, QMessageBox::Warning);
     return false;
 }
@@ -118,10 +120,11 @@ void EditTextGuardarHPFrm::Command1_Click() {
 }
 
 void EditTextGuardarHPFrm::Command3_Click() {
-    const auto answer = ask(this,
-                            QStringLiteral("Do you wish to substitute the main document by the correction?\r\n"
-                                           "This operation is not reversible!"),
-                            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Question);
+    const auto answer =
+        ask(this,
+            QStringLiteral("Do you wish to substitute the main document by the correction?\r\n"
+                           "This operation is not reversible!"),
+            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Question);
     EditTextFrm *document = loaded<EditTextFrm>();
     if (answer == QMessageBox::Yes && document)
         document->activePane().replaceText(Text1->Text());

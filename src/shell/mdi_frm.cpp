@@ -5,9 +5,13 @@
 #include "platform/desktop.h"
 #include "platform/message_box.h"
 #include "shell/about_frm.h"
+#include "shell/edit_text_conv_img_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/edit_text_frm_tables.h"
 #include "shell/edit_text_guardar_hp_frm.h"
+#include "shell/edit_text_insert_grob_frm.h"
+#include "shell/edit_text_insert_image_frm.h"
+#include "shell/edit_text_insert_velda_frm.h"
 #include "shell/mdi_frm_tables.h"
 #include "shell/mensagem_frm.h"
 #include "shell/question_frm.h"
@@ -35,7 +39,8 @@ MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) 
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_area);
     buildToolbars();
-    m_ownMenus = buildMenus(frameMenuTable(), [this] { return this; }, this);
+    m_ownMenus = buildMenus(
+        frameMenuTable(), [this] { return this; }, this);
     showMenus({});
     resize(1000, 700);
 }
@@ -102,7 +107,9 @@ void MDIFrm::showMenus(const QList<QMenu *> &menus) {
             action->setShortcutContext(menus.isEmpty() ? Qt::WindowShortcut : Qt::WidgetShortcut);
 }
 
-QToolBar *MDIFrm::toolbar(int number) const { return m_toolbars[number - 1]; }
+QToolBar *MDIFrm::toolbar(int number) const {
+    return m_toolbars[number - 1];
+}
 
 void MDIFrm::showTextToolbars(bool standard, bool format) {
     toolbar(2)->setVisible(standard);
@@ -114,20 +121,48 @@ void MDIFrm::showFont(const QString &name, int points) {
     Combo2->setCurrentIndex(Combo2->findText(QString::number(points)));
 }
 
-void MDIFrm::MostrarQuestionFrm() { mostrar<QuestionFrm>(); }
-void MDIFrm::MostrarMensagemFrm() { mostrar<MensagemFrm>(); }
-void MDIFrm::MostrarEditTextGuardarHPFrm() { mostrar<EditTextGuardarHPFrm>(); }
-void MDIFrm::MostrarAboutFrm() { mostrar<AboutFrm>(); }
+void MDIFrm::MostrarQuestionFrm() {
+    mostrar<QuestionFrm>();
+}
+void MDIFrm::MostrarMensagemFrm() {
+    mostrar<MensagemFrm>();
+}
+void MDIFrm::MostrarEditTextGuardarHPFrm() {
+    mostrar<EditTextGuardarHPFrm>();
+}
+void MDIFrm::MostrarAboutFrm() {
+    mostrar<AboutFrm>();
+}
+void MDIFrm::MostrarEditTextConvImgFrm() {
+    mostrar<EditTextConvImgFrm>();
+}
+void MDIFrm::MostrarEditTextInsertImageFrm() {
+    mostrarInsertFrm<EditTextInsertImageFrm>();
+}
+void MDIFrm::MostrarEditTextInsertGrobFrm() {
+    mostrarInsertFrm<EditTextInsertGrobFrm>();
+}
+void MDIFrm::MostrarEditTextInsertVeldaFrm() {
+    mostrarInsertFrm<EditTextInsertVeldaFrm>();
+}
 
-void MDIFrm::MnuFicheiroNovo() { MostrarQuestionFrm(); }
-void MDIFrm::MnuFicheiroSair() { close(); }
-void MDIFrm::MnuAjudaAcercadoZOLT() { MostrarAboutFrm(); }
+void MDIFrm::MnuFicheiroNovo() {
+    MostrarQuestionFrm();
+}
+void MDIFrm::MnuFicheiroSair() {
+    close();
+}
+void MDIFrm::MnuAjudaAcercadoZOLT() {
+    MostrarAboutFrm();
+}
 
 void MDIFrm::MnuVerBarradeferramentas() {
     toolbar(1)->setVisible(menuItem(m_ownMenus, "MnuVerBarradeferramentas")->isChecked());
 }
 
-void MDIFrm::checkOwnToolbar() { menuItem(m_ownMenus, "MnuVerBarradeferramentas")->setChecked(true); }
+void MDIFrm::checkOwnToolbar() {
+    menuItem(m_ownMenus, "MnuVerBarradeferramentas")->setChecked(true);
+}
 
 void MDIFrm::MnuAjudadozolt() {
     for (const char *name : {"/ZOLT.chm", "/ZOLT.html"}) {
@@ -150,16 +185,21 @@ void MDIFrm::tile(Qt::Orientation orientation) {
         const auto part = [&](int length) { return static_cast<int>(length * i / children.size()); };
         const auto size = [&](int length) { return length / static_cast<int>(children.size()); };
         children[i]->showNormal();
-        children[i]->setGeometry(
-            orientation == Qt::Horizontal
-                ? QRect(part(whole.width()), 0, size(whole.width()), whole.height())
-                : QRect(0, part(whole.height()), whole.width(), size(whole.height())));
+        children[i]->setGeometry(orientation == Qt::Horizontal
+                                     ? QRect(part(whole.width()), 0, size(whole.width()), whole.height())
+                                     : QRect(0, part(whole.height()), whole.width(), size(whole.height())));
     }
 }
 
-void MDIFrm::TileVertically() { tile(Qt::Horizontal); }
-void MDIFrm::TileHorizontally() { tile(Qt::Vertical); }
-void MDIFrm::Cascade() { m_area->cascadeSubWindows(); }
+void MDIFrm::TileVertically() {
+    tile(Qt::Horizontal);
+}
+void MDIFrm::TileHorizontally() {
+    tile(Qt::Vertical);
+}
+void MDIFrm::Cascade() {
+    m_area->cascadeSubWindows();
+}
 
 void MDIFrm::MinimizeAll() {
     for (QMdiSubWindow *child : m_area->subWindowList())

@@ -43,6 +43,10 @@ public slots:
     void MostrarQuestionFrm();
     void MostrarMensagemFrm();
     void MostrarEditTextGuardarHPFrm();
+    void MostrarEditTextInsertImageFrm();
+    void MostrarEditTextInsertGrobFrm();
+    void MostrarEditTextInsertVeldaFrm();
+    void MostrarEditTextConvImgFrm();
     void MostrarAboutFrm();
 
     void MnuFicheiroNovo();
@@ -75,6 +79,14 @@ private:
         window.raise();
         window.activateWindow();
         return window;
+    }
+
+    /// The same for an insert window, whose file dialog comes before it is drawn.
+    template <class Window> void mostrarInsertFrm() {
+        Window &window = load<Window>(this);
+        if (!window.isVisible())
+            window.begin();
+        mostrar<Window>();
     }
 
     QMdiArea *m_area;

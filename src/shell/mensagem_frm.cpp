@@ -11,7 +11,8 @@
 namespace zolt {
 
 MensagemFrm::MensagemFrm(QWidget *owner)
-    : ToolFrm(QStringLiteral("ZOLT"), HidesTheFrame, owner), Option1(new QRadioButton(QStringLiteral("Textual Edition"))),
+    : ToolFrm(QStringLiteral("ZOLT"), HidesTheFrame, owner),
+      Option1(new QRadioButton(QStringLiteral("Textual Edition"))),
       Option2(new QRadioButton(QStringLiteral("Graphical Edition"))) {
     Option1->setObjectName(QStringLiteral("Option1"));
     Option2->setObjectName(QStringLiteral("Option2"));

@@ -33,7 +33,8 @@ QuestionFrm::QuestionFrm(QWidget *owner) : ToolFrm(QStringLiteral("Start"), Hide
     auto *edition = new QGroupBox(QStringLiteral("Edition type"));
     edition->setObjectName(QStringLiteral("Frame1"));
     auto *choices = new QHBoxLayout(edition);
-    choices->addWidget(buildChoice(1, QStringLiteral("Textual Edition"), QStringLiteral(":/icons/edition-text.svg")));
+    choices->addWidget(
+        buildChoice(1, QStringLiteral("Textual Edition"), QStringLiteral(":/icons/edition-text.svg")));
     choices->addWidget(
         buildChoice(2, QStringLiteral("Graphical Edition"), QStringLiteral(":/icons/edition-graphic.svg")));
 
@@ -42,8 +43,9 @@ QuestionFrm::QuestionFrm(QWidget *owner) : ToolFrm(QStringLiteral("Start"), Hide
     auto *tips = new QVBoxLayout(tip);
     const QString texts[] = {
         QStringLiteral("Textual Edition uses only characters, but allows a much bigger personalization."),
-        QStringLiteral("Graphical Edition allows the direct insertion and visualization of graphical objects in "
-                       "the edition area. ")};
+        QStringLiteral(
+            "Graphical Edition allows the direct insertion and visualization of graphical objects in "
+            "the edition area. ")};
     for (const QString &text : texts) {
         auto *label = new QLabel(text);
         label->setWordWrap(true);
@@ -83,9 +85,7 @@ QWidget *QuestionFrm::buildChoice(int number, const QString &caption, const QStr
     auto *choice = new QWidget;
     auto *grid = new QGridLayout(choice);
     grid->setSpacing(4);
-    const struct {
-        int row, column, columns;
-    } places[] = {{0, 0, 3}, {2, 0, 3}, {1, 0, 1}, {1, 2, 1}};
+    const struct { int row, column, columns; } places[] = {{0, 0, 3}, {2, 0, 3}, {1, 0, 1}, {1, 2, 1}};
     for (int i = 0; i < 4; ++i) {
         const int index = 4 * (number - 1) + i;
         auto *line = new QFrame;
@@ -112,8 +112,12 @@ void QuestionFrm::markChoice(int chosen) {
         m_lines[i]->setVisible((i < 4) == (chosen == kTextual));
 }
 
-void QuestionFrm::SeleccionarEdiçãoTextual() { markChoice(kTextual); }
-void QuestionFrm::SeleccionarEdiçãoGráfica() { markChoice(kGraphical); }
+void QuestionFrm::SeleccionarEdiçãoTextual() {
+    markChoice(kTextual);
+}
+void QuestionFrm::SeleccionarEdiçãoGráfica() {
+    markChoice(kGraphical);
+}
 
 void QuestionFrm::choose(int edition) {
     edition == kGraphical ? SeleccionarEdiçãoGráfica() : SeleccionarEdiçãoTextual();
@@ -140,6 +144,8 @@ void QuestionFrm::Command1_Click() {
     close();
 }
 
-void QuestionFrm::Command2_Click() { close(); }
+void QuestionFrm::Command2_Click() {
+    close();
+}
 
 } // namespace zolt

@@ -18,6 +18,8 @@ std::int16_t PrevisualizarComQuebras = 0;
 std::int16_t CancelarOperação = 0;
 std::int16_t LarguraFigura = 0;
 std::int16_t AlturaFigura = 0;
+std::int16_t TipoDeConversão = 0;
+std::int16_t TipoAnterior = 0;
 std::int16_t PararLeitura = 0;
 std::string ExtensãoTexto;
 std::string ExtensãoGráfico;
@@ -29,14 +31,13 @@ std::string CaminhoPrograma;
 
 void reset() {
     settings = {};
-    for (std::string *text :
-         {&programFolder, &commandLine, &TextoGuardado, &TextoDeArranque, &EstiloDeLetra, &TextoPrevisualizar,
-          &ExtensãoTexto, &ExtensãoGráfico, &IconeTexto, &IconeGráfico, &FormatoTexto, &FormatoGráfico,
-          &CaminhoPrograma})
+    for (std::string *text : {&programFolder, &commandLine, &TextoGuardado, &TextoDeArranque, &EstiloDeLetra,
+                              &TextoPrevisualizar, &ExtensãoTexto, &ExtensãoGráfico, &IconeTexto,
+                              &IconeGráfico, &FormatoTexto, &FormatoGráfico, &CaminhoPrograma})
         text->clear();
-    for (std::int16_t *number : {&EdiçãoActiva, &GuardarCancelado, &SemPerguntaDeSaída, &TipoDeOptimização,
-                                 &PrevisualizarComQuebras, &CancelarOperação, &LarguraFigura, &AlturaFigura,
-                                 &PararLeitura})
+    for (std::int16_t *number :
+         {&EdiçãoActiva, &GuardarCancelado, &SemPerguntaDeSaída, &TipoDeOptimização, &PrevisualizarComQuebras,
+          &CancelarOperação, &LarguraFigura, &AlturaFigura, &TipoDeConversão, &TipoAnterior, &PararLeitura})
         *number = 0;
     PosiçãoCursor = 0;
 }

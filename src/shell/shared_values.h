@@ -46,6 +46,10 @@ extern std::int16_t CancelarOperação;
 /// The size in work in the image windows, in dots.
 extern std::int16_t LarguraFigura;
 extern std::int16_t AlturaFigura;
+/// The kind of image conversion in force, 1 to 6, and the one before; 0 until a
+/// first source was chosen.
+extern std::int16_t TipoDeConversão;
+extern std::int16_t TipoAnterior;
 /// 1 ends the reading of a picture.
 extern std::int16_t PararLeitura;
 

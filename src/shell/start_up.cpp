@@ -21,7 +21,9 @@
 #include <cctype>
 
 /// Pictures in a library are not there until they are asked for.
-static void loadPictures() { Q_INIT_RESOURCE(icons); }
+static void loadPictures() {
+    Q_INIT_RESOURCE(icons);
+}
 
 namespace zolt {
 
@@ -37,7 +39,9 @@ std::string namedFile() {
 }
 
 bool endsInExtension(const std::string &name, const std::string &extension) {
-    const auto capital = [](char c) { return static_cast<char>(std::toupper(static_cast<unsigned char>(c))); };
+    const auto capital = [](char c) {
+        return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    };
     const std::string ending = "." + extension;
     return name.size() >= ending.size() &&
            std::equal(ending.begin(), ending.end(), name.end() - static_cast<std::ptrdiff_t>(ending.size()),
@@ -76,8 +80,9 @@ EditTextFrm &showTextWindow() {
 /// Says why a file can't be opened and lets the user choose an edition instead.
 void refuseFile(const std::string &name, const std::string &reason) {
     MDIFrm &frame = *loaded<MDIFrm>();
-    showMessage(&frame, QStringLiteral("The file %1 can't be opened: %2.")
-                            .arg(fromFileName(name), QString::fromLocal8Bit(reason.c_str())),
+    showMessage(&frame,
+                QStringLiteral("The file %1 can't be opened: %2.")
+                    .arg(fromFileName(name), QString::fromLocal8Bit(reason.c_str())),
                 QMessageBox::Warning);
     frame.MostrarQuestionFrm();
 }
@@ -136,7 +141,9 @@ MDIFrm &startProgram(const std::string &commandLine) {
     return frame;
 }
 
-void openTextEdition() { showTextWindow(); }
+void openTextEdition() {
+    showTextWindow();
+}
 
 void openNamedFile() {
     const std::string name = namedFile();

@@ -23,7 +23,9 @@ void ToolFrm::showEvent(QShowEvent *event) {
     QDialog::showEvent(event);
 }
 
-void ToolFrm::reject() { close(); }
+void ToolFrm::reject() {
+    close();
+}
 
 void ToolFrm::closeEvent(QCloseEvent *event) {
     closing();

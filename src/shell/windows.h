@@ -13,7 +13,9 @@ template <class Window> QPointer<Window> &instance() {
 } // namespace detail
 
 /// Each window exists at most once. The one of this class, or null while it isn't loaded.
-template <class Window> Window *loaded() { return detail::instance<Window>().data(); }
+template <class Window> Window *loaded() {
+    return detail::instance<Window>().data();
+}
 
 /// The window of this class, made by its first use. `owner` is what it stands before.
 template <class Window> Window &load(QWidget *owner = nullptr) {
@@ -37,6 +39,8 @@ template <class Window> void unload() {
 /// Lengths are given in twips where a setting or a window's form says so; the
 /// screen has 15 to the pixel.
 constexpr int kTwipsPerPixel = 15;
-constexpr int pixels(int twips) { return twips / kTwipsPerPixel; }
+constexpr int pixels(int twips) {
+    return twips / kTwipsPerPixel;
+}
 
 } // namespace zolt
