@@ -52,6 +52,22 @@ struct State {
     CharFormat format{.font = 0, .halfPoints = 24};
 };
 
+/// The edges of a drawn shape, in twips.
+struct ShapeEdges {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    int width() const { return distance(left, right); }
+    int height() const { return distance(top, bottom); }
+
+private:
+    static int distance(std::int64_t from, std::int64_t to) {
+        return static_cast<int>(std::clamp<std::int64_t>(to - from, 0, std::numeric_limits<int>::max()));
+    }
+};
+
 class RtfReader {
 public:
     RtfReader(std::string_view rtf, const Progress &progress)
@@ -77,7 +93,7 @@ private:
 
     void appendText(std::string_view bytes);
     void appendCharacter(char32_t character);
-    void lineFeed();
+    void append(std::string_view bytes);
     void endParagraph();
     void endLineIfBegun();
     void endCell();
@@ -120,6 +136,7 @@ private:
     RtfPicture m_picture;
     int m_highDigit = -1;
     bool m_preferredPictureRead = false;
+    ShapeEdges m_shape;
     std::string m_shapeProperty;
 };
 
@@ -180,6 +197,10 @@ const std::unordered_map<std::string_view, RtfReader::Handler> &RtfReader::words
         {"pichgoal", [](R r, T t) { r.m_picture.goalHeight = t.parameter; }},
         {"picscalex", [](R r, T t) { r.m_picture.scaleX = t.parameterOr(100); }},
         {"picscaley", [](R r, T t) { r.m_picture.scaleY = t.parameterOr(100); }},
+        {"shpleft", [](R r, T t) { r.m_shape.left = t.parameter; }},
+        {"shptop", [](R r, T t) { r.m_shape.top = t.parameter; }},
+        {"shpright", [](R r, T t) { r.m_shape.right = t.parameter; }},
+        {"shpbottom", [](R r, T t) { r.m_shape.bottom = t.parameter; }},
     };
     return table;
 }
@@ -385,6 +406,9 @@ void RtfReader::enter(Destination destination) {
         m_picture = {};
         m_highDigit = -1;
         break;
+    case Destination::Shape:
+        m_shape = {};
+        break;
     case Destination::ShapePropertyName:
         m_shapeProperty.clear();
         break;
@@ -401,6 +425,10 @@ bool RtfReader::takesShapePicture() const {
 }
 
 void RtfReader::finishPicture() {
+    if (state().destination == Destination::ShapePropertyValue) {
+        m_picture.goalWidth = m_shape.width();
+        m_picture.goalHeight = m_shape.height();
+    }
     std::optional<RichPicture> picture = richPicture(std::exchange(m_picture, {}));
     if (!picture || state().hidden)
         return;
@@ -460,22 +488,15 @@ void RtfReader::unicode(int value) {
 }
 
 void RtfReader::appendText(std::string_view bytes) {
-    if (state().hidden)
-        return;
-    separateCells();
-    if (bytes.front() == '\n' && m_builder.takeBack('\r')) {
-        m_builder.endParagraph();
-        bytes.remove_prefix(1);
-    }
     if (state().codePage == RtfFontTable::kBytesAsTheyStand) {
-        m_builder.append(bytes, format());
+        append(bytes);
         return;
     }
     const RtfTranslations::Table &table = m_translations.of(state().codePage);
     std::string translated(bytes);
     for (char &c : translated)
         c = table[static_cast<unsigned char>(c)];
-    m_builder.append(translated, format());
+    append(translated);
 }
 
 void RtfReader::appendCharacter(char32_t character) {
@@ -486,10 +507,19 @@ void RtfReader::appendCharacter(char32_t character) {
     const char byte = static_cast<char>(byteForUnicode(character));
     if (state().destination == Destination::FontTable)
         m_fonts.appendToName({&byte, 1});
-    if (state().destination != Destination::Text || state().hidden)
+    else if (state().destination == Destination::Text)
+        append({&byte, 1});
+}
+
+/// A CR and the LF behind it end a line, however they were written.
+void RtfReader::append(std::string_view bytes) {
+    if (state().hidden)
         return;
     separateCells();
-    m_builder.append({&byte, 1}, format());
+    if (bytes.front() == '\n' && m_builder.takeBack('\r'))
+        m_builder.endParagraph();
+    else
+        m_builder.append(bytes, format());
 }
 
 void RtfReader::endParagraph() {

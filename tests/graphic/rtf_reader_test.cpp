@@ -164,7 +164,7 @@ TEST(RtfReader, ends_lines_where_a_reader_sees_them_end) {
         {"{\\rtf1 a\\page\\par b\\sect c}", "a\r\n\r\nb\r\nc"},
         {"{\\rtf1\\trowd\\intbl a\\cell b\\cell\\row\\trowd\\intbl c\\cell\\cell\\row\\pard d}",
          "a\tb\r\nc\t\r\nd"},
-        {"{\\rtf1\\'0d\\'0ax\\'0dy}", "\r\nx\ry"},
+        {"{\\rtf1\\'0d\\'0ax\\'0d\\b\\u10?y\\'0dz}", "\r\nx\r\ny\rz"},
     };
     for (const Case &c : cases)
         EXPECT_EQ(textOf(c.rtf), c.text) << c.rtf;
@@ -210,9 +210,11 @@ TEST(RtfReader, reads_pictures_of_every_kind_once) {
          {RichPicture::Kind::Bmp, bmp, 599, 360}},
         {"dib", "{\\pict\\dibitmap0\\picw20\\pich12 " + dib + "}", {RichPicture::Kind::Bmp, bmp, 300, 180}},
         {"shape",
-         "{\\shp{\\*\\shpinst{\\sp{\\sn fillBlip}{\\sv {\\pict\\pngblip " + png +
+         "{\\shp{\\*\\shpinst\\shpleft-5\\shptop10\\shpright10\\shpbottom40{\\sp{\\sn fillBlip}{\\sv "
+         "{\\pict\\pngblip " +
+             png +
              "}}}{\\sp{\\sn pib}{\\sv "
-             "{\\pict\\picwgoal15\\pichgoal30\\pngblip " +
+             "{\\pict\\picwgoal7\\pichgoal7\\pngblip " +
              png + "}}}}{\\shprslt{\\pict\\pngblip " + png + "}}}",
          {RichPicture::Kind::Png, pngFile(), 15, 30}},
         {"object",
