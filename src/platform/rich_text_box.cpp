@@ -33,7 +33,7 @@ RichTextBox::RichTextBox(bool wraps, QWidget *parent) : QTextEdit(parent) {
     setHorizontalScrollBarPolicy(wraps ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
     setLineWrapMode(wraps ? WidgetWidth : NoWrap);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    take(new RichTextDocument);
+    take(RichTextDocument::make({}).release());
     connect(this, &QTextEdit::textChanged, this, &RichTextBox::Change);
 }
 

@@ -63,14 +63,19 @@ private:
 
 } // namespace
 
-RichTextDocument::RichTextDocument(QObject *parent) : QTextDocument(parent), m_images(kImageCacheKilobytes) {
+RichTextDocument::RichTextDocument() : m_images(kImageCacheKilobytes) {
     setDocumentMargin(kMargin);
     setDefaultFont(qtFormat({}, RichText{}.fonts.front()).font());
+}
+
+void RichTextDocument::drawPictures() {
     documentLayout()->registerHandler(QTextFormat::ImageObject, this);
 }
 
 std::unique_ptr<RichTextDocument> RichTextDocument::make(const RichText &text, const Progress &progress) {
-    auto document = std::make_unique<RichTextDocument>();
+    // Without a layout as yet: Qt lays out a long text piecemeal only when it gets
+    // the text and the layout at once.
+    std::unique_ptr<RichTextDocument> document(new RichTextDocument);
     document->setUndoRedoEnabled(false);
     QTextCursor cursor(document.get());
     cursor.beginEditBlock();
@@ -79,6 +84,7 @@ std::unique_ptr<RichTextDocument> RichTextDocument::make(const RichText &text, c
     if (!done)
         return nullptr;
     document->setUndoRedoEnabled(true);
+    document->drawPictures();
     return document;
 }
 
@@ -95,16 +101,19 @@ void RichTextDocument::insert(QTextCursor &cursor, const RichPicture &picture,
 }
 
 bool RichTextDocument::append(QTextCursor &cursor, const RichText &text, const Progress &progress) {
-    constexpr std::size_t kReportEvery = 256;
+    constexpr std::size_t kReportEvery = 256; // paragraphs and runs
     Inserter inserter(cursor);
     CharFormat format;
     inserter.setFormat(qtFormat(format, text.fonts[format.font]));
+    std::size_t steps = 0;
     for (std::size_t i = 0; i < text.paragraphs.size(); ++i) {
-        if (i % kReportEvery == 0 && !goOn(progress, i, text.paragraphs.size()))
+        if (steps++ % kReportEvery == 0 && !goOn(progress, i, text.paragraphs.size()))
             return false;
         if (i > 0)
             inserter.append(QChar(QChar::ParagraphSeparator));
         for (const Run &run : text.paragraphs[i].runs) {
+            if (++steps % kReportEvery == 0 && !goOn(progress, i, text.paragraphs.size()))
+                return false;
             const auto *picture = std::get_if<RichPicture>(&run.content);
             if (run.format != format) {
                 format = run.format;

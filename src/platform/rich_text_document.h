@@ -25,8 +25,6 @@ class RichTextDocument : public QTextDocument, public QTextObjectInterface {
     Q_INTERFACES(QTextObjectInterface)
 
 public:
-    explicit RichTextDocument(QObject *parent = nullptr);
-
     /// The document of a rich text, without an undo history; nothing when
     /// `progress`, which is told the paragraphs done, asks to stop.
     static std::unique_ptr<RichTextDocument> make(const RichText &text, const Progress &progress = {});
@@ -47,6 +45,8 @@ public:
                     const QTextFormat &format) override;
 
 private:
+    RichTextDocument();
+    void drawPictures();
     bool append(QTextCursor &cursor, const RichText &text, const Progress &progress);
     QTextCharFormat pictureFormat(const RichPicture &picture, QTextCharFormat format);
     const RichPicture *pictureOf(const QTextFormat &format) const;
