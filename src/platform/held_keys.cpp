@@ -20,16 +20,16 @@ QString heldOutsideText(QStringView text) {
 bool belongsToWindow(const QKeyEvent &event) {
     const bool ctrl = event.modifiers() & Qt::ControlModifier;
     const bool alt = event.modifiers() & Qt::AltModifier;
-    if (!ctrl || alt || event.key() >= Qt::Key_Escape)
+    if (ctrl == alt || event.key() >= Qt::Key_Escape)
         return false;
     switch (event.key()) {
     case Qt::Key_X:
     case Qt::Key_C:
     case Qt::Key_V:
     case Qt::Key_Y:
-        return event.modifiers() & Qt::ShiftModifier;
+        return alt || event.modifiers() & Qt::ShiftModifier;
     case Qt::Key_Z:
-        return false;
+        return alt;
     default:
         return true;
     }

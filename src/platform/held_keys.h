@@ -11,8 +11,8 @@ namespace zolt {
 /// The held characters of a text from outside.
 QString heldOutsideText(QStringView text);
 
-/// Ctrl with a character is the window's, but for the control's own five keys.
-/// Ctrl with Alt types characters on some keyboards.
+/// Ctrl or Alt with a character is the window's, but for the control's own five
+/// keys. Both together type characters on some keyboards.
 bool belongsToWindow(const QKeyEvent &event);
 
 /// Whether the key types something, Enter and Tab left out.

@@ -59,7 +59,8 @@ std::string TextPane::Text() const {
 void TextPane::setText(std::string_view bytes) {
     {
         const QScopedValueRollback held(m_holdsChange, true);
-        setPlainText(heldText(bytes));
+        document()->setPlainText(heldText(bytes));
+        select({0, 0});
     }
     m_undoSelections.clear();
     m_lastSelection = selection();

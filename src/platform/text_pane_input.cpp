@@ -7,13 +7,30 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <algorithm>
+#include <utility>
 
 namespace zolt {
 
+namespace {
+
+constexpr int kNoByte = 256; // a typed number from here on
+
+/// Alt and a digit of the keypad: a part of the number of a byte.
+bool isByteDigit(const QKeyEvent &event) {
+    return event.modifiers() == (Qt::AltModifier | Qt::KeypadModifier) && event.key() >= Qt::Key_0 &&
+           event.key() <= Qt::Key_9;
+}
+
+} // namespace
+
 bool TextPane::event(QEvent *event) {
-    if (event->type() == QEvent::ShortcutOverride && belongsToWindow(*static_cast<QKeyEvent *>(event))) {
-        event->ignore();
-        return false;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        if (isByteDigit(key) || belongsToWindow(key)) {
+            event->setAccepted(isByteDigit(key));
+            return event->isAccepted();
+        }
     }
     return QPlainTextEdit::event(event);
 }
@@ -28,7 +45,10 @@ void TextPane::changeEvent(QEvent *event) {
 void TextPane::keyPressEvent(QKeyEvent *event) {
     const bool shift = event->modifiers() & Qt::ShiftModifier;
     const bool ctrl = event->modifiers() & Qt::ControlModifier && !(event->modifiers() & Qt::AltModifier);
-    if (belongsToWindow(*event)) {
+    if (isByteDigit(*event)) {
+        m_typedNumber = std::min(m_typedNumber.value_or(0) * 10 + event->key() - Qt::Key_0, kNoByte);
+        event->accept();
+    } else if (belongsToWindow(*event)) {
         event->ignore();
     } else if (ctrl && event->key() == Qt::Key_Z) {
         shift ? redo() : undo();
@@ -46,6 +66,11 @@ void TextPane::keyPressEvent(QKeyEvent *event) {
 
 void TextPane::keyReleaseEvent(QKeyEvent *event) {
     QPlainTextEdit::keyReleaseEvent(event);
+    if (event->key() == Qt::Key_Alt) {
+        if (const auto number = std::exchange(m_typedNumber, std::nullopt);
+            number && number < kNoByte && !isReadOnly())
+            setSelText(std::string(1, static_cast<char>(*number)));
+    }
     emit keyUp();
 }
 

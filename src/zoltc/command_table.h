@@ -5,5 +5,11 @@
 namespace zolt::cli {
 
 // One row for each command, each made in the file of the command's name.
+Command checkCommand();
+Command hpCommand();
+Command htmlCommand();
+Command imageCommand();
+Command pdfCommand();
+Command symbolsCommand();
 
 } // namespace zolt::cli
