@@ -29,8 +29,9 @@ QStringList familiesOf(const std::string &font) {
 QTextCharFormat qtFontName(const std::string &font) {
     QTextCharFormat format;
     format.setFontFamilies(familiesOf(font));
-    // Each character keeps its own column.
+    // As zoltFont: each character on its own column, each dot on whole pixels.
     format.setFontKerning(false);
+    format.setFontHintingPreference(QFont::PreferNoHinting);
     return format;
 }
 

@@ -6,6 +6,8 @@ const std::vector<Command> &commands() {
     static const std::vector<Command> table{
         checkCommand(),
         hpCommand(),
+        countCommand(),
+        optimiseCommand(),
         symbolsCommand(),
         pdfCommand(),
         htmlCommand(),

@@ -1,14 +1,16 @@
 #include "platform/rich_text_box.h"
 
 #include "core/file.h"
+#include "core/glyphs.h"
 #include "graphic/rich_text_builder.h"
 #include "graphic/rich_text_samples.h"
 #include "graphic/rtf_reader.h"
 #include "graphic/rtf_writer.h"
+#include "platform/fonts.h"
+#include "platform/program_folder.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QFontDatabase>
 #include <QImage>
 #include <QMimeData>
 #include <QPainter>
@@ -358,8 +360,7 @@ TEST(RichTextBoxProperties, can_be_driven_by_name) {
 }
 
 TEST(RichTextBoxPictures, stand_on_the_foot_of_their_line_of_text) {
-    if (!QFontDatabase::hasFamily("ZOLT"))
-        GTEST_SKIP() << "the font ZOLT isn't installed";
+    ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
     ShownBox shown;
     RichText text = oneRun("ab");
     RichPicture picture = samplePicture(RichPicture::Kind::Bmp);
@@ -376,9 +377,50 @@ TEST(RichTextBoxPictures, stand_on_the_foot_of_their_line_of_text) {
     // Two pixels of margin, the picture's height, then lines of 12 pixels.
     EXPECT_EQ(topOfLine(5), 2 + 24);
     EXPECT_EQ(topOfLine(9), 2 + 24 + 12);
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
     const QImage shot = grab(shown.box);
     EXPECT_EQ(shot.pixelColor(2 + 16, 2), QColor(Qt::black));
     EXPECT_EQ(shot.pixelColor(2 + 16 + 39, 2 + 23), QColor(Qt::black));
     EXPECT_EQ(shot.pixelColor(2 + 16 + 39, 2 + 24), QColor(Qt::white));
     EXPECT_EQ(shot.pixelColor(2 + 16 + 40, 2 + 23), QColor(Qt::white));
+    // The text beside it ends with it.
+    for (int y = 0; y < 12; ++y) {
+        for (int x = 0; x < 8; ++x)
+            ASSERT_EQ(shot.pixel(2 + x, 2 + 12 + y) == qRgb(0, 0, 0),
+                      glyph(Style::Plain, 'a').dot(x / 2, y / 2));
+    }
+}
+
+TEST(RichTextBoxFonts, show_every_byte_in_every_style_dot_for_dot) {
+    ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
+    ShownBox shown("", false);
+    shown.box.resize(400, 400);
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    for (int number = 0; number < kStyleCount; ++number) {
+        const auto style = static_cast<Style>(number);
+        RichTextBuilder builder;
+        const std::uint16_t font = builder.text().fontIndex(fontOfStyle(style));
+        for (int code = 0; code < 256; ++code) {
+            const char byte = static_cast<char>(code);
+            if (code > 0 && code % 16 == 0)
+                builder.endParagraph();
+            builder.append({&byte, 1}, {.font = font});
+        }
+        shown.box.setRichText(builder.text());
+        const QImage shot = grab(shown.box);
+        const int width = glyphWidth(style) * 2;
+        int wrong = 0;
+        for (int code = 0; code < 256; ++code) {
+            for (int y = 0; y < 12; ++y) {
+                for (int x = 0; x < width; ++x) {
+                    const bool on = glyph(style, static_cast<unsigned char>(code)).dot(x / 2, y / 2);
+                    const QRgb pixel = shot.pixel(2 + code % 16 * width + x, 2 + code / 16 * 12 + y);
+                    wrong += pixel != (on ? qRgb(0, 0, 0) : qRgb(255, 255, 255));
+                }
+            }
+        }
+        EXPECT_EQ(wrong, 0) << fontOfStyle(style);
+    }
 }
