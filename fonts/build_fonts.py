@@ -14,11 +14,12 @@ from fontTools.pens.ttGlyphPen import TTGlyphPen
 from fontTools.ttLib.tables.O_S_2f_2 import Panose
 
 WIDTH, HEIGHT = 4, 6          # dots of a cell
-DOT = 200                     # font units a dot
+DOT = 128                     # font units a dot
 # 6.5 dots to the em: 10 points are 13 pixels at 96 dots to the inch, and so a dot
-# is exactly 2 by 2 pixels.
-UNITS_PER_EM = 1300
-ASCENT, DESCENT = 1000, 200   # 5 dot rows above the base line, 1 below
+# is exactly 2 by 2 pixels. At 832 units the scale is a whole number in the 26.6
+# fixed point of font engines, so that advances don't drift along a line.
+UNITS_PER_EM = 832
+ASCENT, DESCENT = 5 * DOT, DOT
 PRIVATE = 0xE000              # every byte's character for controls that would touch it
 
 # Code page 1252, bytes 128 to 159: https://encoding.spec.whatwg.org/index-windows-1252.txt
@@ -215,7 +216,7 @@ def build_font(name, glyphs, path):
     builder.setupOS2(sTypoAscender=ASCENT, sTypoDescender=-DESCENT, sTypoLineGap=0, usWinAscent=ASCENT,
                      usWinDescent=DESCENT, fsSelection=0x40 | 0x80, xAvgCharWidth=width, version=4,
                      panose=monospaced(), sxHeight=4 * DOT, sCapHeight=5 * DOT)
-    builder.setupPost(isFixedPitch=1, underlinePosition=-100, underlineThickness=100)
+    builder.setupPost(isFixedPitch=1, underlinePosition=-DOT // 2, underlineThickness=DOT // 2)
     # The same dots give the same bytes: no time of making.
     builder.updateHead(created=0, modified=0)
     builder.font.recalcTimestamp = False

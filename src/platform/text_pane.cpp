@@ -143,7 +143,6 @@ void TextPane::setPaneFont(const QFont &font) {
         families.append(QStringLiteral("ZOLT"));
     paneFont.setFamilies(families);
     paneFont.setKerning(false);
-    paneFont.setStyleStrategy(QFont::StyleStrategy(paneFont.styleStrategy() | QFont::PreferNoShaping));
     setFont(paneFont);
 }
 

@@ -4,7 +4,6 @@
 #include "platform/text_pane.h"
 
 #include <QImage>
-#include <QScrollBar>
 #include <gtest/gtest.h>
 
 namespace zolt {
