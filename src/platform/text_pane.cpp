@@ -1,6 +1,7 @@
 #include "platform/text_pane.h"
 
 #include "platform/held_text.h"
+#include "platform/text_offsets.h"
 #include "platform/pane_layout.h"
 
 #include <QResizeEvent>
@@ -86,8 +87,7 @@ void TextPane::replaceText(std::string_view bytes) {
 }
 
 qsizetype TextPane::length() const {
-    // Qt counts one more than the text's characters, and a line end as one.
-    return qsizetype{document()->characterCount()} - 1 + document()->blockCount() - 1;
+    return textLength(*document());
 }
 
 qsizetype TextPane::SelStart() const {
@@ -189,25 +189,11 @@ void TextPane::walkHistory(void (QPlainTextEdit::*step)(),
 }
 
 int TextPane::positionOfOffset(qsizetype offset) const {
-    const qsizetype wanted = std::clamp<qsizetype>(offset, 0, length());
-    // The last block that starts at or before the offset: each block before one
-    // adds a character that Qt doesn't count.
-    int low = 0;
-    int high = document()->blockCount() - 1;
-    while (low < high) {
-        const int middle = low + (high - low + 1) / 2;
-        if (qsizetype{document()->findBlockByNumber(middle).position()} + middle <= wanted)
-            low = middle;
-        else
-            high = middle - 1;
-    }
-    const QTextBlock block = document()->findBlockByNumber(low);
-    const qsizetype inBlock = wanted - block.position() - low;
-    return block.position() + static_cast<int>(std::min<qsizetype>(inBlock, block.length() - 1));
+    return zolt::positionOfOffset(*document(), offset);
 }
 
 qsizetype TextPane::offsetOfPosition(int position) const {
-    return qsizetype{position} + document()->findBlock(position).blockNumber();
+    return zolt::offsetOfPosition(*document(), position);
 }
 
 QTextLine TextPane::lineOfBlock(const QTextBlock &block, int position) const {

@@ -1,3 +1,4 @@
+#include "platform/held_keys.h"
 #include "platform/held_text.h"
 #include "platform/text_pane.h"
 
@@ -15,60 +16,10 @@ namespace {
 
 constexpr int kNoByte = 256; // a typed number from here on
 
-QString heldOutsideText(QStringView text) {
-    return heldText(bytesOfOutsideText(text));
-}
-
-/// Ctrl or Alt with a character is the window's, but for the pane's own five
-/// keys. Both together type characters on some keyboards.
-bool belongsToWindow(const QKeyEvent &event) {
-    const bool ctrl = event.modifiers() & Qt::ControlModifier;
-    const bool alt = event.modifiers() & Qt::AltModifier;
-    if (ctrl == alt || event.key() >= Qt::Key_Escape)
-        return false;
-    switch (event.key()) {
-    case Qt::Key_X:
-    case Qt::Key_C:
-    case Qt::Key_V:
-    case Qt::Key_Y:
-        return alt || event.modifiers() & Qt::ShiftModifier;
-    case Qt::Key_Z:
-        return alt;
-    default:
-        return true;
-    }
-}
-
 /// Alt and a digit of the keypad: a part of the number of a byte.
 bool isByteDigit(const QKeyEvent &event) {
     return event.modifiers() == (Qt::AltModifier | Qt::KeypadModifier) && event.key() >= Qt::Key_0 &&
            event.key() <= Qt::Key_9;
-}
-
-bool isLineEndKey(const QKeyEvent &event) {
-    return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) &&
-           !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
-}
-
-bool typesCharacters(const QKeyEvent &event) {
-    const QString text = event.text();
-    return !text.isEmpty() && text[0] >= u' ' && text[0] != u'\x7F';
-}
-
-/// The key as the text control is to see it: with the held characters of what
-/// it types, and Shift+Enter as Enter, which else would type a line separator.
-QKeyEvent heldKey(const QKeyEvent &event) {
-    QString text = event.text();
-    Qt::KeyboardModifiers modifiers = event.modifiers();
-    if (event.key() == Qt::Key_Tab && !modifiers)
-        text = heldText("\t");
-    else if (isLineEndKey(event))
-        modifiers &= ~Qt::ShiftModifier;
-    else if (typesCharacters(event))
-        text = heldOutsideText(text);
-    return QKeyEvent(event.type(), event.key(), modifiers, event.nativeScanCode(), event.nativeVirtualKey(),
-                     event.nativeModifiers(), text, event.isAutoRepeat(),
-                     static_cast<quint16>(event.count()));
 }
 
 } // namespace
