@@ -1,0 +1,210 @@
+#include "platform/bytes_edit.h"
+#include "shell/edit_text_find_frm.h"
+#include "support/program.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace zolt {
+namespace {
+
+using namespace testing_support;
+
+class FindWindow : public ProgramTest {
+protected:
+    FindWindow() : m_window(startTextEdition()) {
+        call(&m_window, "EditarLocalizarESubstituir");
+        m_find = loaded<EditTextFindFrm>();
+    }
+
+    TextPane &pane() { return m_window.activePane(); }
+    void fill(const QString &find, const QString &replacement = {}) {
+        control<QLineEdit>(m_find, "Text1")->setText(find);
+        control<QLineEdit>(m_find, "Text2")->setText(replacement);
+    }
+    void press(const char *button) {
+        QTest::mouseClick(control<QPushButton>(m_find, button), Qt::LeftButton);
+    }
+    void matchCase() { control<QCheckBox>(m_find, "Check1")->click(); }
+    /// Presses a button and says whether the finishing message came.
+    bool pressAndFinish(const char *button) {
+        Answer ok(QMessageBox::Ok);
+        press(button);
+        EXPECT_TRUE(!ok.came() || ok.text() == QStringLiteral("ZOLT finished searching the document"));
+        return ok.came();
+    }
+
+    static std::string longText(int lines) {
+        std::string text;
+        for (int i = 0; i < lines; ++i)
+            text.append(48, 'a').append("\r\n");
+        return text;
+    }
+    /// Arranges that `act` runs in the middle of a search.
+    void onceTheCaretIsBehind(qsizetype place, std::function<void()> act) {
+        auto *watch = new QTimer(&pane());
+        watch->start(0);
+        QObject::connect(watch, &QTimer::timeout, watch, [this, watch, place, act = std::move(act)] {
+            if (pane().SelStart() <= place)
+                return;
+            watch->stop();
+            act();
+        });
+    }
+
+    EditTextFrm &m_window;
+    EditTextFindFrm *m_find = nullptr;
+};
+
+TEST_F(FindWindow, FindsBehindTheCaretUpToTheEnd) {
+    pane().setText("abc Abc\r\nabc");
+    fill(QStringLiteral("aBC"));
+    for (const qsizetype place : {0, 4, 9}) {
+        EXPECT_FALSE(pressAndFinish("Command1"));
+        EXPECT_EQ(pane().SelStart(), place);
+        EXPECT_EQ(pane().SelLength(), 3);
+        EXPECT_EQ(shared::PosiçãoCursor, place + 3);
+    }
+    EXPECT_TRUE(pressAndFinish("Command1"));
+    EXPECT_EQ(pane().SelText(), "abc"); // the text ended there: nothing was walked over
+
+    shared::PosiçãoCursor = 0;
+    matchCase();
+    fill(QStringLiteral("Abc"));
+    press("Command1");
+    EXPECT_EQ(pane().SelStart(), 4);
+    EXPECT_TRUE(pressAndFinish("Command1"));
+    EXPECT_EQ(pane().SelStart(), 12);
+    EXPECT_EQ(shared::PosiçãoCursor, 7);
+}
+
+TEST_F(FindWindow, FindsTheCalculatorsCharacters) {
+    pane().setText("a\x8D\x0B\x9F");
+    fill(QStringLiteral("\u2192")); // the arrow of code 141
+    press("Command1");
+    EXPECT_EQ(pane().SelText(), "\x8D");
+    fill(QString(QChar(0xE00B)));
+    press("Command1");
+    EXPECT_EQ(pane().SelText(), "\x0B");
+}
+
+TEST_F(FindWindow, ReplacesWhatIsSelectedAndMovesOn) {
+    pane().setText("one One one one");
+    fill(QStringLiteral("one"), QStringLiteral("three"));
+    press("Command1");
+    press("Command3");
+    EXPECT_EQ(pane().Text(), "three One one one");
+    // The next search starts the replacement's length behind what was found.
+    EXPECT_EQ(pane().SelStart(), 10);
+    EXPECT_TRUE(pressAndFinish("Command3"));
+    EXPECT_EQ(pane().Text(), "three One three one");
+
+    // In another case it is found but stays.
+    pane().setText("One one");
+    shared::PosiçãoCursor = 0;
+    fill(QStringLiteral("one"), QStringLiteral("x"));
+    press("Command1");
+    press("Command3");
+    EXPECT_EQ(pane().Text(), "One one");
+    EXPECT_EQ(pane().SelText(), "one");
+
+    // Nothing was found yet: nothing to replace.
+    pane().setText("xone");
+    shared::PosiçãoCursor = 1;
+    press("Command3");
+    EXPECT_EQ(pane().Text(), "xone");
+}
+
+TEST_F(FindWindow, ReplacesAllInOneStepOfUndo) {
+    const struct {
+        const char *text;
+        const char *find;
+        const char *replacement;
+        const char *after;
+        bool message;
+    } cases[] = {
+        {"aba.", "a", "aa", "aabaa.", true},
+        {"aAa", "a", "aa", "aaaaaa", false},
+        {"bab", "ba", "c", "cb", true},
+        {"xyz", "w", "v", "xyz", true},
+        {"a\r\nlong\r\n", "long", "s", "a\r\ns\r\n", true},
+        {"aaa", "a", "", "aaa", false},
+    };
+    for (const auto &test : cases) {
+        pane().setText(test.text);
+        pane().setSelStart(1);
+        pane().setSelLength(1);
+        const std::string selected = pane().SelText();
+        fill(QString::fromUtf8(test.find), QString::fromUtf8(test.replacement));
+        EXPECT_EQ(pressAndFinish("Command5"), test.message) << test.text;
+        EXPECT_EQ(pane().Text(), test.after);
+        if (pane().Text() != test.text) {
+            pane().undo();
+            EXPECT_EQ(pane().Text(), test.text);
+            EXPECT_EQ(pane().SelText(), selected);
+        }
+    }
+}
+
+TEST_F(FindWindow, StopEndsAReplaceInTheMiddleAndKeepsWhatIsDone) {
+    pane().setText(longText(60'000));
+    fill(QStringLiteral("a"), QStringLiteral("x"));
+    onceTheCaretIsBehind(100'000, [this] { press("Command4"); });
+    EXPECT_FALSE(pressAndFinish("Command5"));
+    const std::string text = pane().Text();
+    const std::size_t done = text.rfind('x') + 1;
+    EXPECT_GT(done, 60'000u);
+    EXPECT_LT(done, text.size());
+    EXPECT_GE(text.find('a'), done);
+    EXPECT_EQ(shared::PosiçãoCursor, static_cast<std::int32_t>(done));
+    pane().undo();
+    EXPECT_EQ(pane().Text(), longText(60'000));
+}
+
+TEST_F(FindWindow, AStoppedSearchSelectsThePlaceThatItReached) {
+    pane().setText(longText(200'000));
+    fill(QStringLiteral("not there"));
+    QTimer::singleShot(0, m_find, [this] { press("Command4"); });
+    EXPECT_FALSE(pressAndFinish("Command1"));
+    EXPECT_EQ(pane().SelLength(), 9);
+    EXPECT_EQ(shared::PosiçãoCursor, pane().selEnd());
+}
+
+TEST_F(FindWindow, ClosingWindowsDuringASearchEndsIt) {
+    pane().setText(longText(60'000));
+    fill(QStringLiteral("a"), QStringLiteral("b"));
+    onceTheCaretIsBehind(100'000, [this] { m_find->close(); });
+    EXPECT_FALSE(pressAndFinish("Command5"));
+    EXPECT_NE(pane().Text().find('a'), std::string::npos);
+
+    call(&m_window, "EditarLocalizarESubstituir");
+    m_find = loaded<EditTextFindFrm>();
+    fill(QStringLiteral("b"), QStringLiteral("a"));
+    shared::SemPerguntaDeSaída = 1;
+    onceTheCaretIsBehind(0, [this] { m_window.close(); });
+    EXPECT_FALSE(pressAndFinish("Command5"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(loaded<EditTextFrm>(), nullptr);
+    EXPECT_EQ(loaded<EditTextFindFrm>(), nullptr);
+}
+
+TEST_F(FindWindow, WhatIsTypedDuringAReplaceIsNotLost) {
+    pane().setText(longText(60'000));
+    fill(QStringLiteral("a"), QStringLiteral("b"));
+    onceTheCaretIsBehind(100'000, [this] { pane().setSelText("typed"); });
+    EXPECT_FALSE(pressAndFinish("Command5"));
+    EXPECT_NE(pane().Text().find("typed"), std::string::npos);
+}
+
+TEST_F(FindWindow, AClickInThePaneSaysWhereTheSearchBegins) {
+    pane().setText("ab ab");
+    pane().setSelStart(4);
+    QTest::mouseClick(pane().viewport(), Qt::LeftButton, {}, pane().cursorRect().center());
+    fill(QStringLiteral("ab"));
+    EXPECT_TRUE(pressAndFinish("Command1"));
+}
+
+} // namespace
+} // namespace zolt

@@ -1,0 +1,246 @@
+#include "platform/colours.h"
+#include "platform/common_dialog.h"
+#include "shell/dialog_frm.h"
+#include "support/program.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QFontDialog>
+#include <QMenu>
+#include <QToolBar>
+
+namespace zolt {
+namespace {
+
+using namespace testing_support;
+
+class FormatCommands : public ProgramTest {
+protected:
+    FormatCommands() : m_window(startTextEdition()) {}
+
+    TextPane &pane() { return m_window.activePane(); }
+    void put(const std::string &text, qsizetype start, qsizetype length) {
+        pane().setText(text);
+        pane().setSelStart(start);
+        pane().setSelLength(length);
+    }
+    void press(const char *menuItem) { m_window.menuItem(menuItem)->trigger(); }
+    void pressTool(const char *key) {
+        loaded<MDIFrm>()->toolbar(3)->findChild<QAction *>(QString::fromUtf8(key))->trigger();
+    }
+    /// The document after an undo, with the selection between angle brackets.
+    std::string undone() {
+        call(&m_window, "EditarAnularintrodução");
+        return pane()
+            .Text()
+            .insert(static_cast<std::size_t>(pane().selEnd()), ">")
+            .insert(static_cast<std::size_t>(pane().SelStart()), "<");
+    }
+    QColor background(int number) { return m_window.pane(number).palette().color(QPalette::Base); }
+    QColor textColour(int number) { return m_window.pane(number).palette().color(QPalette::Text); }
+
+    EditTextFrm &m_window;
+};
+
+TEST_F(FormatCommands, AStyleHasOneLetterInBothMenusAndOnTheToolbar) {
+    const struct {
+        const char *item;
+        const char *key;
+        const char *letter;
+    } styles[] = {{"Negrito", "Bold", "B"},
+                  {"Itálico", "Itálico à direita", "/"},
+                  {"Sublinhado", "Underline", "U"},
+                  {"Itálicoàesquerda", "Itálico à esquerda", "|"},
+                  {"Duplalargura", "Dupla largura", "D"},
+                  {"Inverso", "Inverso", "V"},
+                  {"Superioràlinha", "Superior à linha", "E"},
+                  {"Inferioràlinha", "Inferior à linha", "I"}};
+    for (const auto &style : styles) {
+        const std::string code = std::string("\v") + style.letter;
+        const QString item = QString::fromUtf8(style.item);
+        const std::function<void()> ways[] = {
+            [&] { press(qPrintable(QStringLiteral("MnuFormatarEstilo") + item)); },
+            [&] {
+                m_window.popUp()->findChild<QAction *>(QStringLiteral("MnuPopUpEstilo") + item)->trigger();
+            },
+            [&] { pressTool(style.key); }};
+        for (const auto &way : ways) {
+            put("one two", 4, 3);
+            way();
+            EXPECT_EQ(pane().Text(), "one " + code + "two" + code) << style.item;
+        }
+        pane().setSelStart(0);
+        pane().setSelLength(pane().length());
+        pressTool("Normal");
+        EXPECT_EQ(pane().Text(), "one two");
+    }
+}
+
+TEST_F(FormatCommands, AStyleEndsAtItsLastColumnInBothPanes) {
+    const std::string wide =
+        "This formatting can only be aplied as far as the 33\u00BACharacter in each line.";
+    const std::string narrow =
+        "This formatting can only be aplied as far as the 16\u00BACharacter in each line.";
+    const struct {
+        const char *item;
+        std::string before;
+        int length;
+        std::string message;
+    } cases[] = {
+        {"MnuFormatarEstiloNegrito", "", 33, ""},
+        {"MnuFormatarEstiloNegrito", "", 34, wide},
+        {"MnuFormatarEstiloDuplalargura", "first\r\n", 16, ""},
+        {"MnuFormatarEstiloDuplalargura", "first\r\n", 17, narrow},
+        // The codes of the run before count, though nobody sees them.
+        {"MnuFormatarEstiloNegrito", "\vBab\vB", 27, ""},
+        {"MnuFormatarEstiloNegrito", "\vBab\vB", 28, wide},
+    };
+    for (const int wrap : {1, 2}) {
+        for (const auto &test : cases) {
+            const std::string text = test.before + std::string(static_cast<std::size_t>(test.length), 'x');
+            put(text, static_cast<qsizetype>(test.before.size()), test.length);
+            Answer ok(QMessageBox::Ok);
+            press(test.item);
+            EXPECT_EQ(ok.text().toStdString(), test.message) << wrap << test.item << test.length;
+            EXPECT_EQ(pane().Text() == text, ok.came());
+        }
+        call(&m_window, "EditarTranslinearpalavras");
+    }
+}
+
+TEST_F(FormatCommands, TheFirstObstacleGivesTheMessage) {
+    const QString formatted = QStringLiteral("The selection is already formatted.\r\n"
+                                             "Before using the desired style, \r\n"
+                                             "remove the one already applied.");
+    const QString lines = QStringLiteral("Select one line at a time");
+    for (const auto &[text, message] : {std::pair{"a\vBb\r\nc", formatted}, std::pair{"a\r\nb\vB", lines}}) {
+        put(text, 0, static_cast<qsizetype>(strlen(text)));
+        Answer ok(QMessageBox::Ok);
+        press("MnuFormatarEstiloNegrito");
+        EXPECT_EQ(ok.text(), message);
+        EXPECT_EQ(pane().Text(), text);
+    }
+}
+
+TEST_F(FormatCommands, AnUndoBringsBackTextAndSelection) {
+    const struct {
+        const char *item;
+        std::string text;
+        std::string after;
+    } cases[] = {
+        {"MnuFormatarEstiloNegrito", "a<bcd>e", "a\vBbcd\vBe"},
+        {"MnuFormatarEstiloNormal", "<\vBa\vB\vUb\vU>", "ab"},
+        {"MnuFormatarMaiusculasminusculasMai", "a<b\xE7z>e", "aB\xC7Ze"},
+        {"MnuFormatarMaiusculasminusculasMin", "a<B\xC7Z>e", "ab\xE7ze"},
+        {"MnuFormatarMaiusculasminusculasInverter", "a<bC>e", "aBce"},
+        {"MnuFormatarMaiusculasminusculasRetAcent", "<\xE7\xC0>o", "cAo"},
+        {"MnuInserirLinhahorizontal", "a<b>c", "a" + std::string(33, '-') + "\r\nc"},
+        {"MnuFerramentasOptimizarimagensTotal",
+         "a\x9E"
+         "000000b<\x9E"
+         "000000>\r\n",
+         "a b\r\n"},
+        {"MnuFerramentasOptimizarselecçãoparcialmente",
+         "<a\x9E"
+         "000000>b",
+         "ab"},
+    };
+    for (const auto &test : cases) {
+        std::string text = test.text;
+        const std::size_t start = text.find('<');
+        const std::size_t end = text.find('>') - 1;
+        text.erase(end + 1, 1).erase(start, 1);
+        put(text, static_cast<qsizetype>(start), static_cast<qsizetype>(end - start));
+        Answer ok(QMessageBox::Ok);
+        press(test.item);
+        EXPECT_EQ(pane().Text(), test.after) << test.item;
+        EXPECT_EQ(undone(), test.text) << test.item;
+    }
+}
+
+TEST_F(FormatCommands, OptimisationAlwaysEndsWithItsMessage) {
+    for (const char *key : {"Optimizar imagens parcial", "Optimizar imagens total"}) {
+        put("\x9E"
+            "000000x\x9E"
+            "000000",
+            0, 15);
+        Answer ok(QMessageBox::Ok);
+        pressTool(key);
+        EXPECT_EQ(ok.text(), QStringLiteral("Optimization finished"));
+    }
+    EXPECT_EQ(pane().Text(), " x");
+    put("", 0, 0);
+    Answer ok(QMessageBox::Ok);
+    press("MnuFerramentasOptimizarimagensParcial");
+    EXPECT_TRUE(ok.came());
+}
+
+TEST_F(FormatCommands, SchemesAndFontsHoldAfterARestart) {
+    press("MnuFormatarAltocontraste");
+    for (const int number : {1, 2}) {
+        EXPECT_EQ(background(number), QColor(Qt::black));
+        EXPECT_EQ(textColour(number), QColor(0x80, 0xFF, 0x80));
+    }
+    press("MnuFormatarHp48");
+    EXPECT_EQ(shared::settings.TFntBckC, "3956797");
+    whenModal("QFontDialog", [](QWidget *dialog) {
+        auto *fonts = qobject_cast<QFontDialog *>(dialog);
+        QFont font(QStringLiteral("A font that is nowhere"));
+        font.setPointSizeF(17.6);
+        font.setItalic(true);
+        fonts->setCurrentFont(font);
+        fonts->accept();
+    });
+    press("MnuFormatarTipodeletra");
+    EXPECT_EQ(shared::settings.TFntSize, 18);
+    EXPECT_EQ(shared::settings.TFntItal, "True");
+    const std::string name = shared::settings.TFntName;
+
+    leave();
+    EditTextFrm &again = startTextEdition();
+    EXPECT_EQ(again.pane(2).palette().color(QPalette::Base), QColor(0x3D, 0x60, 0x3C));
+    EXPECT_EQ(again.pane(2).font().family().toStdString(), name);
+    EXPECT_TRUE(again.pane(1).font().italic());
+    EXPECT_EQ(control<QComboBox>(loaded<MDIFrm>(), "Combo2")->currentText(), QStringLiteral("18"));
+}
+
+TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
+    QPalette desktop = QApplication::palette();
+    const QPalette before = desktop;
+    desktop.setColor(QPalette::Base, QColor(1, 2, 3));
+    QApplication::setPalette(desktop);
+    shared::settings.TFntBold = "True";
+    press("MnuFormatarPadrão");
+    EXPECT_EQ(background(1), QColor(Qt::white));
+    EXPECT_EQ(background(2), QColor(1, 2, 3));
+    EXPECT_EQ(shared::settings.TFntBckC, "16777215");
+    EXPECT_EQ(shared::settings.TFntColr, "-2147483640");
+    EXPECT_EQ(shared::settings.TFntName, "ZOLT");
+    EXPECT_FALSE(m_window.pane(1).font().bold());
+    QApplication::setPalette(before);
+}
+
+TEST_F(FormatCommands, AChosenColourGoesToBothPanesAndACancelNowhere) {
+    const auto choose = [](bool accept) {
+        whenModal("QColorDialog", [accept](QWidget *window) {
+            auto *dialog = qobject_cast<QColorDialog *>(window);
+            dialog->setCurrentColor(QColor(1, 2, 3));
+            accept ? dialog->accept() : dialog->reject();
+        });
+    };
+    const std::string colourBefore = shared::settings.TFntColr;
+    choose(false);
+    pressTool("Cor do texto");
+    EXPECT_EQ(shared::settings.TFntColr, colourBefore);
+    choose(true);
+    pressTool("Cor de fundo");
+    EXPECT_EQ(background(1), QColor(1, 2, 3));
+    EXPECT_EQ(background(2), QColor(1, 2, 3));
+    EXPECT_EQ(shared::settings.TFntBckC, std::to_string(1 + 2 * 256 + 3 * 65536));
+}
+
+} // namespace
+} // namespace zolt

@@ -1,0 +1,133 @@
+#include "platform/held_text.h"
+#include "shell/caracter_table_frm.h"
+#include "shell/date_time_frm.h"
+#include "shell/edit_text_word_count_frm.h"
+#include "support/program.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+
+namespace zolt {
+namespace {
+
+using namespace testing_support;
+
+class InsertWindows : public ProgramTest {
+protected:
+    InsertWindows() : m_window(&startTextEdition()) {}
+
+    TextPane &pane() { return m_window->activePane(); }
+    QTableWidget &grid() { return *control<QTableWidget>(loaded<CaracterTableFrm>(), "Grid1"); }
+    QComboBox &fonts() { return *control<QComboBox>(loaded<CaracterTableFrm>(), "Combo1"); }
+    QPoint middleOf(int row, int column) { return grid().visualItemRect(grid().item(row, column)).center(); }
+    QString toolTipAt(int row, int column) {
+        const QPointF place = middleOf(row, column);
+        QMouseEvent move(QEvent::MouseMove, place, grid().viewport()->mapToGlobal(place), Qt::NoButton, {},
+                         {});
+        QApplication::sendEvent(grid().viewport(), &move);
+        return grid().toolTip();
+    }
+
+    EditTextFrm *m_window;
+};
+
+TEST_F(InsertWindows, TheTableInsertsTheCellUnderTheReleasedButton) {
+    call(m_window, "VerTabeladecaracteres");
+    EXPECT_EQ(grid().item(15, 13)->text(), heldText("\xFF"));
+    pane().setText("abc");
+    pane().setSelStart(1);
+    pane().setSelLength(1);
+    QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, middleOf(7, 10)); // 32 + 7 * 14 + 10
+    EXPECT_EQ(pane().Text(), "a\x8C"
+                             "c");
+    QTest::mousePress(grid().viewport(), Qt::LeftButton, {}, middleOf(0, 1));
+    EXPECT_EQ(pane().Text(), "a\x8C"
+                             "c");
+    QTest::mouseRelease(grid().viewport(), Qt::LeftButton, {}, middleOf(0, 1));
+    EXPECT_EQ(pane().Text(), "a\x8C!c");
+    grid().setFocus();
+    QTest::keyClick(&grid(), Qt::Key_Return);
+    EXPECT_EQ(pane().Text(), "a\x8C!!c");
+    EXPECT_EQ(toolTipAt(15, 13), QStringLiteral("Alt+255"));
+    EXPECT_EQ(toolTipAt(7, 10), QStringLiteral("Alt+140"));
+}
+
+TEST_F(InsertWindows, TheTableComesBackWhereItStoodInItsFont) {
+    call(m_window, "VerTabeladecaracteres");
+    EXPECT_EQ(shared::settings.ChrTbExi, 1);
+    ASSERT_GT(fonts().count(), 1);
+    const int other = fonts().currentIndex() == 0 ? 1 : 0;
+    fonts().setCurrentIndex(other);
+    emit fonts().activated(other);
+    const QString name = fonts().currentText();
+    EXPECT_EQ(shared::settings.ChrTbFnt, name.toStdString());
+    EXPECT_EQ(grid().font().family(), name);
+    loaded<CaracterTableFrm>()->move(50, 70);
+    leave();
+    m_window = &startTextEdition();
+    ASSERT_NE(loaded<CaracterTableFrm>(), nullptr);
+    EXPECT_EQ(loaded<CaracterTableFrm>()->pos(), QPoint(50, 70));
+    EXPECT_EQ(fonts().currentText(), name);
+
+    loaded<CaracterTableFrm>()->close();
+    leave();
+    m_window = &startTextEdition();
+    EXPECT_EQ(loaded<CaracterTableFrm>(), nullptr);
+    EXPECT_EQ(shared::settings.ChrTbExi, 0);
+
+    // A font that isn't installed gives the first of the list.
+    shared::settings.ChrTbFnt = "A font that is nowhere";
+    call(m_window, "VerTabeladecaracteres");
+    EXPECT_EQ(fonts().currentIndex(), 0);
+    EXPECT_EQ(grid().font().family(), fonts().itemText(0));
+}
+
+TEST_F(InsertWindows, ADateGoesIntoBothPanes) {
+    for (const int number : {1, 2}) {
+        m_window->pane(number).setText("abc");
+        m_window->pane(number).setSelStart(1);
+        m_window->pane(number).setSelLength(1);
+    }
+    call(m_window, "MnuInserirDataehora");
+    QWidget *window = loaded<DateTimeFrm>();
+    auto *list = control<QListWidget>(window, "List1");
+    EXPECT_EQ(list->count(), 17);
+    EXPECT_FALSE(loaded<MDIFrm>()->isEnabled());
+    list->setCurrentRow(4);
+    const std::string date = list->currentItem()->text().toStdString();
+    EXPECT_EQ(date.size(), 10u);
+    control<QPushButton>(window, "Command1")->click();
+    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
+    for (const int number : {1, 2})
+        EXPECT_EQ(m_window->pane(number).Text(), "a" + date + "c");
+
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    call(m_window, "MnuInserirDataehora");
+    control<QPushButton>(loaded<DateTimeFrm>(), "Command2")->click();
+    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
+    EXPECT_EQ(pane().Text(), "a" + date + "c");
+}
+
+TEST_F(InsertWindows, TheCountsAreOfTheMomentOfTheCommand) {
+    const auto count = [](const char *name) {
+        return control<QLabel>(loaded<EditTextWordCountFrm>(), name)->text().toInt();
+    };
+    pane().setText("ab cd");
+    call(m_window, "MnuFerramentasContarpalavras");
+    EXPECT_EQ(count("Palavras"), 2);
+    pane().setText("ab\r\n\r\n");
+    call(m_window, "MnuFerramentasContarpalavras");
+    EXPECT_EQ(count("Palavras"), 1);
+    EXPECT_EQ(count("CaracteresSemEspaços"), 2);
+    EXPECT_EQ(count("CaracteresComEspaços"), 3);
+    EXPECT_EQ(count("Parágrafos"), 2);
+}
+
+} // namespace
+} // namespace zolt
