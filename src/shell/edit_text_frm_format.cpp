@@ -64,7 +64,11 @@ void EditTextFrm::chooseColour(std::string Settings::*setting, QPalette::ColorRo
     if (dialog.ShowColor() != kDialogDone)
         return;
     shared::settings.*setting = settingFromColour(dialog.Color);
-    applyPaneColours();
+    for (TextPane *pane : m_panes) {
+        QPalette colours = pane->palette();
+        colours.setColor(role, qtColour(dialog.Color, role));
+        pane->setPalette(colours);
+    }
 }
 
 void EditTextFrm::EscolherCorBackground() {

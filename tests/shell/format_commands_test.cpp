@@ -220,6 +220,10 @@ TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
     EXPECT_EQ(shared::settings.TFntColr, "-2147483640");
     EXPECT_EQ(shared::settings.TFntName, "ZOLT");
     EXPECT_FALSE(m_window.pane(1).font().bold());
+    // Another text colour leaves that as it is.
+    whenModal("QColorDialog", [](QWidget *window) { qobject_cast<QColorDialog *>(window)->accept(); });
+    pressTool("Cor do texto");
+    EXPECT_EQ(background(2), QColor(1, 2, 3));
     QApplication::setPalette(before);
 }
 
