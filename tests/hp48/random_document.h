@@ -86,4 +86,23 @@ inline std::string randomDocument(std::mt19937 &random) {
     return document;
 }
 
+/// Lines about as long as one cell, with codes strewn in: what is a picture there
+/// changes with each code that goes.
+inline std::string randomColumnOfCells(std::mt19937 &random) {
+    const auto below = [&](unsigned limit) { return static_cast<unsigned>(random() % limit); };
+    const std::string cell = "\x9E"
+                             "12345A";
+    const std::string lines[] = {cell, cell + cell, "1234567", "abcde", "abcdefg" + cell, "ab" + cell};
+    const unsigned letterCount = 1 + below(3);
+    std::string document = cell + "\r\n";
+    for (unsigned left = below(16); left > 0; --left) {
+        std::string line = lines[below(std::size(lines))];
+        if (line.size() != cell.size() || below(4) == 0)
+            line.insert(below(static_cast<unsigned>(line.size() + 1)),
+                        std::string{'\x0B', "BUV"[below(letterCount)]});
+        document += line + "\r\n";
+    }
+    return document;
+}
+
 } // namespace zolt
