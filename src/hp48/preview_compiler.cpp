@@ -68,6 +68,8 @@ Preview compilePreview(std::string_view text, PreviewFlavour flavour, const Prev
     auto compiled = compileStylesAndPictures(*lines, progressOfPhase(progress, 2), progress.picture);
     if (!compiled)
         return cancelled();
+    // As long as the document; its memory serves the rich text.
+    lines.reset();
     auto rich = richTextOf(compiled->text, std::move(compiled->drawn), progressOfPhase(progress, 3));
     if (!rich)
         return cancelled();

@@ -17,12 +17,13 @@ std::optional<std::size_t> codeOfLetter(char letter) {
 } // namespace
 
 StyleMarks::StyleMarks(std::string_view text) : m_text(text) {
+    m_marks.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), kStyleMark)));
     for (std::size_t i = text.find(kStyleMark); i != std::string_view::npos;
          i = text.find(kStyleMark, i + 1)) {
         if (i + 1 < text.size())
             if (const auto code = codeOfLetter(text[i + 1]))
-                m_codes[*code].first.push_back(m_marks.size());
-        m_marks.push_back({i, kPresent});
+                m_codes[*code].first.push_back(static_cast<std::uint32_t>(m_marks.size()));
+        m_marks.push_back({static_cast<std::uint32_t>(i), kPresent});
     }
 }
 
@@ -68,14 +69,14 @@ std::optional<std::size_t> StyleMarks::takeFirst(std::size_t code, Place place) 
     return m_marks[*mark].position;
 }
 
-std::optional<std::size_t> StyleMarks::firstCode(Codes &codes, Place place) {
+std::optional<std::uint32_t> StyleMarks::firstCode(Codes &codes, Place place) {
     while (codes.used < codes.first.size() && codes.first[codes.used] < place.mark)
         ++codes.used;
     while (!codes.later.empty() && codes.later.top() < place.mark)
         codes.later.pop();
     const bool hasFirst = codes.used < codes.first.size();
     if (!codes.later.empty() && (!hasFirst || codes.later.top() < codes.first[codes.used])) {
-        const std::size_t mark = codes.later.top();
+        const std::uint32_t mark = codes.later.top();
         codes.later.pop();
         return mark;
     }
@@ -84,9 +85,9 @@ std::optional<std::size_t> StyleMarks::firstCode(Codes &codes, Place place) {
     return codes.first[codes.used++];
 }
 
-void StyleMarks::remove(std::size_t mark, Place place) {
-    std::size_t first = mark;
-    std::size_t last = mark;
+void StyleMarks::remove(std::uint32_t mark, Place place) {
+    std::uint32_t first = mark;
+    std::uint32_t last = mark;
     // The code's letter may stand behind codes that were taken out from between.
     if (isRemoved(mark + 1) && markPosition(mark + 1) == m_marks[mark].position + 1)
         last = m_marks[mark + 1].otherEnd;
@@ -95,7 +96,7 @@ void StyleMarks::remove(std::size_t mark, Place place) {
     if (isRemoved(last + 1) && markPosition(last + 1) == end)
         last = m_marks[last + 1].otherEnd;
     if (first > place.mark && isRemoved(first - 1)) {
-        const std::size_t before = m_marks[first - 1].otherEnd;
+        const std::uint32_t before = m_marks[first - 1].otherEnd;
         if (endOfRun(before, first - 1) == m_marks[first].position)
             first = before;
     }
@@ -104,7 +105,7 @@ void StyleMarks::remove(std::size_t mark, Place place) {
     noteNewCode(first, endOfRun(first, last), place);
 }
 
-void StyleMarks::noteNewCode(std::size_t firstMark, std::size_t end, Place place) {
+void StyleMarks::noteNewCode(std::uint32_t firstMark, std::size_t end, Place place) {
     if (firstMark <= place.mark || end >= m_text.size())
         return;
     if (m_marks[firstMark - 1].position + 1 != m_marks[firstMark].position)

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <queue>
@@ -17,7 +18,7 @@ namespace zolt {
 /// Taking out a code can put the mark in front of it and the letter behind it side
 /// by side, which makes them a code in their turn. All codes are looked up at once,
 /// also in a text that holds nothing else. Positions count from 0 in the text as it
-/// was at first and so never move.
+/// was at first, which is shorter than 4 GiB, and so never move.
 class StyleMarks {
 public:
     explicit StyleMarks(std::string_view text);
@@ -52,14 +53,14 @@ public:
     Place settled(Place place) const;
 
 private:
-    static constexpr std::size_t kPresent = static_cast<std::size_t>(-1);
+    static constexpr std::uint32_t kPresent = 0xFFFFFFFF;
 
     /// The codes of one letter that may still stand ahead, by the number of their
     /// mark: those of the text as it was, and those that came about since.
     struct Codes {
-        std::vector<std::size_t> first;
+        std::vector<std::uint32_t> first;
         std::size_t used = 0;
-        std::priority_queue<std::size_t, std::vector<std::size_t>, std::greater<>> later;
+        std::priority_queue<std::uint32_t, std::vector<std::uint32_t>, std::greater<>> later;
     };
 
     std::size_t markPosition(std::size_t mark) const {
@@ -71,16 +72,16 @@ private:
     std::size_t endOfRun(std::size_t firstMark, std::size_t lastMark) const {
         return m_marks[firstMark].position + 2 * (lastMark - firstMark + 1);
     }
-    std::optional<std::size_t> firstCode(Codes &codes, Place place);
-    void remove(std::size_t mark, Place place);
-    void noteNewCode(std::size_t firstMark, std::size_t end, Place place);
+    std::optional<std::uint32_t> firstCode(Codes &codes, Place place);
+    void remove(std::uint32_t mark, Place place);
+    void noteNewCode(std::uint32_t firstMark, std::size_t end, Place place);
 
     /// A mark byte. What has been taken out ahead of the reader is kept as runs of
     /// codes that touch, each from the mark that opens it to its last mark. Both
     /// know the other; the marks between them know nothing.
     struct Mark {
-        std::size_t position;
-        std::size_t otherEnd;
+        std::uint32_t position;
+        std::uint32_t otherEnd;
     };
 
     std::string_view m_text;

@@ -64,6 +64,8 @@ PieceReader::Piece PieceReader::next(std::size_t limit) {
 std::optional<RichText> richTextOf(const StyledText &text, std::vector<RichPicture> drawn,
                                    const Progress &progress) {
     RichText rich;
+    rich.paragraphs.reserve(
+        1 + static_cast<std::size_t>(std::count(text.characters.begin(), text.characters.end(), '\n')));
     Formats formats(rich);
     PieceReader reader(text);
     Reporter reporter(progress, text.characters.size());

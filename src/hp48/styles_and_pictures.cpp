@@ -47,17 +47,23 @@ private:
     };
 
     void takeCodes() {
-        for (std::size_t i = 0; i < kStyleCodes.size() && m_marks.at(m_at) == kStyleMark; ++i) {
-            if (m_marks.at(m_marks.advance(m_at, 1)) != kStyleCodes[i].letter)
+        char letter = letterHere();
+        for (std::size_t i = 0; i < kStyleCodes.size(); ++i) {
+            if (letter != kStyleCodes[i].letter)
                 continue;
             m_at = m_marks.advance(m_at, 2);
-            const auto partner = m_marks.takeFirst(i, m_at);
-            if (!partner)
-                continue;
-            m_ends.forget(m_at.position, *partner);
-            m_at = m_marks.settled(m_at);
-            m_openRuns.push_back({*partner, kStyleCodes[i].style});
+            if (const auto partner = m_marks.takeFirst(i, m_at)) {
+                m_ends.forget(m_at.position, *partner);
+                m_at = m_marks.settled(m_at);
+                m_openRuns.push_back({*partner, kStyleCodes[i].style});
+            }
+            letter = letterHere();
         }
+    }
+
+    /// The letter behind a mark at the position; a zero byte where no mark stands.
+    char letterHere() const {
+        return m_marks.at(m_at) == kStyleMark ? m_marks.at(m_marks.advance(m_at, 1)) : '\0';
     }
 
     bool takePicture() {
