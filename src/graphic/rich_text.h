@@ -1,16 +1,13 @@
 #pragma once
 
+#include "core/colour.h"
+
 #include <cstdint>
 #include <string>
 #include <variant>
 #include <vector>
 
 namespace zolt {
-
-/// A colour value: red in the low byte, then green, then blue. The high bit names
-/// a system colour; kWindowText is the colour of text that sets none.
-using Colour = std::uint32_t;
-inline constexpr Colour kWindowText = 0x80000008;
 
 /// How a run of characters looks. Two runs look alike when all fields are equal.
 struct CharFormat {

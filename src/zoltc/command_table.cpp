@@ -3,7 +3,13 @@
 namespace zolt::cli {
 
 const std::vector<Command> &commands() {
-    static const std::vector<Command> table{};
+    static const std::vector<Command> table{
+        checkCommand(),
+        hpCommand(),
+        symbolsCommand(),
+        pdfCommand(),
+        htmlCommand(),
+    };
     return table;
 }
 

@@ -5,5 +5,10 @@
 namespace zolt::cli {
 
 // One row for each command, each made in the file of the command's name.
+Command checkCommand();
+Command hpCommand();
+Command htmlCommand();
+Command pdfCommand();
+Command symbolsCommand();
 
 } // namespace zolt::cli

@@ -1,0 +1,104 @@
+// Times of the text pane in long documents: until one is shown, and until a
+// typed key has been painted and the status bar's questions are answered.
+// Runs on any Qt platform; without a display: QT_QPA_PLATFORM=offscreen.
+
+#include "platform/text_pane.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+constexpr std::size_t kDocumentBytes = 10'000'000;
+
+std::string documentOfLines(std::size_t columns) {
+    static constexpr std::string_view kWords = "Um texto de linhas e palavras, (x+1)/2 = 50% ... fim; ";
+    std::string line;
+    while (line.size() < columns)
+        line += kWords[line.size() % kWords.size()];
+    line += "\r\n";
+    std::string text;
+    text.reserve(kDocumentBytes + line.size());
+    while (text.size() < kDocumentBytes)
+        text += line;
+    return text;
+}
+
+double milliseconds(const QElapsedTimer &timer) {
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+double keyTime(zolt::TextPane &pane) {
+    QElapsedTimer timer;
+    timer.start();
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+    QApplication::sendEvent(&pane, &press);
+    static volatile qsizetype sink;
+    sink = pane.lineOfOffset(pane.selEnd()) + pane.lineStartOfCaret() + pane.length();
+    QApplication::sendPostedEvents();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return milliseconds(timer);
+}
+
+void measure(const char *name, const std::string &text, bool wraps) {
+    zolt::TextPane pane(wraps);
+    pane.resize(800, 600);
+    pane.setPaneFont(QFont(QStringLiteral("Liberation Mono"), 10));
+    QElapsedTimer timer;
+    timer.start();
+    pane.setText(text);
+    const double set = milliseconds(timer);
+    pane.show();
+    QApplication::processEvents();
+    const double shown = milliseconds(timer);
+    timer.restart();
+    const int lines = pane.displayLineCount();
+    const double counted = milliseconds(timer);
+    std::printf("%-22s %-7s set %6.0f ms, shown %6.0f ms, %d lines counted %6.1f ms\n", name,
+                wraps ? "wraps" : "doesn't", set, shown, lines, counted);
+
+    const struct {
+        const char *name;
+        qsizetype offset;
+    } places[] = {{"start", 0}, {"middle", pane.length() / 2}, {"end", pane.length()}};
+    for (const auto &place : places) {
+        timer.restart();
+        pane.setSelStart(place.offset);
+        QApplication::processEvents();
+        const double jump = milliseconds(timer);
+        std::vector<double> times;
+        for (int i = 0; i < 30; ++i)
+            times.push_back(keyTime(pane));
+        const double first = times.front();
+        std::sort(times.begin(), times.end());
+        std::printf("    key at the %-7s jump %7.2f ms, first %7.2f ms, median %6.2f ms, worst %7.2f ms\n",
+                    place.name, jump, first, times[times.size() / 2], times.back());
+    }
+    timer.restart();
+    pane.resize(700, 600);
+    QApplication::processEvents();
+    const double resized = milliseconds(timer);
+    timer.restart();
+    static_cast<void>(pane.lineOfOffset(pane.length()));
+    std::printf("    resize %6.1f ms, the last line's number after it %6.1f ms\n", resized,
+                milliseconds(timer));
+    timer.restart();
+    const std::string read = pane.Text();
+    std::printf("    Text %6.1f ms (%zu bytes)\n", milliseconds(timer), read.size());
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    for (const bool wraps : {false, true}) {
+        measure("10 MB, 33 columns", documentOfLines(33), wraps);
+        measure("10 MB, 300 columns", documentOfLines(300), wraps);
+        measure("one line of 1 MB", std::string(1'000'000, 'x'), wraps);
+    }
+}

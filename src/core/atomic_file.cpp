@@ -1,0 +1,114 @@
+#include "core/atomic_file.h"
+
+#include "core/file.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace zolt {
+
+namespace {
+
+/// The file that a chain of symbolic links leads to; `path` itself for any other.
+std::string linkTarget(const std::string &path) {
+    constexpr int kMostLinks = 32;
+    std::string target = path;
+    for (int hops = 0; hops < kMostLinks; ++hops) {
+        char buffer[4096];
+        const ssize_t length = ::readlink(target.c_str(), buffer, sizeof buffer);
+        if (length <= 0)
+            break;
+        const std::string next(buffer, static_cast<std::size_t>(length));
+        target = next.starts_with('/') ? next : folderOf(target) + next;
+    }
+    return target;
+}
+
+/// The permissions of a new file, as the process's mask leaves them.
+mode_t newFileMode() {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
+/// Gives a new file the owner and the group of the old one. Only root may give files
+/// away, so that a failure is the usual outcome with another's file.
+void keepOwner(int fd, const struct stat &old) {
+    if (::fchown(fd, old.st_uid, old.st_gid) != 0) [[maybe_unused]]
+        const int groupAlone = ::fchown(fd, static_cast<uid_t>(-1), old.st_gid);
+}
+
+void flushFolder(const std::string &folder) {
+    const int fd = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0)
+        return;
+    ::fsync(fd);
+    ::close(fd);
+}
+
+} // namespace
+
+AtomicFile::AtomicFile(const std::string &path) : m_target(linkTarget(path)) {
+    open();
+}
+
+void AtomicFile::open() {
+    struct stat status {};
+    const bool exists = ::stat(m_target.c_str(), &status) == 0;
+    if (!exists && errno != ENOENT)
+        return fail(errno);
+    if (exists && !S_ISREG(status.st_mode)) {
+        m_reason = S_ISDIR(status.st_mode) ? std::strerror(EISDIR) : "Not a regular file";
+        return;
+    }
+    // A file that its owner made read-only is not replaced behind his back.
+    if (exists && ::access(m_target.c_str(), W_OK) != 0)
+        return fail(errno);
+    m_beside = folderOf(m_target) + ".zolt-XXXXXX";
+    m_fd = ::mkostemp(m_beside.data(), O_CLOEXEC);
+    if (m_fd < 0)
+        return fail(errno);
+    if (exists)
+        keepOwner(m_fd, status);
+    if (::fchmod(m_fd, exists ? status.st_mode & 0777 : newFileMode()) != 0)
+        fail(errno);
+}
+
+AtomicFile::~AtomicFile() {
+    if (m_fd < 0)
+        return;
+    ::close(m_fd);
+    ::unlink(m_beside.c_str());
+}
+
+void AtomicFile::append(std::string_view bytes) {
+    while (!bytes.empty() && m_reason.empty()) {
+        const ssize_t written = ::write(m_fd, bytes.data(), bytes.size());
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        else if (written == 0 || errno != EINTR)
+            fail(written == 0 ? EIO : errno);
+    }
+}
+
+std::string AtomicFile::commit() {
+    if (m_reason.empty() && (::fsync(m_fd) != 0 || ::rename(m_beside.c_str(), m_target.c_str()) != 0))
+        fail(errno);
+    if (!m_reason.empty())
+        return m_reason;
+    ::close(m_fd);
+    m_fd = -1;
+    flushFolder(folderOf(m_target));
+    return {};
+}
+
+void AtomicFile::fail(int error) {
+    if (m_reason.empty())
+        m_reason = std::strerror(error);
+}
+
+} // namespace zolt

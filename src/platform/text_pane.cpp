@@ -1,0 +1,284 @@
+#include "platform/text_pane.h"
+
+#include "platform/held_text.h"
+
+#include <QPlainTextDocumentLayout>
+#include <QScopedValueRollback>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <algorithm>
+#include <utility>
+
+namespace zolt {
+
+namespace {
+
+constexpr QChar kHeldCr(kHeldByte + '\r');
+constexpr QChar kHeldLf(kHeldByte + '\n');
+
+/// Blocks whose layout is made on the way to a display line number: Qt lays out
+/// what it shows only.
+int firstLineOfBlock(const QTextDocument &document, const QTextBlock &block) {
+    const auto *layout = static_cast<const QPlainTextDocumentLayout *>(document.documentLayout());
+    for (QTextBlock above = document.begin(); above != block; above = above.next())
+        layout->ensureBlockLayout(above);
+    layout->ensureBlockLayout(block);
+    return block.firstLineNumber();
+}
+
+std::string_view commonStart(std::string_view a, std::string_view b) {
+    const auto size = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
+    const auto end = std::mismatch(a.begin(), a.begin() + size, b.begin()).first;
+    return a.substr(0, static_cast<std::size_t>(end - a.begin()));
+}
+
+std::string_view commonEnd(std::string_view a, std::string_view b) {
+    const auto size = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
+    const auto end = std::mismatch(a.rbegin(), a.rbegin() + size, b.rbegin()).first;
+    return a.substr(a.size() - static_cast<std::size_t>(end - a.rbegin()));
+}
+
+} // namespace
+
+TextPane::TextPane(bool wraps, QWidget *parent) : QPlainTextEdit(parent) {
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setHorizontalScrollBarPolicy(wraps ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
+    setLineWrapMode(wraps ? WidgetWidth : NoWrap);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TextPane::followSelection);
+    connect(this, &QPlainTextEdit::selectionChanged, this, &TextPane::followSelection);
+    connect(document(), &QTextDocument::contentsChange, this, &TextPane::followContents);
+    connect(this, &QPlainTextEdit::textChanged, this, &TextPane::reportChange);
+}
+
+std::string TextPane::Text() const {
+    return bytesOfHeldText(document()->toRawText());
+}
+
+void TextPane::setText(std::string_view bytes) {
+    setPlainText(heldText(bytes));
+    m_undoSelections.clear();
+    m_lastSelection = selection();
+    m_toggledBack = false;
+}
+
+void TextPane::replaceText(std::string_view bytes) {
+    const std::string old = Text();
+    std::string_view start = commonStart(old, bytes);
+    std::string_view end = commonEnd(std::string_view(old).substr(start.size()), bytes.substr(start.size()));
+    // A pair of CR and LF is edited whole.
+    if (start.ends_with('\r'))
+        start.remove_suffix(1);
+    if (end.starts_with('\n'))
+        end.remove_prefix(1);
+
+    const int from = positionOfOffset(static_cast<qsizetype>(start.size()));
+    const int to = positionOfOffset(static_cast<qsizetype>(old.size() - end.size()));
+    if (old != bytes)
+        replaceRange(from, to, bytes.substr(start.size(), bytes.size() - start.size() - end.size()));
+    select({0, 0});
+    m_undoSelections.setLatestAfter(selection());
+}
+
+qsizetype TextPane::length() const {
+    // Qt counts one more than the text's characters, and a line end as one.
+    return qsizetype{document()->characterCount()} - 1 + document()->blockCount() - 1;
+}
+
+qsizetype TextPane::SelStart() const {
+    return offsetOfPosition(textCursor().selectionStart());
+}
+
+void TextPane::setSelStart(qsizetype offset) {
+    const int position = positionOfOffset(offset);
+    select({position, position});
+}
+
+qsizetype TextPane::SelLength() const {
+    return selEnd() - SelStart();
+}
+
+void TextPane::setSelLength(qsizetype length) {
+    const qsizetype start = SelStart();
+    const qsizetype room = this->length() - start;
+    select({textCursor().selectionStart(), positionOfOffset(start + std::clamp<qsizetype>(length, 0, room))});
+}
+
+qsizetype TextPane::selEnd() const {
+    return offsetOfPosition(textCursor().selectionEnd());
+}
+
+std::string TextPane::SelText() const {
+    return bytesOfHeldText(textCursor().selectedText());
+}
+
+void TextPane::setSelText(std::string_view bytes) {
+    const QTextCursor cursor = textCursor();
+    replaceRange(cursor.selectionStart(), cursor.selectionEnd(), bytes);
+}
+
+int TextPane::lineOfOffset(qsizetype offset) const {
+    const int position = positionOfOffset(offset);
+    const QTextBlock block = document()->findBlock(position);
+    if (lineWrapMode() == NoWrap)
+        return block.blockNumber();
+    const int firstLine = firstLineOfBlock(*document(), block);
+    return firstLine + block.layout()->lineForTextPosition(position - block.position()).lineNumber();
+}
+
+int TextPane::displayLineCount() const {
+    if (lineWrapMode() == NoWrap)
+        return document()->blockCount();
+    const QTextBlock last = document()->lastBlock();
+    return firstLineOfBlock(*document(), last) + last.layout()->lineCount();
+}
+
+qsizetype TextPane::lineStartOfCaret() const {
+    const int position = textCursor().position();
+    const QTextBlock block = document()->findBlock(position);
+    if (lineWrapMode() == NoWrap)
+        return offsetOfPosition(block.position());
+    static_cast<QPlainTextDocumentLayout *>(document()->documentLayout())->ensureBlockLayout(block);
+    const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
+    return offsetOfPosition(block.position() + line.textStart());
+}
+
+void TextPane::setPaneFont(const QFont &font) {
+    QFont paneFont = font;
+    QStringList families = font.families();
+    if (!families.contains(QStringLiteral("ZOLT")))
+        families.append(QStringLiteral("ZOLT"));
+    paneFont.setFamilies(families);
+    paneFont.setKerning(false);
+    setFont(paneFont);
+}
+
+void TextPane::setColours(const QColor &text, const QColor &background) {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Text, text);
+    colours.setColor(QPalette::Base, background);
+    setPalette(colours);
+}
+
+void TextPane::undo() {
+    if (isReadOnly() || !document()->isUndoAvailable())
+        return;
+    m_toggledBack = false;
+    {
+        const QScopedValueRollback walking(m_walksHistory, true);
+        QPlainTextEdit::undo();
+    }
+    if (const auto before = m_undoSelections.undoneTo(document()->availableUndoSteps()))
+        select(*before);
+}
+
+void TextPane::redo() {
+    if (isReadOnly() || !document()->isRedoAvailable())
+        return;
+    m_toggledBack = false;
+    {
+        const QScopedValueRollback walking(m_walksHistory, true);
+        QPlainTextEdit::redo();
+    }
+    if (const auto after = m_undoSelections.redoneTo(document()->availableUndoSteps()))
+        select(*after);
+}
+
+void TextPane::undoToggle() {
+    if (m_toggledBack) {
+        redo();
+    } else if (document()->isUndoAvailable()) {
+        undo();
+        m_toggledBack = true;
+    }
+}
+
+int TextPane::positionOfOffset(qsizetype offset) const {
+    const qsizetype wanted = std::clamp<qsizetype>(offset, 0, length());
+    // The last block that starts at or before the offset: each block before one
+    // adds a character that Qt doesn't count.
+    int low = 0;
+    int high = document()->blockCount() - 1;
+    while (low < high) {
+        const int middle = low + (high - low + 1) / 2;
+        if (qsizetype{document()->findBlockByNumber(middle).position()} + middle <= wanted)
+            low = middle;
+        else
+            high = middle - 1;
+    }
+    const QTextBlock block = document()->findBlockByNumber(low);
+    const qsizetype inBlock = wanted - block.position() - low;
+    return block.position() + static_cast<int>(std::min<qsizetype>(inBlock, block.length() - 1));
+}
+
+qsizetype TextPane::offsetOfPosition(int position) const {
+    return qsizetype{position} + document()->findBlock(position).blockNumber();
+}
+
+PaneSelection TextPane::selection() const {
+    const QTextCursor cursor = textCursor();
+    return {cursor.anchor(), cursor.position()};
+}
+
+void TextPane::select(PaneSelection selection) {
+    QTextCursor cursor(document());
+    cursor.setPosition(selection.anchor);
+    cursor.setPosition(selection.caret, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void TextPane::replaceRange(int from, int to, std::string_view bytes) {
+    QTextCursor cursor(document());
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    cursor.insertText(heldText(bytes));
+    select({cursor.position(), cursor.position()});
+    m_undoSelections.setLatestAfter(selection());
+}
+
+void TextPane::followSelection() {
+    m_lastSelection = selection();
+}
+
+void TextPane::followContents(int from, int /*removed*/, int added) {
+    if (m_walksHistory)
+        return;
+    const int depth = document()->availableUndoSteps();
+    if (m_joinsLineEnd) {
+        m_undoSelections.extendLatest(depth, selection());
+        return;
+    }
+    m_toggledBack = false;
+    m_undoSelections.recordChange(depth, m_lastSelection, selection());
+    for (const int position : {from, from + added}) {
+        if (document()->characterAt(position - 1) == kHeldCr && document()->characterAt(position) == kHeldLf)
+            m_splitLineEnds.push_back(position - 1);
+    }
+}
+
+void TextPane::reportChange() {
+    if (!m_splitLineEnds.empty()) {
+        joinLineEnds(std::exchange(m_splitLineEnds, {})); // reports the change itself
+        return;
+    }
+    if (!m_walksHistory)
+        m_undoSelections.setLatestAfter(selection());
+    emit Change();
+}
+
+void TextPane::joinLineEnds(const std::vector<int> &positions) {
+    const QScopedValueRollback joining(m_joinsLineEnd, true);
+    QTextCursor cursor(document());
+    cursor.joinPreviousEditBlock();
+    // From the last on, so that the others stay where they are.
+    for (auto position = positions.rbegin(); position != positions.rend(); ++position) {
+        cursor.setPosition(*position);
+        cursor.setPosition(*position + 2, QTextCursor::KeepAnchor);
+        cursor.insertBlock();
+    }
+    cursor.endEditBlock();
+}
+
+} // namespace zolt

@@ -1,0 +1,163 @@
+#include "platform/held_text.h"
+#include "platform/text_pane.h"
+
+#include <QContextMenuEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+
+namespace zolt {
+
+namespace {
+
+QString heldOutsideText(QStringView text) {
+    return heldText(bytesOfOutsideText(text));
+}
+
+/// Ctrl with a character is the window's, but for the pane's own five keys.
+/// Ctrl with Alt types characters on some keyboards.
+bool belongsToWindow(const QKeyEvent &event) {
+    const bool ctrl = event.modifiers() & Qt::ControlModifier;
+    const bool alt = event.modifiers() & Qt::AltModifier;
+    if (!ctrl || alt || event.key() >= Qt::Key_Escape)
+        return false;
+    switch (event.key()) {
+    case Qt::Key_X:
+    case Qt::Key_C:
+    case Qt::Key_V:
+    case Qt::Key_Y:
+        return event.modifiers() & Qt::ShiftModifier;
+    case Qt::Key_Z:
+        return false;
+    default:
+        return true;
+    }
+}
+
+bool isLineEndKey(const QKeyEvent &event) {
+    return (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) &&
+           !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+}
+
+bool typesCharacters(const QKeyEvent &event) {
+    const QString text = event.text();
+    return !text.isEmpty() && text[0] >= u' ' && text[0] != u'\x7F';
+}
+
+/// The key as the text control is to see it: with the held characters of what
+/// it types, and Shift+Enter as Enter, which else would type a line separator.
+QKeyEvent heldKey(const QKeyEvent &event) {
+    QString text = event.text();
+    Qt::KeyboardModifiers modifiers = event.modifiers();
+    if (event.key() == Qt::Key_Tab && !modifiers)
+        text = heldText("\t");
+    else if (isLineEndKey(event))
+        modifiers &= ~Qt::ShiftModifier;
+    else if (typesCharacters(event))
+        text = heldOutsideText(text);
+    return QKeyEvent(event.type(), event.key(), modifiers, event.nativeScanCode(), event.nativeVirtualKey(),
+                     event.nativeModifiers(), text, event.isAutoRepeat(),
+                     static_cast<quint16>(event.count()));
+}
+
+} // namespace
+
+bool TextPane::event(QEvent *event) {
+    if (event->type() == QEvent::ShortcutOverride && belongsToWindow(*static_cast<QKeyEvent *>(event))) {
+        event->ignore();
+        return false;
+    }
+    return QPlainTextEdit::event(event);
+}
+
+void TextPane::changeEvent(QEvent *event) {
+    QPlainTextEdit::changeEvent(event);
+    // A read-only pane still has a caret and copies.
+    if (event->type() == QEvent::ReadOnlyChange && isReadOnly())
+        setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+void TextPane::keyPressEvent(QKeyEvent *event) {
+    const bool shift = event->modifiers() & Qt::ShiftModifier;
+    const bool ctrl = event->modifiers() & Qt::ControlModifier && !(event->modifiers() & Qt::AltModifier);
+    if (belongsToWindow(*event)) {
+        event->ignore();
+    } else if (ctrl && event->key() == Qt::Key_Z) {
+        shift ? redo() : undo();
+        event->accept();
+    } else if (ctrl && event->key() == Qt::Key_Y) {
+        redo();
+        event->accept();
+    } else {
+        QKeyEvent held = heldKey(*event);
+        QPlainTextEdit::keyPressEvent(&held);
+        event->setAccepted(held.isAccepted());
+    }
+    emit keyDown();
+}
+
+void TextPane::keyReleaseEvent(QKeyEvent *event) {
+    QPlainTextEdit::keyReleaseEvent(event);
+    emit keyUp();
+}
+
+void TextPane::inputMethodEvent(QInputMethodEvent *event) {
+    if (isReadOnly()) {
+        event->ignore();
+        return;
+    }
+    QInputMethodEvent held(event->preeditString(), event->attributes());
+    held.setCommitString(heldOutsideText(event->commitString()), event->replacementStart(),
+                         event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(&held);
+    event->setAccepted(held.isAccepted());
+}
+
+void TextPane::mousePressEvent(QMouseEvent *event) {
+    QPlainTextEdit::mousePressEvent(event);
+    emit mouseDown(event->button());
+}
+
+void TextPane::mouseReleaseEvent(QMouseEvent *event) {
+    QPlainTextEdit::mouseReleaseEvent(event);
+    const Qt::MouseButton button = event->button();
+    const bool inPane = viewport()->rect().contains(event->position().toPoint());
+    emit mouseUp(button);
+    if (button == Qt::LeftButton && inPane)
+        emit click();
+}
+
+void TextPane::mouseDoubleClickEvent(QMouseEvent *event) {
+    QPlainTextEdit::mouseDoubleClickEvent(event);
+    emit mouseDown(event->button());
+}
+
+void TextPane::contextMenuEvent(QContextMenuEvent *event) {
+    // The right press has been reported; the menu key is the window's.
+    event->setAccepted(event->reason() == QContextMenuEvent::Mouse);
+}
+
+QMimeData *TextPane::createMimeDataFromSelection() const {
+    const std::string bytes = SelText();
+    auto *mimeData = new QMimeData;
+    mimeData->setData(QString::fromLatin1(kPaneBytesMimeType), QByteArray::fromStdString(bytes));
+    mimeData->setText(outsideText(bytes));
+    return mimeData;
+}
+
+bool TextPane::canInsertFromMimeData(const QMimeData *source) const {
+    return source->hasFormat(QString::fromLatin1(kPaneBytesMimeType)) || source->hasText();
+}
+
+void TextPane::insertFromMimeData(const QMimeData *source) {
+    if (isReadOnly() || !source || !canInsertFromMimeData(source))
+        return;
+    const QString ownType = QString::fromLatin1(kPaneBytesMimeType);
+    if (source->hasFormat(ownType))
+        setSelText(source->data(ownType).toStdString());
+    else
+        setSelText(bytesOfOutsideText(source->text()));
+}
+
+} // namespace zolt
