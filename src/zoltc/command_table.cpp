@@ -9,6 +9,7 @@ const std::vector<Command> &commands() {
         symbolsCommand(),
         pdfCommand(),
         htmlCommand(),
+        imageCommand(),
     };
     return table;
 }

@@ -8,6 +8,7 @@ namespace zolt::cli {
 Command checkCommand();
 Command hpCommand();
 Command htmlCommand();
+Command imageCommand();
 Command pdfCommand();
 Command symbolsCommand();
 
