@@ -70,6 +70,10 @@ QString heldText(std::string_view bytes) {
     return held;
 }
 
+unsigned char byteOfHeldCharacter(QChar character) {
+    return heldBytes()[character.unicode()];
+}
+
 std::string bytesOfHeldText(QStringView held) {
     const auto &table = heldBytes();
     std::string bytes;

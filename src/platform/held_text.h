@@ -15,6 +15,9 @@ inline constexpr char16_t kHeldByte = 0xE000;
 
 QString heldText(std::string_view bytes);
 
+/// The byte that a character stands for; "?" if it is no held character.
+unsigned char byteOfHeldCharacter(QChar character);
+
 /// The bytes of a raw text of a document (QTextDocument::toRawText, or the
 /// selected text of a cursor), paragraph separators giving CR LF.
 std::string bytesOfHeldText(QStringView held);

@@ -1,12 +1,15 @@
 #include "platform/text_pane.h"
 
 #include "platform/held_text.h"
+#include "platform/pane_layout.h"
 
-#include <QPlainTextDocumentLayout>
+#include <QResizeEvent>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace zolt {
@@ -15,16 +18,6 @@ namespace {
 
 constexpr QChar kHeldCr(kHeldByte + '\r');
 constexpr QChar kHeldLf(kHeldByte + '\n');
-
-/// Blocks whose layout is made on the way to a display line number: Qt lays out
-/// what it shows only.
-int firstLineOfBlock(const QTextDocument &document, const QTextBlock &block) {
-    const auto *layout = static_cast<const QPlainTextDocumentLayout *>(document.documentLayout());
-    for (QTextBlock above = document.begin(); above != block; above = above.next())
-        layout->ensureBlockLayout(above);
-    layout->ensureBlockLayout(block);
-    return block.firstLineNumber();
-}
 
 std::string_view commonStart(std::string_view a, std::string_view b) {
     const auto size = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
@@ -44,7 +37,13 @@ TextPane::TextPane(bool wraps, QWidget *parent) : QPlainTextEdit(parent) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(wraps ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
     setLineWrapMode(wraps ? WidgetWidth : NoWrap);
-    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+
+    auto *paneDocument = new QTextDocument(this);
+    m_layout = new PaneLayout(paneDocument, viewport(), wraps);
+    paneDocument->setDocumentLayout(m_layout);
+    m_layout->setPaintDevice(viewport());
+    setDocument(paneDocument);
+    setPaneFont(font());
 
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TextPane::followSelection);
     connect(this, &QPlainTextEdit::selectionChanged, this, &TextPane::followSelection);
@@ -57,10 +56,14 @@ std::string TextPane::Text() const {
 }
 
 void TextPane::setText(std::string_view bytes) {
-    setPlainText(heldText(bytes));
+    {
+        const QScopedValueRollback held(m_holdsChange, true);
+        setPlainText(heldText(bytes));
+    }
     m_undoSelections.clear();
     m_lastSelection = selection();
     m_toggledBack = false;
+    emit Change();
 }
 
 void TextPane::replaceText(std::string_view bytes) {
@@ -75,10 +78,10 @@ void TextPane::replaceText(std::string_view bytes) {
 
     const int from = positionOfOffset(static_cast<qsizetype>(start.size()));
     const int to = positionOfOffset(static_cast<qsizetype>(old.size() - end.size()));
-    if (old != bytes)
-        replaceRange(from, to, bytes.substr(start.size(), bytes.size() - start.size() - end.size()));
-    select({0, 0});
-    m_undoSelections.setLatestAfter(selection());
+    if (old == bytes)
+        select({0, 0});
+    else
+        replaceRange(from, to, bytes.substr(start.size(), bytes.size() - start.size() - end.size()), 0);
 }
 
 qsizetype TextPane::length() const {
@@ -115,33 +118,21 @@ std::string TextPane::SelText() const {
 
 void TextPane::setSelText(std::string_view bytes) {
     const QTextCursor cursor = textCursor();
-    replaceRange(cursor.selectionStart(), cursor.selectionEnd(), bytes);
+    replaceRange(cursor.selectionStart(), cursor.selectionEnd(), bytes, std::nullopt);
 }
 
 int TextPane::lineOfOffset(qsizetype offset) const {
-    const int position = positionOfOffset(offset);
-    const QTextBlock block = document()->findBlock(position);
-    if (lineWrapMode() == NoWrap)
-        return block.blockNumber();
-    const int firstLine = firstLineOfBlock(*document(), block);
-    return firstLine + block.layout()->lineForTextPosition(position - block.position()).lineNumber();
+    return lineOfPosition(positionOfOffset(offset));
 }
 
 int TextPane::displayLineCount() const {
-    if (lineWrapMode() == NoWrap)
-        return document()->blockCount();
-    const QTextBlock last = document()->lastBlock();
-    return firstLineOfBlock(*document(), last) + last.layout()->lineCount();
+    return document()->lineCount();
 }
 
 qsizetype TextPane::lineStartOfCaret() const {
     const int position = textCursor().position();
     const QTextBlock block = document()->findBlock(position);
-    if (lineWrapMode() == NoWrap)
-        return offsetOfPosition(block.position());
-    static_cast<QPlainTextDocumentLayout *>(document()->documentLayout())->ensureBlockLayout(block);
-    const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
-    return offsetOfPosition(block.position() + line.textStart());
+    return offsetOfPosition(block.position() + lineOfBlock(block, position).textStart());
 }
 
 void TextPane::setPaneFont(const QFont &font) {
@@ -151,6 +142,7 @@ void TextPane::setPaneFont(const QFont &font) {
         families.append(QStringLiteral("ZOLT"));
     paneFont.setFamilies(families);
     paneFont.setKerning(false);
+    paneFont.setStyleStrategy(QFont::StyleStrategy(paneFont.styleStrategy() | QFont::PreferNoShaping));
     setFont(paneFont);
 }
 
@@ -162,36 +154,38 @@ void TextPane::setColours(const QColor &text, const QColor &background) {
 }
 
 void TextPane::undo() {
-    if (isReadOnly() || !document()->isUndoAvailable())
-        return;
-    m_toggledBack = false;
-    {
-        const QScopedValueRollback walking(m_walksHistory, true);
-        QPlainTextEdit::undo();
-    }
-    if (const auto before = m_undoSelections.undoneTo(document()->availableUndoSteps()))
-        select(*before);
+    walkHistory(&QPlainTextEdit::undo, &UndoSelections::undoneTo);
 }
 
 void TextPane::redo() {
-    if (isReadOnly() || !document()->isRedoAvailable())
-        return;
-    m_toggledBack = false;
-    {
-        const QScopedValueRollback walking(m_walksHistory, true);
-        QPlainTextEdit::redo();
-    }
-    if (const auto after = m_undoSelections.redoneTo(document()->availableUndoSteps()))
-        select(*after);
+    walkHistory(&QPlainTextEdit::redo, &UndoSelections::redoneTo);
 }
 
 void TextPane::undoToggle() {
     if (m_toggledBack) {
         redo();
-    } else if (document()->isUndoAvailable()) {
+    } else if (document()->isUndoAvailable() && !isReadOnly()) {
         undo();
         m_toggledBack = true;
     }
+}
+
+void TextPane::walkHistory(void (QPlainTextEdit::*step)(),
+                           std::optional<PaneSelection> (UndoSelections::*selectionAt)(int)) {
+    const int depth = document()->availableUndoSteps();
+    if (isReadOnly())
+        return;
+    {
+        const QScopedValueRollback walking(m_walksHistory, true);
+        const QScopedValueRollback held(m_holdsChange, true);
+        (this->*step)();
+    }
+    if (document()->availableUndoSteps() == depth)
+        return;
+    m_toggledBack = false;
+    if (const auto there = (m_undoSelections.*selectionAt)(document()->availableUndoSteps()))
+        select(*there);
+    emit Change();
 }
 
 int TextPane::positionOfOffset(qsizetype offset) const {
@@ -216,6 +210,16 @@ qsizetype TextPane::offsetOfPosition(int position) const {
     return qsizetype{position} + document()->findBlock(position).blockNumber();
 }
 
+QTextLine TextPane::lineOfBlock(const QTextBlock &block, int position) const {
+    m_layout->layOut(block);
+    return block.layout()->lineForTextPosition(position - block.position());
+}
+
+int TextPane::lineOfPosition(int position) const {
+    const QTextBlock block = document()->findBlock(position);
+    return block.firstLineNumber() + lineOfBlock(block, position).lineNumber();
+}
+
 PaneSelection TextPane::selection() const {
     const QTextCursor cursor = textCursor();
     return {cursor.anchor(), cursor.position()};
@@ -229,13 +233,34 @@ void TextPane::select(PaneSelection selection) {
     ensureCursorVisible();
 }
 
-void TextPane::replaceRange(int from, int to, std::string_view bytes) {
+void TextPane::replaceRange(int from, int to, std::string_view bytes, std::optional<int> caret) {
+    if (from == to && bytes.empty())
+        return;
     QTextCursor cursor(document());
-    cursor.setPosition(from);
-    cursor.setPosition(to, QTextCursor::KeepAnchor);
-    cursor.insertText(heldText(bytes));
-    select({cursor.position(), cursor.position()});
+    {
+        const QScopedValueRollback held(m_holdsChange, true);
+        cursor.beginEditBlock();
+        cursor.setPosition(from);
+        cursor.setPosition(to, QTextCursor::KeepAnchor);
+        cursor.insertText(heldText(bytes));
+        cursor.endEditBlock();
+    }
+    // Qt joins typing to the last insertion of a modified document, and so would
+    // make one undo step of both.
+    document()->setModified(false);
+    const int position = caret.value_or(cursor.position());
+    select({position, position});
     m_undoSelections.setLatestAfter(selection());
+    emit Change();
+}
+
+void TextPane::resizeEvent(QResizeEvent *event) {
+    const int top = cursorForPosition({0, 0}).position();
+    QPlainTextEdit::resizeEvent(event);
+    if (!m_layout->wraps() || event->oldSize().width() == event->size().width())
+        return;
+    m_layout->countAllLines();
+    verticalScrollBar()->setValue(lineOfPosition(top));
 }
 
 void TextPane::followSelection() {
@@ -252,7 +277,7 @@ void TextPane::followContents(int from, int /*removed*/, int added) {
     }
     m_toggledBack = false;
     m_undoSelections.recordChange(depth, m_lastSelection, selection());
-    for (const int position : {from, from + added}) {
+    for (const int position : std::set{from, from + added}) {
         if (document()->characterAt(position - 1) == kHeldCr && document()->characterAt(position) == kHeldLf)
             m_splitLineEnds.push_back(position - 1);
     }
@@ -260,12 +285,13 @@ void TextPane::followContents(int from, int /*removed*/, int added) {
 
 void TextPane::reportChange() {
     if (!m_splitLineEnds.empty()) {
-        joinLineEnds(std::exchange(m_splitLineEnds, {})); // reports the change itself
+        joinLineEnds(std::exchange(m_splitLineEnds, {})); // comes back here
         return;
     }
     if (!m_walksHistory)
         m_undoSelections.setLatestAfter(selection());
-    emit Change();
+    if (!m_holdsChange)
+        emit Change();
 }
 
 void TextPane::joinLineEnds(const std::vector<int> &positions) {

@@ -4,11 +4,16 @@
 
 #include <QByteArray>
 #include <QPlainTextEdit>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+class QTextLine;
+
 namespace zolt {
+
+class PaneLayout;
 
 /// Clipboard format that carries a pane's bytes exactly, for this program.
 inline constexpr char kPaneBytesMimeType[] = "application/x-zolt-bytes";
@@ -89,6 +94,7 @@ signals:
 
 protected:
     bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
@@ -117,9 +123,15 @@ private:
     int positionOfOffset(qsizetype offset) const;
     qsizetype offsetOfPosition(int position) const;
 
+    QTextLine lineOfBlock(const QTextBlock &block, int position) const;
+    int lineOfPosition(int position) const;
+
     PaneSelection selection() const;
     void select(PaneSelection selection);
-    void replaceRange(int from, int to, std::string_view bytes);
+    /// One undo step; the caret goes behind the new bytes if no place is given.
+    void replaceRange(int from, int to, std::string_view bytes, std::optional<int> caret);
+    void walkHistory(void (QPlainTextEdit::*step)(),
+                     std::optional<PaneSelection> (UndoSelections::*selectionAt)(int depth));
 
     void followSelection();
     void followContents(int from, int removed, int added);
@@ -128,10 +140,12 @@ private:
     /// change brought behind them, within that change's undo step.
     void joinLineEnds(const std::vector<int> &positions);
 
+    PaneLayout *m_layout; // the document's
     UndoSelections m_undoSelections;
     PaneSelection m_lastSelection;    // before the change that is under way
     std::vector<int> m_splitLineEnds; // positions of such CRs in the change under way
     bool m_joinsLineEnd = false;
+    bool m_holdsChange = false;  // Change is reported when the caret stands where it shall
     bool m_walksHistory = false; // an undo or redo is under way
     bool m_toggledBack = false;  // the last change of all was the undo of undoToggle
 };
