@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QWindow>
 #include <algorithm>
 #include <cstdio>
 #include <vector>
@@ -53,6 +54,8 @@ void measure(const char *name, const std::string &text, bool wraps) {
     pane.setText(text);
     const double set = milliseconds(timer);
     pane.show();
+    while (!pane.windowHandle()->isExposed())
+        QApplication::processEvents();
     pane.viewport()->repaint();
     const double shown = milliseconds(timer);
     timer.restart();

@@ -15,6 +15,7 @@ namespace {
 
 constexpr qreal kUnitsPerPixel = 64; // the precision of Qt's own layout
 constexpr qreal kUnlimited = INT_MAX;
+constexpr int kLongParagraph = 10'000; // characters
 
 int toUnits(qreal pixels) {
     return static_cast<int>(std::lround(pixels * kUnitsPerPixel));
@@ -47,6 +48,8 @@ void PaneLayout::layOut(const QTextBlock &block) const {
     const qreal width = availableWidth() / kUnitsPerPixel;
     QPointF place(document()->documentMargin(), 0);
     qsizetype start = 0;
+    // Qt shapes a paragraph anew for each drawing, or keeps the shapes in memory.
+    layout->setCacheEnabled(block.length() > kLongParagraph);
     layout->beginLayout();
     for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
         line.setLeadingIncluded(true);

@@ -205,6 +205,23 @@ TEST(TextPaneClipboard, TextFromOutsideBecomesBytes) {
     }
 }
 
+TEST(TextPaneDrop, DroppedTextBecomesBytesWhereItFalls) {
+    ShownPane shown("ab");
+    QMimeData text;
+    text.setText(QStringLiteral("α\n"));
+    shown.pane.setSelStart(1);
+    const QPointF place = QRectF(shown.pane.cursorRect()).center();
+    shown.pane.setSelStart(0);
+    QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(shown.pane.viewport(), &enter);
+    QDropEvent drop(place, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(shown.pane.viewport(), &drop);
+    EXPECT_EQ(shown.pane.Text(), "a\x8C\r\nb");
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown.pane.Text(), "ab");
+    EXPECT_EQ(shown.pane.SelStart(), 0);
+}
+
 TEST(TextPaneInputMethod, CommittedTextBecomesBytes) {
     ShownPane shown("ab");
     shown.pane.setSelStart(1);

@@ -1,6 +1,7 @@
 #include "platform/text_pane.h"
 
 #include <QSignalSpy>
+#include <QTest>
 #include <QTextBlock>
 #include <gtest/gtest.h>
 #include <random>
@@ -176,6 +177,31 @@ TEST(TextPaneReports, EveryChangeByTheProgramReportsChangeOnce) {
     pane.setColours(Qt::red, Qt::black);
     pane.setPaneFont(QFont(QStringLiteral("Courier"), 14));
     EXPECT_EQ(reported(), 0);
+}
+
+TEST(TextPaneReports, ChangeFindsTheCaretWhereItStays) {
+    TextPane pane(false);
+    std::vector<qsizetype> carets;
+    QObject::connect(&pane, &TextPane::Change, [&] { carets.push_back(pane.SelStart() + pane.SelLength()); });
+    pane.setText("one two");
+    pane.setSelStart(1);
+    pane.setSelText("123");
+    pane.setSelStart(0);
+    pane.undo();
+    pane.redo();
+    pane.replaceText("one three");
+    EXPECT_EQ(carets, (std::vector<qsizetype>{0, 4, 1, 4, 0}));
+}
+
+TEST(TextPaneUndo, InsertionsByTheProgramAreStepsOfTheirOwn) {
+    TextPane pane(false);
+    for (const char *character : {"\x8C", "\x8D", "\x8E"})
+        pane.setSelText(character); // as a bar of characters does
+    QTest::keyClicks(&pane, QStringLiteral("typed"));
+    for (const char *expected : {"\x8C\x8D\x8E", "\x8C\x8D", "\x8C", ""}) {
+        pane.undo();
+        EXPECT_EQ(pane.Text(), expected);
+    }
 }
 
 TEST(TextPaneUndo, ReplacingTheTextIsOneStepThatKeepsWhatAgrees) {
