@@ -40,6 +40,15 @@ void StyledText::append(std::string_view text, Style style) {
     characters += text;
 }
 
+PieceReader::PieceReader(const StyledText &text, std::size_t position) : m_text(text), m_position(position) {
+    const auto span = std::partition_point(text.spans.begin(), text.spans.end(),
+                                           [&](const StyleSpan &s) { return s.begin <= position; });
+    const auto picture = std::partition_point(text.pictures.begin(), text.pictures.end(),
+                                              [&](const PictureBlock &p) { return p.position < position; });
+    m_span = static_cast<std::size_t>(std::max<std::ptrdiff_t>(span - text.spans.begin() - 1, 0));
+    m_picture = static_cast<std::size_t>(picture - text.pictures.begin());
+}
+
 PieceReader::Piece PieceReader::next(std::size_t limit) {
     while (m_span + 1 < m_text.spans.size() && m_text.spans[m_span + 1].begin <= m_position)
         ++m_span;

@@ -3,9 +3,9 @@
 #include "core/codes.h"
 #include "core/progress.h"
 #include "graphic/rich_text.h"
-#include "hp48/picture_block.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,8 +28,8 @@ struct StyleSpan {
 struct PictureBlock {
     /// Where the picture stands in StyledText::characters, from 0.
     std::size_t position = 0;
-    int columns = 0;
-    int lines = 0;
+    std::int64_t columns = 0;
+    std::int64_t lines = 0;
     /// The text that the picture stands for.
     std::string cells;
 
@@ -62,7 +62,8 @@ public:
         const PictureBlock *picture;
     };
 
-    explicit PieceReader(const StyledText &text) : m_text(text) {}
+    /// Begins at a position, without a walk up to it.
+    explicit PieceReader(const StyledText &text, std::size_t position = 0);
 
     std::size_t position() const { return m_position; }
     /// Passes over the characters up to `position`; it never goes back.
@@ -73,9 +74,9 @@ public:
 
 private:
     const StyledText &m_text;
-    std::size_t m_position = 0;
-    std::size_t m_span = 0;
-    std::size_t m_picture = 0;
+    std::size_t m_position;
+    std::size_t m_span;
+    std::size_t m_picture;
 };
 
 /// The rich text of a compiled text, in 10 points, with the pictures drawn: `drawn`

@@ -1,5 +1,6 @@
 #include "hp48/styles_and_pictures.h"
 
+#include "hp48/picture_block.h"
 #include "hp48/picture_chain.h"
 #include "hp48/reporter.h"
 #include "hp48/style_marks.h"
@@ -71,7 +72,7 @@ private:
         PictureBlock block;
         block.position = m_result.text.characters.size();
         block.cells = m_marks.between(m_at, end);
-        const PictureSize size = DeterminarDimensõesDoDesenho(block.cells);
+        const ImageTextSize size = measureImageText(block.cells);
         block.columns = size.columns;
         block.lines = size.lines;
         auto drawn = DesenhoDaFigura(block.cells, size, m_pictureProgress);

@@ -10,6 +10,7 @@ Command hpCommand();
 Command htmlCommand();
 Command imageCommand();
 Command pdfCommand();
+Command previewCommand();
 Command symbolsCommand();
 
 } // namespace zolt::cli

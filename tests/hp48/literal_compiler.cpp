@@ -78,9 +78,9 @@ void replaceCodesAt(Text &text, long i) {
     }
 }
 
-PictureSize measure(const std::string &cells) {
-    PictureSize size;
-    int count = 0;
+ImageTextSize measure(const std::string &cells) {
+    ImageTextSize size;
+    std::int64_t count = 0;
     for (long i = 1; i <= static_cast<long>(cells.size()); ++i) {
         if (at(cells, i) == '\x9E')
             ++count;
@@ -218,7 +218,7 @@ Compiled compile(std::string_view document, PreviewFlavour flavour) {
     return result;
 }
 
-std::vector<std::string> draw(const std::string &cells, PictureSize size) {
+std::vector<std::string> draw(const std::string &cells, ImageTextSize size) {
     std::vector<std::string> dots(static_cast<std::size_t>(size.lines * 6),
                                   std::string(static_cast<std::size_t>(size.columns * 4), '.'));
     const std::string digits = "0123456789ABCDEF";

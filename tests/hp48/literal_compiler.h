@@ -1,6 +1,7 @@
 #pragma once
 
 #include "hp48/preview_compiler.h"
+#include "images/image_text.h"
 
 #include <string>
 #include <string_view>
@@ -22,7 +23,7 @@ struct Compiled {
     std::vector<Position> text;
     std::vector<MenuEntry> entries;
     /// Columns and lines of each picture.
-    std::vector<PictureSize> pictureSizes;
+    std::vector<ImageTextSize> pictureSizes;
 };
 
 /// The calculator's preview made in the slow way: every letter is looked for at
@@ -33,6 +34,6 @@ Compiled compile(std::string_view document, PreviewFlavour flavour);
 std::string fold(const std::string &text);
 
 /// The dots of a picture, row by row, '#' for a dot on and '.' for one off.
-std::vector<std::string> draw(const std::string &cells, PictureSize size);
+std::vector<std::string> draw(const std::string &cells, ImageTextSize size);
 
 } // namespace zolt::literal
