@@ -19,7 +19,9 @@ namespace zolt::cli {
 namespace {
 
 constexpr int kLargestScale = 16;
-/// The most pixels of a picture: 256 MiB of memory.
+/// What readers of PNG files take by default, in pixels.
+constexpr std::int64_t kHighestPicture = 1'000'000;
+/// 256 MiB of memory.
 constexpr std::int64_t kMostPixels = std::int64_t{1} << 31;
 
 struct Flavour {
@@ -57,12 +59,13 @@ void putDots(QImage &image, const DotSurface &surface, int scale, int firstRow) 
 }
 
 /// The compiled text as a PNG file, one dot `scale` by `scale` pixels, black on white.
-/// Empty if that takes more than kMostPixels, or a line longer than a surface.
+/// Empty if that makes a picture beyond the limits, or a line wider than a surface.
 std::string pngOfPreview(const Preview &preview, int scale) {
     const std::vector<ScreenLine> lines = screenLines(preview.styled);
     const std::int64_t width = screenWidth(lines);
     const std::int64_t height = lines.back().top + lines.back().height;
-    if (width > kLargestSide || height > kMostPixels / (width * scale * scale))
+    const std::int64_t highest = std::min(kHighestPicture / scale, kMostPixels / (width * scale * scale));
+    if (width > kLargestSide || height > highest)
         return {};
     QImage image(static_cast<int>(width * scale), static_cast<int>(height * scale), QImage::Format_Mono);
     if (image.isNull())
