@@ -58,7 +58,7 @@ std::vector<ScreenLine> screenLines(const StyledText &text) {
 }
 
 std::int64_t screenWidth(std::span<const ScreenLine> lines) {
-    std::int64_t width = kColumns * kCellWidth;
+    std::int64_t width = std::int64_t{kColumns} * kCellWidth;
     for (const ScreenLine &line : lines)
         width = std::max(width, line.width);
     return width;

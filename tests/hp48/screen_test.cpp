@@ -41,7 +41,8 @@ const std::string kDocument = "a \x0B"
                               "100000\x9E"
                               "000008\r\n\x9E"
                               "F00000\x9E"
-                              "000000c\r\n";
+                              "000000c\x9E"
+                              "100000\r\n";
 
 TEST(Screen, StandsCharactersAndPicturesOnTheLinesFoot) {
     const Preview preview = compilePreview(kDocument, PreviewFlavour::Hp48);
@@ -55,7 +56,7 @@ TEST(Screen, StandsCharactersAndPicturesOnTheLinesFoot) {
     const std::vector<std::string> expected{
         "####....#.#.#.#.", "####....#.#.#.#.", "####....#.#.#.#.", "####....#.#.#.#.", "####....#.#.#.#.",
         "####....#.#.#.#.", "#...............", "................", "................", "................",
-        "................", ".......#........", "####....####....", "........####....", "........####....",
+        "................", ".......#........", "####....#####...", "........####....", "........####....",
         "........####....", "........####....", "........####....", "................", "................"};
     EXPECT_EQ(rows(drawn(preview.styled, 0, 20), 16), expected);
 }
