@@ -91,8 +91,15 @@ void measure(const char *name, const std::string &text, bool wraps) {
     std::printf("    resize %6.1f ms, the last line's number after it %6.1f ms\n", resized,
                 milliseconds(timer));
     timer.restart();
-    const std::string read = pane.Text();
+    std::string read = pane.Text();
     std::printf("    Text %6.1f ms (%zu bytes)\n", milliseconds(timer), read.size());
+    std::replace(read.begin(), read.end(), 'e', 'E');
+    timer.restart();
+    pane.replaceText(read);
+    const double replaced = milliseconds(timer);
+    timer.restart();
+    pane.undo();
+    std::printf("    replaceText of all %6.1f ms, its undo %6.1f ms\n", replaced, milliseconds(timer));
     std::fflush(stdout);
 }
 

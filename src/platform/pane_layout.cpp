@@ -96,12 +96,13 @@ void PaneLayout::documentChanged(int from, int /*removed*/, int added) {
     const QTextBlock first = document()->findBlock(from);
     const QTextBlock behind = document()->findBlock(from + added);
     const QTextBlock last = behind.isValid() ? behind : document()->lastBlock();
-    if (first == last)
+    if (first == last) {
         countLaidOut(first);
-    else
-        for (QTextBlock block = first; block.isValid() && block.blockNumber() <= last.blockNumber();
-             block = block.next())
+    } else {
+        for (QTextBlock block = first; block != last; block = block.next())
             count(block);
+        count(last);
+    }
 
     if (const QSizeF size = documentSize(); size != m_reportedSize) {
         m_reportedSize = size;

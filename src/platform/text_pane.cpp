@@ -58,7 +58,8 @@ std::string TextPane::Text() const {
 void TextPane::setText(std::string_view bytes) {
     {
         const QScopedValueRollback held(m_holdsChange, true);
-        setPlainText(heldText(bytes));
+        document()->setPlainText(heldText(bytes));
+        select({0, 0});
     }
     m_undoSelections.clear();
     m_lastSelection = selection();
@@ -142,7 +143,6 @@ void TextPane::setPaneFont(const QFont &font) {
         families.append(QStringLiteral("ZOLT"));
     paneFont.setFamilies(families);
     paneFont.setKerning(false);
-    paneFont.setStyleStrategy(QFont::StyleStrategy(paneFont.styleStrategy() | QFont::PreferNoShaping));
     setFont(paneFont);
 }
 

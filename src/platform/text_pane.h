@@ -25,7 +25,8 @@ inline constexpr char kPaneBytesMimeType[] = "application/x-zolt-bytes";
 ///
 /// Typed, pasted and dropped characters become bytes: that of code page 1252,
 /// else that of the calculator's set, else "?". Enter and any line end from
-/// outside give CR LF; the Tab key types byte 9.
+/// outside give CR LF; the Tab key types byte 9. Alt held while the keypad types
+/// a decimal number types the byte of that number, with or without leading zeros.
 ///
 /// A key costs the same in a long document as in a short one: length, SelStart,
 /// selEnd and lineOfOffset don't read the text.
@@ -145,9 +146,10 @@ private:
     PaneSelection m_lastSelection;    // before the change that is under way
     std::vector<int> m_splitLineEnds; // positions of such CRs in the change under way
     bool m_joinsLineEnd = false;
-    bool m_holdsChange = false;  // Change is reported when the caret stands where it shall
-    bool m_walksHistory = false; // an undo or redo is under way
-    bool m_toggledBack = false;  // the last change of all was the undo of undoToggle
+    bool m_holdsChange = false;       // Change is reported when the caret stands where it shall
+    std::optional<int> m_typedNumber; // of a byte, while Alt is held
+    bool m_walksHistory = false;      // an undo or redo is under way
+    bool m_toggledBack = false;       // the last change of all was the undo of undoToggle
 };
 
 } // namespace zolt

@@ -6,33 +6,43 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <algorithm>
+#include <utility>
 
 namespace zolt {
 
 namespace {
 
+constexpr int kNoByte = 256; // a typed number from here on
+
 QString heldOutsideText(QStringView text) {
     return heldText(bytesOfOutsideText(text));
 }
 
-/// Ctrl with a character is the window's, but for the pane's own five keys.
-/// Ctrl with Alt types characters on some keyboards.
+/// Ctrl or Alt with a character is the window's, but for the pane's own five
+/// keys. Both together type characters on some keyboards.
 bool belongsToWindow(const QKeyEvent &event) {
     const bool ctrl = event.modifiers() & Qt::ControlModifier;
     const bool alt = event.modifiers() & Qt::AltModifier;
-    if (!ctrl || alt || event.key() >= Qt::Key_Escape)
+    if (ctrl == alt || event.key() >= Qt::Key_Escape)
         return false;
     switch (event.key()) {
     case Qt::Key_X:
     case Qt::Key_C:
     case Qt::Key_V:
     case Qt::Key_Y:
-        return event.modifiers() & Qt::ShiftModifier;
+        return alt || event.modifiers() & Qt::ShiftModifier;
     case Qt::Key_Z:
-        return false;
+        return alt;
     default:
         return true;
     }
+}
+
+/// Alt and a digit of the keypad: a part of the number of a byte.
+bool isByteDigit(const QKeyEvent &event) {
+    return event.modifiers() == (Qt::AltModifier | Qt::KeypadModifier) && event.key() >= Qt::Key_0 &&
+           event.key() <= Qt::Key_9;
 }
 
 bool isLineEndKey(const QKeyEvent &event) {
@@ -64,9 +74,12 @@ QKeyEvent heldKey(const QKeyEvent &event) {
 } // namespace
 
 bool TextPane::event(QEvent *event) {
-    if (event->type() == QEvent::ShortcutOverride && belongsToWindow(*static_cast<QKeyEvent *>(event))) {
-        event->ignore();
-        return false;
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        if (isByteDigit(key) || belongsToWindow(key)) {
+            event->setAccepted(isByteDigit(key));
+            return event->isAccepted();
+        }
     }
     return QPlainTextEdit::event(event);
 }
@@ -81,7 +94,10 @@ void TextPane::changeEvent(QEvent *event) {
 void TextPane::keyPressEvent(QKeyEvent *event) {
     const bool shift = event->modifiers() & Qt::ShiftModifier;
     const bool ctrl = event->modifiers() & Qt::ControlModifier && !(event->modifiers() & Qt::AltModifier);
-    if (belongsToWindow(*event)) {
+    if (isByteDigit(*event)) {
+        m_typedNumber = std::min(m_typedNumber.value_or(0) * 10 + event->key() - Qt::Key_0, kNoByte);
+        event->accept();
+    } else if (belongsToWindow(*event)) {
         event->ignore();
     } else if (ctrl && event->key() == Qt::Key_Z) {
         shift ? redo() : undo();
@@ -99,6 +115,11 @@ void TextPane::keyPressEvent(QKeyEvent *event) {
 
 void TextPane::keyReleaseEvent(QKeyEvent *event) {
     QPlainTextEdit::keyReleaseEvent(event);
+    if (event->key() == Qt::Key_Alt) {
+        if (const auto number = std::exchange(m_typedNumber, std::nullopt);
+            number && number < kNoByte && !isReadOnly())
+            setSelText(std::string(1, static_cast<char>(*number)));
+    }
     emit keyUp();
 }
 

@@ -187,7 +187,11 @@ int run(const std::vector<std::string> &words) {
     Arguments arguments;
     if (const auto reason = takeApart(*command, rest, arguments))
         return badUsage(std::string(command->name), *reason, &*command);
-    return command->run(arguments);
+    try {
+        return command->run(arguments);
+    } catch (const std::bad_alloc &) {
+        return unusable(command->name, "not enough memory");
+    }
 }
 
 } // namespace zolt::cli

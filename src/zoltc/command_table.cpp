@@ -4,10 +4,15 @@ namespace zolt::cli {
 
 const std::vector<Command> &commands() {
     static const std::vector<Command> table{
-        checkCommand(),   hpCommand(), symbolsCommand(), pdfCommand(), htmlCommand(), imageCommand(),
-#ifdef ZOLT_GLYPHS
+        checkCommand(),
+        hpCommand(),
         previewCommand(),
-#endif
+        countCommand(),
+        optimiseCommand(),
+        symbolsCommand(),
+        pdfCommand(),
+        htmlCommand(),
+        imageCommand(),
     };
     return table;
 }

@@ -73,6 +73,24 @@ TEST(TextPaneKeys, EditingKeysWriteCrLfAndByteNine) {
     EXPECT_EQ(shown.pane.Text(), "a\r\nb");
 }
 
+TEST(TextPaneKeys, AltWithANumberOnTheKeypadTypesItsByte) {
+    ShownPane shown;
+    const auto typeNumber = [&](const char *digits) {
+        // Qt Test would let Alt go after each digit.
+        for (; *digits; ++digits) {
+            QKeyEvent digit(QEvent::KeyPress, *digits, Qt::AltModifier | Qt::KeypadModifier,
+                            QString(QLatin1Char(*digits)));
+            QApplication::sendEvent(&shown.pane, &digit);
+        }
+        QTest::keyRelease(&shown.pane, Qt::Key_Alt);
+    };
+    for (const char *digits : {"0140", "91", "140", "0", "0256", "", "0255"})
+        typeNumber(digits);
+    EXPECT_EQ(shown.pane.Text(), std::string("\x8C[\x8C\0\xFF", 5));
+    shown.key(Qt::Key_B, Qt::AltModifier);
+    EXPECT_EQ(shown.pane.length(), 5) << "Alt with a letter is for menus";
+}
+
 TEST(TextPaneKeys, TheWindowsShortcutsReachTheWindow) {
     QMainWindow window;
     auto *pane = new TextPane(true);

@@ -82,6 +82,23 @@ TEST_F(DocumentCommands, HpRefusesNamesWithTheWindowsMessage) {
     EXPECT_EQ(runCommand({"hp", input, file("Drop"), "--reserved"}).code, 1);
 }
 
+TEST_F(DocumentCommands, OptimiseWritesADocumentAndCountPrintsFourLines) {
+    const std::string cell = "\x9E"
+                             "000000";
+    const std::string input = document(cell + "a b" + cell + "\r\n");
+    EXPECT_EQ(runCommand({"optimise", input, file("out"), "--partial"}).code, 0);
+    EXPECT_EQ(bytesOf(file("out")), cell + "a b\r\n");
+    EXPECT_EQ(runCommand({"optimise", "--total", input, input}).code, 0);
+    EXPECT_EQ(bytesOf(input), " a b\r\n");
+    EXPECT_EQ(runCommand({"optimise", input, file("out")}).code, 2);
+    EXPECT_EQ(runCommand({"optimise", input, file("out"), "--partial", "--total"}).code, 2);
+
+    const Outcome count = runCommand({"count", input});
+    EXPECT_EQ(count.code, 0);
+    EXPECT_EQ(count.output,
+              "Words: 2\nCharacters (excl. spaces): 2\nCharacters (incl. spaces): 4\nParagraphs: 0\n");
+}
+
 TEST_F(DocumentCommands, SayWhichFileCannotBeUsed) {
     const Outcome missing = runCommand({"hp", file("none"), file("Out")});
     EXPECT_EQ(missing.code, 2);
