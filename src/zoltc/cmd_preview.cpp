@@ -117,9 +117,9 @@ int runPreview(const Arguments &arguments) {
 Command previewCommand() {
     return {"preview",
             "INPUT OUTPUT",
-            "Shows a document as the calculator does. OUTPUT's extension decides:\n"
-            ".png, the dots of the text, black on white; .rtf, the rich text; .json, its texts, fonts,\n"
-            "pictures and menu entries.",
+            "Shows a document as the calculator does, as dots, rich text or JSON.\n"
+            "OUTPUT's extension decides: .png, the dots of the text, black on white; .rtf, the rich text;\n"
+            ".json, its texts, fonts, pictures and menu entries.",
             {{"style", "STYLE", "hp48 or wrapped: lines folded at 33 columns; normal: not folded (hp48)"},
              {"scale", "N", "pixels to the side of a dot in a .png, 1 to 16 (1)"}},
             2,
