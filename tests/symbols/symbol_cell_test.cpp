@@ -1,5 +1,7 @@
 #include "symbols/symbol_cell.h"
 
+#include "core/codes.h"
+
 #include <gtest/gtest.h>
 
 namespace zolt {
@@ -14,8 +16,12 @@ std::string picture(const CellDots &dots) {
     return text;
 }
 
+std::string cell(std::string_view digits) {
+    return kCellMark + std::string(digits);
+}
+
 struct CellCase {
-    std::string_view expression;
+    std::string expression;
     std::string_view grid;
     std::string_view preview;
 };
@@ -31,35 +37,21 @@ constexpr std::string_view kNothing = "..../..../..../..../..../....";
 
 INSTANTIATE_TEST_SUITE_P(
     Cells, ReadsExpression,
-    testing::Values(CellCase{"\x9E"
-                             "F00000",
-                             "####/..../..../..../..../....", "####/..../..../..../..../...."},
-                    CellCase{"\x9E"
-                             "842100",
-                             "...#/..#./.#../#.../..../....", "...#/..#./.#../#.../..../...."},
-                    CellCase{"", kNothing, kNothing}, CellCase{"\x9E", kNothing, kNothing},
-                    // Small letters are no digits: a blank row, and nothing in the preview.
-                    CellCase{"\x9E"
-                             "1a2f3F",
-                             "#.../..../.#../..../##../####", "#.../.#../##../####/..../...."},
-                    // The grid goes by position and never looks at the first character.
-                    CellCase{"F1", "#.../..../..../..../..../....", "####/#.../..../..../..../...."},
-                    CellCase{"\x9E"
-                             "00000012",
-                             kNothing, kNothing}));
+    testing::Values(
+        CellCase{cell("F00000"), "####/..../..../..../..../....", "####/..../..../..../..../...."},
+        CellCase{cell("842100"), "...#/..#./.#../#.../..../....", "...#/..#./.#../#.../..../...."},
+        CellCase{"", kNothing, kNothing}, CellCase{"\x9E", kNothing, kNothing},
+        // Small letters are no digits: a blank row, and nothing in the preview.
+        CellCase{cell("1a2f3F"), "#.../..../.#../..../##../####", "#.../.#../##../####/..../...."},
+        // The grid goes by position and never looks at the first character.
+        CellCase{"F1", "#.../..../..../..../..../....", "####/#.../..../..../..../...."},
+        CellCase{cell("00000012"), kNothing, kNothing}));
 
 TEST(SymbolCell, ComesBackFromItsDots) {
-    for (const std::string expression : {"\x9E"
-                                         "012345",
-                                         "\x9E"
-                                         "6789AB",
-                                         "\x9E"
-                                         "CDEF00"})
+    for (const std::string &expression : {cell("012345"), cell("6789AB"), cell("CDEF00")})
         EXPECT_EQ(Expressao(Transferir(expression)), expression);
-    EXPECT_EQ(Expressao(Transferir("any text")), "\x9E"
-                                                 "000000");
-    EXPECT_EQ(Expressao(filled()), "\x9E"
-                                   "FFFFFF");
+    EXPECT_EQ(Expressao(Transferir("any text")), cell("000000"));
+    EXPECT_EQ(Expressao(filled()), cell("FFFFFF"));
 }
 
 TEST(SymbolCell, TogglesOneSquareAtATime) {

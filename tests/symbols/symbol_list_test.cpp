@@ -59,12 +59,10 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(SymbolFile, HasACountLineAndTwoLinesASymbol) {
     SymbolList list;
     EXPECT_EQ(list.save(), " 0 \r\n");
-    list.add("Left, \"right\"", "\x9E"
-                                "F00000");
+    list.add("Left, \"right\"", "\x9EZ");
     list.add("two\r\nlines", "");
     const std::string file = list.save();
-    EXPECT_EQ(file, " 2 \r\nLeft, \"right\"\r\n\x9E"
-                    "F00000\r\ntwo  lines\r\n\r\n");
+    EXPECT_EQ(file, " 2 \r\nLeft, \"right\"\r\n\x9EZ\r\ntwo  lines\r\n\r\n");
     SymbolList again;
     EXPECT_TRUE(again.load(file).complete);
     EXPECT_EQ(again, list);

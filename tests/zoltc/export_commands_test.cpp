@@ -37,18 +37,15 @@ protected:
 };
 
 TEST_F(ExportCommands, SymbolsListsAndJoins) {
-    put("a.zls", " 1 \r\nLeft, \x8E\r\n\x9E"
-                 "F00000\r\n");
+    put("a.zls", " 1 \r\nLeft, \x8E\r\n\x9EZ\r\n");
     put("b.zls", " 3 \r\nb\r\nB\r\nc\r\n");
     EXPECT_EQ(zoltc({"symbols", "@a.zls"}), Done);
-    EXPECT_EQ(m_output, "Left, \x8E\t\x9E"
-                        "F00000\n");
+    EXPECT_EQ(m_output, "Left, \x8E\t\x9EZ\n");
     EXPECT_EQ(zoltc({"symbols", "@a.zls", "--import", "@b.zls", "--import=" + path("a.zls"), "@out.zls"}),
               Done);
     EXPECT_EQ(m_output + m_errors, "");
-    EXPECT_EQ(get("out.zls"), " 5 \r\nLeft, \x8E\r\n\x9E"
-                              "F00000\r\nb\r\nB\r\nc\r\n\r\n\r\n\r\nLeft, \x8E\r\n\x9E"
-                              "F00000\r\n");
+    EXPECT_EQ(get("out.zls"),
+              " 5 \r\nLeft, \x8E\r\n\x9EZ\r\nb\r\nB\r\nc\r\n\r\n\r\n\r\nLeft, \x8E\r\n\x9EZ\r\n");
     EXPECT_EQ(zoltc({"symbols", "@none.zls"}), Unusable);
     EXPECT_EQ(zoltc({"symbols", "@a.zls", "--import", "@none.zls", "@new.zls"}), Unusable);
     EXPECT_FALSE(exists("new.zls"));
