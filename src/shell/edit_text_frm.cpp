@@ -41,6 +41,9 @@ EditTextFrm::EditTextFrm(QWidget *frame)
     m_frame->toolbar(1)->hide();
     m_frame->showTextToolbars(true, true);
     m_frame->showMenus(m_menus);
+    m_frame->applyCharTool();
+    if (shared::settings.ChrTbExi == 1)
+        m_frame->MostrarCaracterTableFrm();
 
     applyPaneFont();
     applyPaneColours();
@@ -124,15 +127,19 @@ void EditTextFrm::setCaption(const std::string &fileTitle) {
     setCaption(fromFileName(fileTitle));
 }
 
-void EditTextFrm::applyPaneFont() {
+QFont EditTextFrm::fontOfSettings() {
     const Settings &settings = shared::settings;
     QFont font = zoltFont(QString::fromStdString(settings.TFntName), settings.TFntSize);
     font.setBold(isTrue(settings.TFntBold));
     font.setItalic(isTrue(settings.TFntItal));
     font.setUnderline(isTrue(settings.TFntUndl));
     font.setStrikeOut(isTrue(settings.TFntStrT));
+    return font;
+}
+
+void EditTextFrm::applyPaneFont() {
     for (TextPane *pane : m_panes)
-        pane->setPaneFont(font);
+        pane->setPaneFont(fontOfSettings());
     updateStatus();
 }
 
