@@ -15,6 +15,13 @@ const QList<MenuRow> kFileRows{
     {1, "MnuFicheiroGuardar", "&Save", "FicheiroGuardar", "Ctrl+G", "save"},
     {1, "MnuFicheiroGuardarcomo", "Save &As", "FicheiroGuardarComo"},
     {1, "MnuFicheiroSeparador2", "-"},
+    {1, "MnuFicheiroExportar", "Expor&t"},
+    {2, "MnuFicheiroExportarHTML", "Web Page (HTML)", "ExportarHTML", nullptr, "export-web"},
+    {2, "MnuFicheiroExportarPDF", "Adobe Portable Document Format (PDF)", "MnuFicheiroExportarPDF", nullptr,
+     "export-pdf"},
+    {1, "MnuFicheiroExportarPrevisualizarpaginaWeb", "Preview &Web Page",
+     "FicheiroExportarPrevisualizarpaginaWeb", nullptr, "preview-web"},
+    {1, "MnuFicheiroSeparador3", "-"},
     {1, "MnuFicheiroGuardarcomoficheiroHP", "&Integrity Test", "TesteDeIntegridade", nullptr,
      "integrity-test"},
     {1, "MnuFicheiroSeparador5", "-"},
@@ -49,6 +56,9 @@ const QList<MenuRow> kViewRows{
 
 const QList<MenuRow> kInsertRows{
     {0, "MnuInserir", "&Insert"},
+    {1, "MnuInserirSímbolo", "&Symbol"},
+    {2, "MnuInserirListadesímbolos", "Symbol &list", "MnuInserirListadesímbolos", nullptr, "symbol-list"},
+    {2, "MnuInserirCriarnovosímbolo", "&New symbol", "MnuInserirCriarnovosímbolo", nullptr, "new-symbol"},
     {1, "MnuInserirImagem", "&Image"},
     {2, "MnuInserirImagemBmpgifjpg", "&BMP GIF JPG ...", "MnuInserirImagemBmpgifjpg", nullptr,
      "insert-picture"},
@@ -97,6 +107,7 @@ const QList<MenuRow> &textPopUpTable() {
         {3, "MnuPopUpInserirImagemGrob", "&HP GROB", "MnuInserirImagemGrob", nullptr, "insert-grob"},
         {3, "MnuPopUpInserirImagemFormatovelda", "&ZOLT Image", "MnuInserirImagemFormatovelda", nullptr,
          "insert-zolt-image"},
+        {2, "MnuPopUpInserirSímbolo", "&Symbol", "MnuInserirListadesímbolos", nullptr, "symbol-list"},
     };
     return table;
 }
@@ -115,6 +126,11 @@ const QList<ToolRow> &textStandardToolbarTable() {
         {"Anular Introdução", "Undo", "undo", "EditarAnularintrodução"},
         {"Refazer Introdução", "Redo", "redo", "EditarAnularintrodução"},
         {"", "", nullptr},
+        {"Pré-visualizar a página Web", "Preview Web page", "preview-web",
+         "FicheiroExportarPrevisualizarpaginaWeb"},
+        {"Nova página Web", "Save as Web page", "export-web", "ExportarHTML"},
+        {"Pdf", "Export to Adobe Portable Document Format (PDF)", "export-pdf", "MnuFicheiroExportarPDF"},
+        {"", "", nullptr},
         {"Teste de integridade", "Integrity test", "integrity-test", "TesteDeIntegridade"},
         {"Ajuda", "Help", "help", "MnuAjudadozolt"},
     };
@@ -126,6 +142,8 @@ const QList<ToolRow> &textFormatToolbarTable() {
         {"Inserir imagem BMP", "Insert BMP GIF JPG ...", "insert-picture", "MnuInserirImagemBmpgifjpg"},
         {"Inserir imagem GROB", "Insert GROB image", "insert-grob", "MnuInserirImagemGrob"},
         {"Inserir imagem VELDA", "Insert ZOLT image", "insert-zolt-image", "MnuInserirImagemFormatovelda"},
+        {"Lista de símbolos", "Symbol list", "symbol-list", "MnuInserirListadesímbolos"},
+        {"Criar novo símbolo", "New symbol", "new-symbol", "MnuInserirCriarnovosímbolo"},
         {"", "", nullptr},
         {"Converter formatos de imagem", "Convert image formats", "convert-image",
          "MnuFerramentasConverterformatos"},

@@ -6,6 +6,7 @@
 #include "platform/message_box.h"
 #include "shell/about_frm.h"
 #include "shell/edit_text_conv_img_frm.h"
+#include "shell/edit_text_export_pdf_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/edit_text_frm_tables.h"
 #include "shell/edit_text_guardar_hp_frm.h"
@@ -16,6 +17,7 @@
 #include "shell/mensagem_frm.h"
 #include "shell/question_frm.h"
 #include "shell/shared_values.h"
+#include "shell/symbol_frm.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -126,6 +128,12 @@ void MDIFrm::MostrarQuestionFrm() {
 }
 void MDIFrm::MostrarMensagemFrm() {
     mostrar<MensagemFrm>();
+}
+void MDIFrm::MostrarSymbolFrm() {
+    mostrar<SymbolFrm>();
+}
+void MDIFrm::MostrarEditTextExportPDFFrm() {
+    mostrar<EditTextExportPDFFrm>();
 }
 void MDIFrm::MostrarEditTextGuardarHPFrm() {
     mostrar<EditTextGuardarHPFrm>();
