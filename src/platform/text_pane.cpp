@@ -4,6 +4,7 @@
 #include "platform/text_offsets.h"
 #include "platform/pane_layout.h"
 
+#include <QFontInfo>
 #include <QResizeEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -139,6 +140,8 @@ qsizetype TextPane::lineStartOfCaret() const {
 void TextPane::setPaneFont(const QFont &font) {
     QFont paneFont = font;
     QStringList families = font.families();
+    if (families.isEmpty())
+        families.append(QFontInfo(font).family());
     if (!families.contains(QStringLiteral("ZOLT")))
         families.append(QStringLiteral("ZOLT"));
     paneFont.setFamilies(families);
