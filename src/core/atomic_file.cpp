@@ -35,6 +35,13 @@ mode_t newFileMode() {
     return 0666 & ~mask;
 }
 
+/// Gives a new file the owner and the group of the old one. Only root may give files
+/// away, so that a failure is the usual outcome with another's file.
+void keepOwner(int fd, const struct stat &old) {
+    if (::fchown(fd, old.st_uid, old.st_gid) != 0) [[maybe_unused]]
+        const int groupAlone = ::fchown(fd, static_cast<uid_t>(-1), old.st_gid);
+}
+
 void flushFolder(const std::string &folder) {
     const int fd = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0)
@@ -46,20 +53,28 @@ void flushFolder(const std::string &folder) {
 } // namespace
 
 AtomicFile::AtomicFile(const std::string &path) : m_target(linkTarget(path)) {
+    open();
+}
+
+void AtomicFile::open() {
     struct stat status {};
     const bool exists = ::stat(m_target.c_str(), &status) == 0;
+    if (!exists && errno != ENOENT)
+        return fail(errno);
     if (exists && !S_ISREG(status.st_mode)) {
         m_reason = S_ISDIR(status.st_mode) ? std::strerror(EISDIR) : "Not a regular file";
         return;
     }
     // A file that its owner made read-only is not replaced behind his back.
-    if (exists && ::access(m_target.c_str(), W_OK) != 0) {
-        fail(errno);
-        return;
-    }
+    if (exists && ::access(m_target.c_str(), W_OK) != 0)
+        return fail(errno);
     m_beside = folderOf(m_target) + ".zolt-XXXXXX";
     m_fd = ::mkostemp(m_beside.data(), O_CLOEXEC);
-    if (m_fd < 0 || ::fchmod(m_fd, exists ? status.st_mode & 07777 : newFileMode()) != 0)
+    if (m_fd < 0)
+        return fail(errno);
+    if (exists)
+        keepOwner(m_fd, status);
+    if (::fchmod(m_fd, exists ? status.st_mode & 0777 : newFileMode()) != 0)
         fail(errno);
 }
 

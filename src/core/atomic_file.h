@@ -7,9 +7,11 @@ namespace zolt {
 
 /// A file that is written piece by piece and takes its place whole or not at all:
 /// the bytes go into a new file beside it, and commit() puts that in its place.
-/// Symbolic links stay links, and an existing file keeps its permissions. The first
-/// failure is kept; what is appended after it is dropped. Without a commit nothing
-/// has changed and the new file is gone.
+/// Symbolic links stay links, and an existing file keeps its permissions and, where
+/// the user may give it away, its owner; other hard links keep the old contents.
+/// Only regular files that may be written are replaced. The first failure is kept;
+/// what is appended after it is dropped. Without a commit nothing has changed and
+/// the new file is gone.
 class AtomicFile {
 public:
     explicit AtomicFile(const std::string &path);
@@ -23,6 +25,7 @@ public:
     std::string commit();
 
 private:
+    void open();
     void fail(int error);
 
     std::string m_target;

@@ -22,10 +22,9 @@ inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30;
 /// Reads a whole regular file. `path` holds the bytes that the file system uses.
 FileContents readFile(const std::string &path, std::uint64_t largest = kLargestFile);
 
-/// Replaces the file `path` by `bytes`, or makes it: writes a new file beside it,
-/// flushes it to the disk and renames it, so that at every moment the old or the
-/// new contents stand there whole. Symbolic links stay links, and an existing
-/// file keeps its permissions. Returns the reason of a failure, else an empty text.
+/// Replaces the file `path` by `bytes`, or makes it, as an AtomicFile does: at every
+/// moment the old or the new contents stand there whole. Returns the reason of a
+/// failure, else an empty text.
 std::string writeFile(const std::string &path, std::string_view bytes);
 
 /// The part of a path up to and including its last separator; empty without one.

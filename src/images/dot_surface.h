@@ -6,18 +6,28 @@
 
 namespace zolt {
 
+/// The side of a dot in pictures and windows, in pixels.
+inline constexpr int kPixelsPerDot = 2;
+/// Dots side by side that one hexadecimal digit holds.
+inline constexpr int kDotsPerDigit = 4;
 /// The largest side of a surface, in dots.
 inline constexpr int kLargestSide = 32767;
-/// The most dots of one surface; 64 MiB of memory.
-inline constexpr std::int64_t kMostDots = std::int64_t{1} << 26;
+/// The most dots of one surface: 16 MiB of memory, and 192 MiB as a picture of 24
+/// bits with 2 by 2 pixels a dot.
+inline constexpr std::int64_t kMostDots = std::int64_t{1} << 24;
+
+/// Whether a surface of `width` by `height` dots can be made and holds a dot.
+constexpr bool isSurfaceSize(std::int64_t width, std::int64_t height) {
+    return width > 0 && height > 0 && width <= kLargestSide && height <= kLargestSide &&
+           width * height <= kMostDots;
+}
 
 /// A rectangle of dots, each on or off. Dot (0, 0) is the top left one, x grows to
 /// the right and y downwards. All dots are off at first.
 class DotSurface {
 public:
     DotSurface() = default;
-    /// A surface of `width` by `height` dots. Sizes below 0 count as 0; a surface
-    /// that would hold more than kMostDots is empty.
+    /// A surface of `width` by `height` dots, empty if isSurfaceSize() says no.
     DotSurface(int width, int height);
 
     int width() const { return m_width; }
@@ -25,9 +35,7 @@ public:
     bool isEmpty() const { return m_width == 0 || m_height == 0; }
 
     /// Whether a dot is on; positions outside the surface are off.
-    bool dot(int x, int y) const {
-        return inside(x, y) && m_dots[index(x, y)] != 0;
-    }
+    bool dot(int x, int y) const { return inside(x, y) && m_dots[index(x, y)] != 0; }
     /// Turns a dot on or off; positions outside the surface change nothing.
     void setDot(int x, int y, bool on = true) {
         if (inside(x, y))
@@ -38,6 +46,11 @@ public:
     std::uint8_t *row(int y) { return &m_dots[index(0, y)]; }
 
     void clear();
+    /// Turns the dots of a digit on, the lowest bit at (x, y) and the highest at
+    /// (x + 3, y). Dots outside the surface change nothing.
+    void setDigit(std::int64_t x, std::int64_t y, int value);
+    /// The digit of the four dots at (x, y) to (x + 3, y).
+    int digit(int x, int y) const;
     bool operator==(const DotSurface &) const = default;
 
 private:

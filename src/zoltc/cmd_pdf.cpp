@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdio>
 #include <optional>
 
@@ -25,13 +24,6 @@ struct PageSize {
 };
 
 constexpr std::array<PageSize, 3> kPageSizes{{{"8.5x11", 8.5, 11}, {"8.5x14", 8.5, 14}, {"14x11", 14, 11}}};
-
-std::optional<int> wholeNumber(const std::string &text) {
-    int number = 0;
-    const char *end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    return read.ec == std::errc() && read.ptr == end ? std::optional(number) : std::nullopt;
-}
 
 std::tm localTime() {
     const std::time_t now = std::time(nullptr);

@@ -3,14 +3,16 @@
 #include "core/file.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
-#include <optional>
 
 namespace zolt::cli {
 
 namespace {
 
-void put(std::FILE *stream, std::string_view text) { std::fwrite(text.data(), 1, text.size(), stream); }
+void put(std::FILE *stream, std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stream);
+}
 
 std::string optionForm(const Option &option) {
     std::string form = "--" + std::string(option.name);
@@ -104,9 +106,25 @@ std::string Arguments::value(std::string_view option, std::string_view otherwise
     return found == options.end() || found->second.empty() ? std::string(otherwise) : found->second.back();
 }
 
+std::optional<int> wholeNumber(std::string_view text) {
+    int number = 0;
+    const char *end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number);
+    return read.ec == std::errc() && read.ptr == end ? std::optional(number) : std::nullopt;
+}
+
 int unusable(std::string_view file, std::string_view reason) {
     put(stderr, "zoltc: " + std::string(file) + ": " + std::string(reason) + "\n");
     return Unusable;
+}
+
+std::string extensionOf(std::string_view file) {
+    const std::string title = titleOf(file);
+    const std::size_t dot = title.rfind('.');
+    std::string name(dot == std::string::npos ? "" : title.substr(dot + 1));
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return name;
 }
 
 bool readInput(const std::string &file, std::string &bytes) {
@@ -157,8 +175,8 @@ int run(const std::vector<std::string> &words) {
         return Done;
     }
     const auto &table = commands();
-    const auto command = std::find_if(table.begin(), table.end(),
-                                      [&](const Command &c) { return c.name == words.front(); });
+    const auto command =
+        std::find_if(table.begin(), table.end(), [&](const Command &c) { return c.name == words.front(); });
     if (command == table.end())
         return badUsage(words.front(), "no such command", nullptr);
     const std::vector<std::string> rest(words.begin() + 1, words.end());
@@ -169,7 +187,11 @@ int run(const std::vector<std::string> &words) {
     Arguments arguments;
     if (const auto reason = takeApart(*command, rest, arguments))
         return badUsage(std::string(command->name), *reason, &*command);
-    return command->run(arguments);
+    try {
+        return command->run(arguments);
+    } catch (const std::bad_alloc &) {
+        return unusable(command->name, "not enough memory");
+    }
 }
 
 } // namespace zolt::cli

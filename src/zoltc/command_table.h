@@ -5,8 +5,14 @@
 namespace zolt::cli {
 
 // One row for each command, each made in the file of the command's name.
+Command checkCommand();
+Command countCommand();
+Command hpCommand();
 Command htmlCommand();
+Command imageCommand();
+Command optimiseCommand();
 Command pdfCommand();
+Command previewCommand();
 Command symbolsCommand();
 
 } // namespace zolt::cli

@@ -1,0 +1,2 @@
+add_executable(images_bench images_bench.cpp)
+target_link_libraries(images_bench PRIVATE zolt_pictures)

@@ -1,0 +1,115 @@
+// Times of the text pane in long documents: until one is shown, and until a
+// typed key has been painted and the status bar's questions are answered.
+// Runs on any Qt platform; without a display: QT_QPA_PLATFORM=offscreen.
+
+#include "platform/text_pane.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QWindow>
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+constexpr std::size_t kDocumentBytes = 10'000'000;
+
+std::string documentOfLines(std::size_t columns) {
+    static constexpr std::string_view kWords = "Um texto de linhas e palavras, (x+1)/2 = 50% ... fim; ";
+    std::string line;
+    while (line.size() < columns)
+        line += kWords[line.size() % kWords.size()];
+    line += "\r\n";
+    std::string text;
+    text.reserve(kDocumentBytes + line.size());
+    while (text.size() < kDocumentBytes)
+        text += line;
+    return text;
+}
+
+double milliseconds(const QElapsedTimer &timer) {
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+qsizetype g_answers = 0; // so that no question is left out
+
+double keyTime(zolt::TextPane &pane) {
+    QElapsedTimer timer;
+    timer.start();
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+    QApplication::sendEvent(&pane, &press);
+    g_answers += pane.lineOfOffset(pane.selEnd()) + pane.lineStartOfCaret() + pane.length();
+    pane.viewport()->repaint(); // all of the view, more than a key asks for
+    return milliseconds(timer);
+}
+
+void measure(const char *name, const std::string &text, bool wraps) {
+    zolt::TextPane pane(wraps);
+    pane.resize(800, 600);
+    pane.setPaneFont(QFont(QStringLiteral("Liberation Mono"), 10));
+    QElapsedTimer timer;
+    timer.start();
+    pane.setText(text);
+    const double set = milliseconds(timer);
+    pane.show();
+    while (!pane.windowHandle()->isExposed())
+        QApplication::processEvents();
+    pane.viewport()->repaint();
+    const double shown = milliseconds(timer);
+    timer.restart();
+    const int lines = pane.displayLineCount();
+    const double counted = milliseconds(timer);
+    std::printf("%-22s %-7s set %6.0f ms, shown %6.0f ms, %d lines counted %6.1f ms\n", name,
+                wraps ? "wraps" : "doesn't", set, shown, lines, counted);
+
+    const struct {
+        const char *name;
+        qsizetype offset;
+    } places[] = {{"start", 0}, {"middle", pane.length() / 2}, {"end", pane.length()}};
+    for (const auto &place : places) {
+        timer.restart();
+        pane.setSelStart(place.offset);
+        pane.viewport()->repaint();
+        const double jump = milliseconds(timer);
+        std::vector<double> times;
+        for (int i = 0; i < 30; ++i)
+            times.push_back(keyTime(pane));
+        const double first = times.front();
+        std::sort(times.begin(), times.end());
+        std::printf("    key at the %-7s jump %7.2f ms, first %7.2f ms, median %6.2f ms, worst %7.2f ms\n",
+                    place.name, jump, first, times[times.size() / 2], times.back());
+    }
+    timer.restart();
+    pane.resize(700, 600);
+    QApplication::processEvents(); // the view's own resize comes by an event
+    pane.viewport()->repaint();
+    const double resized = milliseconds(timer);
+    timer.restart();
+    g_answers += pane.lineOfOffset(pane.length());
+    std::printf("    resize %6.1f ms, the last line's number after it %6.1f ms\n", resized,
+                milliseconds(timer));
+    timer.restart();
+    std::string read = pane.Text();
+    std::printf("    Text %6.1f ms (%zu bytes)\n", milliseconds(timer), read.size());
+    std::replace(read.begin(), read.end(), 'e', 'E');
+    timer.restart();
+    pane.replaceText(read);
+    const double replaced = milliseconds(timer);
+    timer.restart();
+    pane.undo();
+    std::printf("    replaceText of all %6.1f ms, its undo %6.1f ms\n", replaced, milliseconds(timer));
+    std::fflush(stdout);
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    QApplication application(argc, argv);
+    for (const bool wraps : {false, true}) {
+        measure("10 MB, 33 columns", documentOfLines(33), wraps);
+        measure("10 MB, 300 columns", documentOfLines(300), wraps);
+        measure("one line of 1 MB", std::string(1'000'000, 'x'), wraps);
+    }
+}

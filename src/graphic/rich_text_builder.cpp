@@ -1,0 +1,56 @@
+#include "graphic/rich_text_builder.h"
+
+#include "core/codes.h"
+
+#include <utility>
+
+namespace zolt {
+
+void RichTextBuilder::append(std::string_view characters, const CharFormat &format) {
+    if (characters.empty())
+        return;
+    std::vector<Run> &runs = m_text.paragraphs.back().runs;
+    if (!runs.empty() && runs.back().format == format) {
+        if (auto *last = std::get_if<std::string>(&runs.back().content)) {
+            *last += characters;
+            return;
+        }
+    }
+    runs.push_back({format, std::string(characters)});
+}
+
+void RichTextBuilder::append(RichPicture picture, const CharFormat &format) {
+    m_text.paragraphs.back().runs.push_back({format, std::move(picture)});
+}
+
+void RichTextBuilder::endParagraph() {
+    m_text.paragraphs.emplace_back();
+}
+
+bool RichTextBuilder::takeBack(char character) {
+    std::vector<Run> &runs = m_text.paragraphs.back().runs;
+    if (runs.empty())
+        return false;
+    auto *last = std::get_if<std::string>(&runs.back().content);
+    if (!last || last->back() != character)
+        return false;
+    last->pop_back();
+    if (last->empty())
+        runs.pop_back();
+    return true;
+}
+
+RichText richTextFromPlainText(std::string_view plain, const CharFormat &format) {
+    RichTextBuilder builder;
+    while (true) {
+        const std::size_t end = plain.find(kLineEnd);
+        builder.append(plain.substr(0, end), format);
+        if (end == std::string_view::npos)
+            break;
+        builder.endParagraph();
+        plain.remove_prefix(end + kLineEnd.size());
+    }
+    return std::move(builder.text());
+}
+
+} // namespace zolt

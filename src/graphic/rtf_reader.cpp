@@ -1,0 +1,346 @@
+#include "graphic/rtf_reader.h"
+
+#include "core/document.h"
+#include "graphic/rtf_reading.h"
+
+#include <optional>
+#include <utility>
+
+namespace zolt {
+
+namespace {
+
+/// Groups nested deeper than this share one state, so that a source of nothing but
+/// braces takes no memory.
+constexpr std::size_t kDeepestGroup = 4096;
+constexpr std::size_t kLongestPropertyName = 32;
+constexpr std::size_t kReportEvery = 4096;
+
+} // namespace
+
+RichText RtfReader::read() {
+    std::size_t reported = 0;
+    for (RtfToken token = m_tokens.next(); token.kind != RtfToken::Kind::End; token = m_tokens.next()) {
+        if (m_tokens.position() - reported >= kReportEvery) {
+            reported = m_tokens.position();
+            if (!goOn(m_progress, reported, m_size))
+                return {};
+        }
+        handle(token);
+        const bool closed = m_states.size() == 1 && token.kind == RtfToken::Kind::GroupEnd;
+        if (closed)
+            break;
+    }
+    RichText &text = m_builder.text();
+    if (m_builder.paragraphIsEmpty() && text.paragraphs.size() > 1)
+        text.paragraphs.pop_back();
+    m_fonts.endEntry();
+    text.fonts = m_fonts.takeNames();
+    return std::move(text);
+}
+
+void RtfReader::handle(const RtfToken &token) {
+    switch (token.kind) {
+    case RtfToken::Kind::GroupStart:
+        return startGroup();
+    case RtfToken::Kind::GroupEnd:
+        return endGroup();
+    case RtfToken::Kind::Word:
+        return word(token);
+    case RtfToken::Kind::Symbol:
+        return symbol(token);
+    case RtfToken::Kind::Byte: {
+        const char byte = static_cast<char>(token.parameter);
+        return characters({&byte, 1});
+    }
+    case RtfToken::Kind::Text:
+        return characters(token.text);
+    case RtfToken::Kind::Binary:
+        if (state().destination == RtfDestination::Picture)
+            m_picture.bytes += token.text;
+        return;
+    case RtfToken::Kind::End:
+        return;
+    }
+}
+
+void RtfReader::startGroup() {
+    m_fallbackLeft = 0;
+    m_optional = false;
+    if (m_states.size() == kDeepestGroup)
+        ++m_deeper;
+    else
+        m_states.push_back(m_states.back());
+}
+
+void RtfReader::endGroup() {
+    m_fallbackLeft = 0;
+    m_optional = false;
+    if (m_deeper > 0) {
+        --m_deeper;
+        return;
+    }
+    if (m_states.size() == 1)
+        return;
+    const RtfState inner = m_states.back();
+    m_states.pop_back();
+    if (inner.destination != state().destination)
+        leave(inner);
+}
+
+void RtfReader::leave(const RtfState &inner) {
+    if (inner.destination == RtfDestination::Picture) {
+        finishPicture();
+    } else if (inner.destination == RtfDestination::FontTable) {
+        m_fonts.endEntry();
+        setFont(state().font);
+    }
+}
+
+void RtfReader::word(const RtfToken &token) {
+    const bool optional = std::exchange(m_optional, false);
+    if (skipping())
+        return;
+    if (const auto found = specialCharacters().find(token.text); found != specialCharacters().end()) {
+        appendCharacter(found->second);
+        return;
+    }
+    m_fallbackLeft = 0;
+    if (const auto found = destinations().find(token.text); found != destinations().end())
+        enter(found->second);
+    else if (optional)
+        enter(RtfDestination::Skip);
+    else if (const auto handler = words().find(token.text); handler != words().end())
+        handler->second(*this, token);
+}
+
+void RtfReader::symbol(const RtfToken &token) {
+    switch (token.text.front()) {
+    case '*':
+        m_optional = true;
+        break;
+    case '\\':
+    case '{':
+    case '}':
+        characters(token.text);
+        break;
+    case '~':
+        appendCharacter(U'\u00A0');
+        break;
+    case '_':
+        appendCharacter(U'-');
+        break;
+    case '\t':
+        appendCharacter(U'\t');
+        break;
+    case '\r':
+    case '\n':
+        endParagraph();
+        break;
+    default:
+        break;
+    }
+}
+
+void RtfReader::enter(RtfDestination destination) {
+    switch (destination) {
+    case RtfDestination::PreferredPicture:
+        m_preferredPictureRead = false;
+        return;
+    case RtfDestination::OtherPicture:
+        if (!std::exchange(m_preferredPictureRead, false))
+            return;
+        destination = RtfDestination::Skip;
+        break;
+    case RtfDestination::Picture:
+        if (!takesShapePicture())
+            destination = RtfDestination::Skip;
+        m_picture = {};
+        m_highDigit = -1;
+        break;
+    case RtfDestination::Shape:
+        m_shape = {};
+        break;
+    case RtfDestination::ShapePropertyName:
+        m_shapeProperty.clear();
+        break;
+    default:
+        break;
+    }
+    state().destination = destination;
+}
+
+bool RtfReader::takesShapePicture() const {
+    const RtfDestination around = m_states.back().destination;
+    return around == RtfDestination::Text ||
+           (around == RtfDestination::ShapePropertyValue && m_shapeProperty == "pib");
+}
+
+void RtfReader::finishPicture() {
+    if (state().destination == RtfDestination::ShapePropertyValue) {
+        m_picture.goalWidth = m_shape.width();
+        m_picture.goalHeight = m_shape.height();
+    }
+    std::optional<RichPicture> picture = richPicture(std::exchange(m_picture, {}));
+    if (!picture || state().hidden)
+        return;
+    m_preferredPictureRead = true;
+    separateCells();
+    m_builder.append(std::move(*picture), format());
+}
+
+void RtfReader::characters(std::string_view bytes) {
+    const std::size_t dropped = std::min(bytes.size(), static_cast<std::size_t>(m_fallbackLeft));
+    m_fallbackLeft -= static_cast<int>(dropped);
+    bytes.remove_prefix(dropped);
+    if (bytes.empty())
+        return;
+    switch (state().destination) {
+    case RtfDestination::Text:
+        return appendText(bytes);
+    case RtfDestination::FontTable:
+        return m_fonts.appendToName(bytes);
+    case RtfDestination::ColourTable:
+        for (std::ptrdiff_t ends = std::count(bytes.begin(), bytes.end(), ';'); ends > 0; --ends)
+            m_colours.endEntry();
+        return;
+    case RtfDestination::Picture:
+        return hexDigits(bytes);
+    case RtfDestination::ShapePropertyName:
+        if (m_shapeProperty.size() < kLongestPropertyName)
+            m_shapeProperty += bytes.substr(0, kLongestPropertyName);
+        return;
+    default:
+        return;
+    }
+}
+
+void RtfReader::hexDigits(std::string_view digits) {
+    for (const char c : digits) {
+        const int value = rtfHexValue(c);
+        if (value < 0)
+            continue;
+        if (m_highDigit < 0) {
+            m_highDigit = value;
+            continue;
+        }
+        m_picture.bytes += static_cast<char>(m_highDigit * 16 + value);
+        m_highDigit = -1;
+    }
+}
+
+/// Characters beyond 65535 come as two values; the first of them shows nothing.
+void RtfReader::unicode(int value) {
+    const char32_t unit = static_cast<std::uint16_t>(value);
+    const bool firstOfTwo = unit >= 0xD800 && unit < 0xDC00;
+    const bool ofSymbolFont = unit >= 0xF000 && unit <= 0xF0FF;
+    if (!firstOfTwo)
+        appendCharacter(ofSymbolFont ? unit - 0xF000 : unit);
+    m_fallbackLeft = state().fallbackLength;
+}
+
+void RtfReader::appendText(std::string_view bytes) {
+    if (state().codePage == RtfFontTable::kBytesAsTheyStand) {
+        append(bytes);
+        return;
+    }
+    const RtfTranslations::Table &table = m_translations.of(state().codePage);
+    std::string translated(bytes);
+    for (char &c : translated)
+        c = table[static_cast<unsigned char>(c)];
+    append(translated);
+}
+
+void RtfReader::appendCharacter(char32_t character) {
+    if (m_fallbackLeft > 0) {
+        --m_fallbackLeft;
+        return;
+    }
+    const char byte = static_cast<char>(byteForUnicode(character));
+    if (state().destination == RtfDestination::FontTable)
+        m_fonts.appendToName({&byte, 1});
+    else if (state().destination == RtfDestination::Text)
+        append({&byte, 1});
+}
+
+/// A CR and the LF behind it end a line, however they were written.
+void RtfReader::append(std::string_view bytes) {
+    if (state().hidden)
+        return;
+    separateCells();
+    if (bytes.front() == '\n' && m_builder.takeBack('\r'))
+        m_builder.endParagraph();
+    else
+        m_builder.append(bytes, format());
+}
+
+void RtfReader::endParagraph() {
+    if (state().destination != RtfDestination::Text || state().hidden)
+        return;
+    separateCells();
+    m_builder.endParagraph();
+}
+
+void RtfReader::endLineIfBegun() {
+    if (!m_builder.paragraphIsEmpty())
+        endParagraph();
+}
+
+/// A cell's end becomes a tab once another cell follows.
+void RtfReader::endCell() {
+    if (state().destination != RtfDestination::Text)
+        return;
+    separateCells();
+    m_cellEnded = true;
+}
+
+void RtfReader::endRow() {
+    if (state().destination != RtfDestination::Text)
+        return;
+    m_cellEnded = false;
+    m_builder.endParagraph();
+}
+
+void RtfReader::separateCells() {
+    if (std::exchange(m_cellEnded, false))
+        m_builder.append("\t", format());
+}
+
+void RtfReader::setPlain() {
+    state().hidden = false;
+    format() = RtfState{}.format;
+    setFont(m_defaultFont);
+}
+
+void RtfReader::setFont(int number) {
+    if (state().destination == RtfDestination::FontTable) {
+        m_fonts.begin(number);
+        return;
+    }
+    state().font = number;
+    format().font = m_fonts.index(number);
+    state().codePage = m_fonts.codePage(number, m_documentCodePage);
+}
+
+void RtfReader::setDocumentCodePage(int codePage) {
+    m_documentCodePage = codePage;
+    setFont(state().font);
+}
+
+void RtfReader::setHalfPoints(int halfPoints) {
+    constexpr int kLargest = std::numeric_limits<std::uint16_t>::max();
+    if (halfPoints > 0)
+        format().halfPoints = static_cast<std::uint16_t>(std::min(halfPoints, kLargest));
+}
+
+bool isRtf(std::string_view bytes) {
+    return bytes.starts_with("{\\rtf");
+}
+
+RichText richTextFromRtf(std::string_view rtf, const Progress &progress) {
+    if (!isRtf(rtf))
+        return richTextFromPlainText(documentFromFile(rtf, progress));
+    return RtfReader(rtf, progress).read();
+}
+
+} // namespace zolt

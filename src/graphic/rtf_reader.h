@@ -1,0 +1,30 @@
+#pragma once
+
+#include "core/progress.h"
+#include "graphic/rich_text.h"
+
+#include <string_view>
+
+namespace zolt {
+
+/// The rich text in an RTF source, as WordPad, Word, LibreOffice or rtfFromRichText
+/// write it: characters, fonts, sizes, colours, the four attributes and pictures
+/// that are PNG, JPEG or a DIB (bare or in a metafile). Everything else is skipped:
+/// styles, headers and footers, notes, hidden text, what programs keep for
+/// themselves.
+///
+/// A character is translated from its code page to the byte that the document would
+/// hold for it, "?" where there is none; in the calculator's fonts, and in code page
+/// 1252, a byte is a character as it stands. A \par at the very end ends the last
+/// paragraph and begins no new one. A table's cells are parted by tabs, its rows by
+/// line ends.
+///
+/// A source that is cut off or damaged gives what could be read. A source that
+/// doesn't begin with "{\rtf" is taken as the file of a plain text. Reports the
+/// bytes read; when `progress` asks to stop, the result is an empty text.
+RichText richTextFromRtf(std::string_view rtf, const Progress &progress = {});
+
+/// Whether the bytes begin like RTF.
+bool isRtf(std::string_view bytes);
+
+} // namespace zolt

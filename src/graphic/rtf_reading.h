@@ -1,0 +1,136 @@
+#pragma once
+
+#include "core/progress.h"
+#include "graphic/rich_text_builder.h"
+#include "graphic/rtf_picture.h"
+#include "graphic/rtf_tables.h"
+#include "graphic/rtf_tokenizer.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zolt {
+
+/// What becomes of the characters of a group.
+enum class RtfDestination {
+    Text,
+    Skip,
+    FontTable,
+    ColourTable,
+    Picture,
+    /// A drawn shape: its text and its picture count, its properties don't.
+    Shape,
+    ShapePropertyName,
+    ShapePropertyValue,
+    /// A picture, and behind it the same picture for programs that can't read it.
+    PreferredPicture,
+    OtherPicture,
+};
+
+struct RtfState {
+    RtfDestination destination = RtfDestination::Text;
+    int font = 0;
+    int codePage = kWindowsCodePage;
+    /// How many characters stand behind \u for programs without Unicode.
+    int fallbackLength = 1;
+    bool hidden = false;
+    CharFormat format{.font = 0, .halfPoints = 24};
+};
+
+/// The edges of a drawn shape, in twips.
+struct RtfShapeEdges {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+
+    int width() const { return distance(left, right); }
+    int height() const { return distance(top, bottom); }
+
+private:
+    static int distance(std::int64_t from, std::int64_t to) {
+        return static_cast<int>(std::clamp<std::int64_t>(to - from, 0, std::numeric_limits<int>::max()));
+    }
+};
+
+/// The work of richTextFromRtf: a walk over the tokens with a stack of states, one
+/// an open group. What a control word does stands in the tables of
+/// rtf_control_words.cpp.
+class RtfReader {
+public:
+    RtfReader(std::string_view rtf, const Progress &progress)
+        : m_size(rtf.size()), m_tokens(rtf), m_progress(progress) {}
+
+    RichText read();
+
+private:
+    using Handler = void (*)(RtfReader &, const RtfToken &);
+
+    void handle(const RtfToken &token);
+    void startGroup();
+    void endGroup();
+    void leave(const RtfState &inner);
+    void word(const RtfToken &token);
+    void symbol(const RtfToken &token);
+    void characters(std::string_view bytes);
+    void hexDigits(std::string_view digits);
+    void unicode(int value);
+    void enter(RtfDestination destination);
+    bool takesShapePicture() const;
+    void finishPicture();
+
+    void appendText(std::string_view bytes);
+    void appendCharacter(char32_t character);
+    void append(std::string_view bytes);
+    void endParagraph();
+    void endLineIfBegun();
+    void endCell();
+    void endRow();
+    void separateCells();
+
+    void setPlain();
+    void setFont(int number);
+    void setDocumentCodePage(int codePage);
+    void setHalfPoints(int halfPoints);
+
+    RtfState &state() { return m_states.back(); }
+    CharFormat &format() { return state().format; }
+    bool skipping() const { return m_states.back().destination == RtfDestination::Skip; }
+
+    static const std::unordered_map<std::string_view, Handler> &words();
+    static const std::unordered_map<std::string_view, char32_t> &specialCharacters();
+    static const std::unordered_map<std::string_view, RtfDestination> &destinations();
+    static bool isOn(const RtfToken &token) { return token.parameterOr(1) != 0; }
+
+    std::size_t m_size;
+    RtfTokenizer m_tokens;
+    const Progress &m_progress;
+    RichTextBuilder m_builder;
+    RtfFontTable m_fonts;
+    RtfColourTable m_colours;
+    RtfTranslations m_translations;
+
+    std::vector<RtfState> m_states{RtfState{}};
+    /// Groups open beyond kDeepestGroup.
+    std::size_t m_deeper = 0;
+    int m_defaultFont = 0;
+    int m_documentCodePage = kWindowsCodePage;
+    /// The next word stands behind \*.
+    bool m_optional = false;
+    /// Characters still to drop behind \u.
+    int m_fallbackLeft = 0;
+    bool m_cellEnded = false;
+
+    RtfPicture m_picture;
+    int m_highDigit = -1;
+    bool m_preferredPictureRead = false;
+    RtfShapeEdges m_shape;
+    std::string m_shapeProperty;
+};
+
+} // namespace zolt

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "graphic/code_pages.h"
+#include "graphic/rich_text.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zolt {
+
+/// The font table of an RTF source: from the numbers that the text uses to names.
+class RtfFontTable {
+public:
+    /// While the table is read: begins the entry of a number, tells about it, ends it.
+    void begin(int number);
+    void setCharset(int charset) { m_entry.charset = charset; }
+    void setCodePage(int codePage) { m_entry.codePage = codePage; }
+    void appendToName(std::string_view bytes);
+    void endEntry();
+
+    /// The index of a font's name in names(); 0 for a number without an entry.
+    std::uint16_t index(int number) const;
+    /// How the font's bytes above 127 are read; kBytesAsTheyStand for the
+    /// calculator's fonts.
+    int codePage(int number, int documentCodePage) const;
+
+    /// The names in the order of the table, each once.
+    std::vector<std::string> takeNames();
+
+    static constexpr int kBytesAsTheyStand = kWindowsCodePage;
+
+private:
+    struct Entry {
+        std::uint16_t index = 0;
+        int charset = kDefaultCharset;
+        int codePage = 0;
+        bool ofTheCalculator = false;
+    };
+    static constexpr int kDefaultCharset = 1;
+
+    bool m_open = false;
+    int m_number = 0;
+    Entry m_entry;
+    std::string m_name;
+    std::unordered_map<int, Entry> m_entries;
+    std::unordered_map<std::string, std::uint16_t> m_indices;
+    std::vector<std::string> m_names;
+};
+
+/// The colour table: entries that set no component are the automatic colour.
+class RtfColourTable {
+public:
+    void setRed(int value) { setComponent(value, 0); }
+    void setGreen(int value) { setComponent(value, 8); }
+    void setBlue(int value) { setComponent(value, 16); }
+    void endEntry();
+    Colour colour(int number) const;
+
+private:
+    void setComponent(int value, int shift);
+
+    Colour m_colour = kWindowText;
+    std::vector<Colour> m_colours;
+};
+
+/// How the bytes of a code page are to be stored, as a table of 256 bytes.
+class RtfTranslations {
+public:
+    using Table = std::string;
+
+    const Table &of(int codePage);
+
+private:
+    std::unordered_map<int, Table> m_tables;
+};
+
+/// The byte that stands for a Unicode character in a document, "?" without one.
+unsigned char byteForUnicode(char32_t character);
+
+} // namespace zolt

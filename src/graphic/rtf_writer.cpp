@@ -1,0 +1,241 @@
+#include "graphic/rtf_writer.h"
+
+#include "graphic/rtf_picture.h"
+
+#include <cstddef>
+#include <string_view>
+#include <unordered_map>
+
+namespace zolt {
+
+namespace {
+
+constexpr std::string_view kHex = "0123456789abcdef";
+/// Bytes of a picture on one line of the source.
+constexpr std::size_t kBytesALine = 64;
+constexpr std::size_t kReportEvery = 4096;
+
+bool isSystemColour(Colour colour) {
+    return (colour & 0x80000000) != 0;
+}
+
+void appendHex(std::string &out, char byte) {
+    const auto value = static_cast<unsigned char>(byte);
+    out += kHex[value >> 4];
+    out += kHex[value & 15];
+}
+
+void appendCharacter(std::string &out, char c) {
+    if (c == '\\' || c == '{' || c == '}')
+        (out += '\\') += c;
+    else if (c == '\t')
+        out += "\\tab ";
+    else if (c >= ' ' && c <= '~')
+        out += c;
+    else
+        appendHex(out += "\\'", c);
+}
+
+class RtfWriter {
+public:
+    RtfWriter(const RichText &text, const Progress &progress) : m_text(text), m_progress(progress) {
+        countContents();
+    }
+
+    std::string write();
+
+private:
+    void countContents();
+    void writeFontTable();
+    void writeColourTable();
+    bool writeParagraphs();
+    bool writeRun(const Run &run);
+    void writeFormat(const CharFormat &format);
+    bool writeCharacters(std::string_view characters);
+    bool writePicture(const RichPicture &picture);
+
+    void number(std::string_view word, long value) { (m_out += word) += std::to_string(value); }
+    void flag(std::string_view word, bool before, bool now, bool &changed);
+    bool report(std::size_t bytes);
+
+    const RichText &m_text;
+    const Progress &m_progress;
+    std::string m_out;
+    /// Entry 0 of the table is the automatic colour.
+    std::unordered_map<Colour, std::size_t> m_colourNumbers;
+    std::vector<Colour> m_colours;
+    std::size_t m_total = 0;
+    std::size_t m_done = 0;
+    std::size_t m_reported = 0;
+    /// What \plain sets.
+    CharFormat m_format{.font = 0, .halfPoints = 24};
+};
+
+void RtfWriter::countContents() {
+    for (const Paragraph &paragraph : m_text.paragraphs) {
+        for (const Run &run : paragraph.runs) {
+            if (!isSystemColour(run.format.colour) &&
+                m_colourNumbers.try_emplace(run.format.colour, m_colours.size() + 1).second)
+                m_colours.push_back(run.format.colour);
+            const auto *characters = std::get_if<std::string>(&run.content);
+            m_total += characters ? characters->size() : std::get<RichPicture>(run.content).bytes.size();
+        }
+        ++m_total;
+    }
+}
+
+bool RtfWriter::report(std::size_t bytes) {
+    m_done += bytes;
+    if (m_done - m_reported < kReportEvery)
+        return true;
+    m_reported = m_done;
+    return goOn(m_progress, m_done, m_total);
+}
+
+std::string RtfWriter::write() {
+    m_out.reserve(m_total + m_total / 2 + 512);
+    m_out += "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1";
+    writeFontTable();
+    writeColourTable();
+    m_out += "\\pard\\plain ";
+    if (!writeParagraphs())
+        return {};
+    m_out += "}\r\n";
+    return std::move(m_out);
+}
+
+void RtfWriter::writeFontTable() {
+    m_out += "{\\fonttbl";
+    for (std::size_t i = 0; i < m_text.fonts.size(); ++i) {
+        number("{\\f", static_cast<long>(i));
+        m_out += "\\fnil\\fcharset0 ";
+        for (const char c : m_text.fonts[i]) {
+            if (c != ';')
+                appendCharacter(m_out, c);
+        }
+        m_out += ";}";
+    }
+    m_out += "}\r\n";
+}
+
+void RtfWriter::writeColourTable() {
+    m_out += "{\\colortbl ;";
+    for (const Colour colour : m_colours) {
+        number("\\red", colour & 255);
+        number("\\green", colour >> 8 & 255);
+        number("\\blue", colour >> 16 & 255);
+        m_out += ';';
+    }
+    m_out += "}\r\n";
+}
+
+bool RtfWriter::writeParagraphs() {
+    for (const Paragraph &paragraph : m_text.paragraphs) {
+        if (&paragraph != &m_text.paragraphs.front())
+            m_out += "\\par\r\n";
+        for (const Run &run : paragraph.runs) {
+            if (!writeRun(run))
+                return false;
+        }
+        if (!report(1))
+            return false;
+    }
+    // Readers take a \par at the very end as the end of the last paragraph, so an
+    // empty last paragraph needs one of its own.
+    if (!m_text.paragraphs.empty() && m_text.paragraphs.back().runs.empty())
+        m_out += "\\par\r\n";
+    return true;
+}
+
+bool RtfWriter::writeRun(const Run &run) {
+    writeFormat(run.format);
+    if (const auto *characters = std::get_if<std::string>(&run.content))
+        return writeCharacters(*characters);
+    return writePicture(std::get<RichPicture>(run.content));
+}
+
+void RtfWriter::flag(std::string_view word, bool before, bool now, bool &changed) {
+    if (before == now)
+        return;
+    m_out += word;
+    if (!now)
+        m_out += '0';
+    changed = true;
+}
+
+void RtfWriter::writeFormat(const CharFormat &format) {
+    bool changed = false;
+    if (format.font != m_format.font) {
+        number("\\f", format.font);
+        changed = true;
+    }
+    if (format.halfPoints != m_format.halfPoints) {
+        number("\\fs", format.halfPoints);
+        changed = true;
+    }
+    if (format.colour != m_format.colour) {
+        const auto entry = m_colourNumbers.find(format.colour);
+        number("\\cf", entry == m_colourNumbers.end() ? 0 : static_cast<long>(entry->second));
+        changed = true;
+    }
+    flag("\\b", m_format.bold, format.bold, changed);
+    flag("\\i", m_format.italic, format.italic, changed);
+    flag("\\ul", m_format.underline, format.underline, changed);
+    flag("\\strike", m_format.strikeThru, format.strikeThru, changed);
+    if (changed)
+        m_out += ' ';
+    m_format = format;
+}
+
+bool RtfWriter::writeCharacters(std::string_view characters) {
+    for (std::size_t i = 0; i < characters.size(); i += kReportEvery) {
+        const std::string_view piece = characters.substr(i, kReportEvery);
+        for (const char c : piece)
+            appendCharacter(m_out, c);
+        if (!report(piece.size()))
+            return false;
+    }
+    return true;
+}
+
+bool RtfWriter::writePicture(const RichPicture &picture) {
+    const PictureSize pixels = pictureSize(picture.bytes);
+    m_out += "{\\pict";
+    std::string_view bytes = picture.bytes;
+    std::string dib;
+    switch (picture.kind) {
+    case RichPicture::Kind::Png:
+        m_out += "\\pngblip";
+        break;
+    case RichPicture::Kind::Jpeg:
+        m_out += "\\jpegblip";
+        break;
+    case RichPicture::Kind::Bmp:
+        m_out += "\\dibitmap0";
+        dib = dibFromBmp(picture.bytes);
+        bytes = dib;
+        break;
+    }
+    number("\\picw", pixels.width);
+    number("\\pich", pixels.height);
+    number("\\picwgoal", picture.width);
+    number("\\pichgoal", picture.height);
+    for (std::size_t i = 0; i < bytes.size(); i += kBytesALine) {
+        m_out += "\r\n";
+        const std::string_view line = bytes.substr(i, kBytesALine);
+        for (const char c : line)
+            appendHex(m_out, c);
+        if (!report(line.size()))
+            return false;
+    }
+    m_out += "}";
+    return true;
+}
+
+} // namespace
+
+std::string rtfFromRichText(const RichText &text, const Progress &progress) {
+    return RtfWriter(text, progress).write();
+}
+
+} // namespace zolt

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zolt {
+
+struct ResultadoDoTeste {
+    /// Lines for the user, each ended by CR LF. Positions in them count from 1.
+    std::string relatório;
+    /// The document as one calculator string, between double quotes.
+    std::string textoCorrigido;
+    /// Inner double quotes and bad digits of cells; a missing outer quote is none.
+    std::size_t númeroDeErros = 0;
+};
+
+/// Tests whether a document can stand as one string of the calculator: a double
+/// quote at each end and none inside, and six digits in capitals behind each cell
+/// mark. Corrects the quotes; wrong cells stay as they are.
+ResultadoDoTeste testarIntegridade(std::string_view document);
+
+} // namespace zolt

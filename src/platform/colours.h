@@ -1,0 +1,26 @@
+#pragma once
+
+#include "graphic/rich_text.h"
+
+#include <QColor>
+#include <QPalette>
+#include <string>
+
+namespace zolt {
+
+/// The system colours that the settings may name, by their values.
+inline constexpr Colour kSystemWindow = 0x80000005;
+inline constexpr Colour kSystemWindowText = 0x80000008;
+
+/// The colour of a value: red in its low byte, blue in its high one. System
+/// colours are taken from the desktop's palette; one that it has no counterpart
+/// for gives the colour of `otherwise`.
+QColor qtColour(Colour value, QPalette::ColorRole otherwise);
+Colour colourValue(const QColor &colour);
+
+/// Colour values as the settings hold them: the decimal text of a signed 32-bit
+/// number. A text that is no number gives 0.
+Colour colourFromSetting(const std::string &text);
+std::string settingFromColour(Colour value);
+
+} // namespace zolt

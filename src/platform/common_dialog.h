@@ -1,0 +1,60 @@
+#pragma once
+
+#include "graphic/rich_text.h"
+
+#include <QFont>
+#include <QObject>
+#include <QString>
+#include <string>
+
+class QFileDialog;
+
+namespace zolt {
+
+/// How a common dialog ended.
+enum DialogError : int { kDialogDone = 0, kDialogCancelled = 32755 };
+
+/// Flags of the file dialogs; other bits have no meaning on this platform.
+enum DialogFlag : int { kOverwritePrompt = 0x2, kFileMustExist = 0x1000 };
+
+/// A file, colour or font dialog that keeps its values between two showings.
+/// Set the fields, show it, read the fields back. Its QDialog bears the object's
+/// name, so that a program can find and drive it while it stands.
+class CommonDialog : public QObject {
+    Q_OBJECT
+
+public:
+    explicit CommonDialog(const QString &name, QWidget *owner);
+
+    QString DialogTitle;
+    /// Pairs of caption and patterns, "Text (*.txt)|*.txt|GROB|*.grb;*.gro|".
+    QString Filter;
+    /// The pair preselected, from 1; afterwards the one chosen. An index beyond
+    /// the last pair means the last one.
+    int FilterIndex = 1;
+    int Flags = 0;
+    /// Where the dialog starts, as file system bytes: a folder, or a file in it.
+    std::string InitDir;
+    /// The full path, as file system bytes; empty while none was chosen.
+    std::string FileName;
+    Colour Color = 0;
+    QFont Font;
+
+    /// The file's name without its folder.
+    std::string FileTitle() const;
+
+    /// Both show the dialog and return kDialogDone with FileName set, or
+    /// kDialogCancelled with nothing changed.
+    int ShowOpen();
+    int ShowSave();
+    /// Color or Font takes the choice; the same results.
+    int ShowColor();
+    int ShowFont();
+
+private:
+    int showFileDialog(QFileDialog &dialog);
+
+    QWidget *m_owner;
+};
+
+} // namespace zolt

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace zolt {
+
+/// Opens a file in the program that the desktop has for it. `path` is file system
+/// bytes. False if the desktop has none.
+bool openInDesktop(const std::string &path);
+
+/// Text for the screen from bytes of code page 1252, and file names from theirs.
+QString fromWindows(std::string_view bytes);
+QString fromFileName(const std::string &bytes);
+
+} // namespace zolt

@@ -1,0 +1,121 @@
+#include "platform/held_text.h"
+
+#include "core/charset.h"
+
+#include <array>
+#include <cstdint>
+
+namespace zolt {
+
+namespace {
+
+constexpr char16_t kParagraph = QChar::ParagraphSeparator;
+
+/// Control characters, which Qt's layout hides or acts on; the no-break space,
+/// which its copies turn into a blank; the soft hyphen, which it hides.
+constexpr bool needsPrivateCharacter(unsigned char byte, char32_t character) {
+    return byte < 32 || (character >= 0x7F && character <= 0xA0) || character == 0xAD;
+}
+
+std::array<char16_t, 256> makeHeldCharacters() {
+    std::array<char16_t, 256> characters{};
+    for (unsigned code = 0; code < 256; ++code) {
+        const auto byte = static_cast<unsigned char>(code);
+        const char32_t character = windowsCharacter(byte);
+        characters[code] = needsPrivateCharacter(byte, character) ? static_cast<char16_t>(kHeldByte + code)
+                                                                  : static_cast<char16_t>(character);
+    }
+    return characters;
+}
+
+const std::array<char16_t, 256> &heldCharacters() {
+    static const std::array<char16_t, 256> characters = makeHeldCharacters();
+    return characters;
+}
+
+/// Byte of each character of the Basic Multilingual Plane; "?" where none.
+const std::array<unsigned char, 0x10000> &heldBytes() {
+    static const auto table = [] {
+        std::array<unsigned char, 0x10000> bytes;
+        bytes.fill('?');
+        for (unsigned code = 0; code < 256; ++code) {
+            bytes[heldCharacters()[code]] = static_cast<unsigned char>(code);
+            bytes[kHeldByte + code] = static_cast<unsigned char>(code);
+        }
+        return bytes;
+    }();
+    return table;
+}
+
+bool endsLine(char16_t character) {
+    return character == u'\r' || character == u'\n' || character == kParagraph ||
+           character == char16_t(QChar::LineSeparator);
+}
+
+} // namespace
+
+QString heldText(std::string_view bytes) {
+    const auto &characters = heldCharacters();
+    QString held(static_cast<qsizetype>(bytes.size()), Qt::Uninitialized);
+    QChar *out = held.data();
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') {
+            *out++ = QChar(kParagraph);
+            ++i;
+        } else {
+            *out++ = QChar(characters[static_cast<unsigned char>(bytes[i])]);
+        }
+    }
+    held.truncate(out - held.constData());
+    return held;
+}
+
+unsigned char byteOfHeldCharacter(QChar character) {
+    return heldBytes()[character.unicode()];
+}
+
+std::string bytesOfHeldText(QStringView held) {
+    const auto &table = heldBytes();
+    std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(held.size() + held.size() / 16));
+    for (const QChar c : held) {
+        if (c.unicode() == kParagraph)
+            bytes += "\r\n";
+        else
+            bytes += static_cast<char>(table[c.unicode()]);
+    }
+    return bytes;
+}
+
+std::string bytesOfOutsideText(QStringView text) {
+    std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(text.size()));
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t unit = text[i].unicode();
+        if (endsLine(unit)) {
+            bytes += "\r\n";
+            if (unit == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n')
+                ++i;
+        } else if (QChar::isHighSurrogate(unit)) {
+            bytes += '?';
+            if (i + 1 < text.size() && text[i + 1].isLowSurrogate())
+                ++i;
+        } else {
+            bytes += static_cast<char>(byteOfCharacter(unit).value_or('?'));
+        }
+    }
+    return bytes;
+}
+
+QString outsideText(std::string_view bytes) {
+    QString text;
+    text.reserve(static_cast<qsizetype>(bytes.size()));
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n')
+            continue;
+        text += QChar(static_cast<char16_t>(calculatorCharacter(static_cast<unsigned char>(bytes[i]))));
+    }
+    return text;
+}
+
+} // namespace zolt

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QFont>
+#include <QPlainTextDocumentLayout>
+#include <QTextBlock>
+#include <array>
+#include <optional>
+#include <vector>
+
+namespace zolt {
+
+/// The layout of a text pane's document. Qt's own one knows how many display
+/// lines a paragraph has once it has been shown; this one knows it always, since
+/// it breaks the lines itself: the width of a line is the sum of its characters'
+/// widths, as the pane's font has neither ligatures nor kerning. So the document
+/// finds the display line of any place by its tree of paragraphs, and the scroll
+/// bars are right.
+///
+/// A line is broken behind blanks, which may hang over the edge, and a word that
+/// is longer than a line anywhere.
+class PaneLayout : public QPlainTextDocumentLayout {
+    Q_OBJECT
+
+public:
+    /// The width is that of the view, if it wraps.
+    PaneLayout(QTextDocument *document, const QWidget *view, bool wraps);
+
+    bool wraps() const { return m_wraps; }
+
+    /// Lays a paragraph out, if that isn't done.
+    void layOut(const QTextBlock &block) const;
+    /// Counts all display lines anew, for a view of another width.
+    void countAllLines();
+
+    QRectF blockBoundingRect(const QTextBlock &block) const override;
+    QSizeF documentSize() const override;
+    QRectF frameBoundingRect(QTextFrame *frame) const override;
+
+protected:
+    void documentChanged(int from, int removed, int added) override;
+
+private:
+    void measureFont();
+    int widthOf(QChar character) const;
+    int availableWidth() const;
+    /// Where the display line that begins at `start` ends.
+    qsizetype lineEnd(QStringView text, qsizetype start) const;
+    int countLines(const QTextBlock &block) const;
+    void count(QTextBlock block);
+    /// The same for the paragraph in which is typed, with what an input method
+    /// is composing there.
+    void countLaidOut(QTextBlock block);
+    void noteWidth(const QTextBlock &block);
+
+    const QWidget *m_view;
+    bool m_wraps;
+    std::optional<QFont> m_font;         // that the widths are of
+    std::array<int, 256> m_byteWidths{}; // in 1/64 pixels, as all widths here
+    int m_greatestByteWidth = 0;
+    QSizeF m_reportedSize;
+    qint64 m_widestLine = 0; // seen since the lines were counted; if not wrapping
+};
+
+} // namespace zolt

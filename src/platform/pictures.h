@@ -1,0 +1,53 @@
+#pragma once
+
+#include "images/dot_surface.h"
+
+#include <QImage>
+#include <QRectF>
+#include <string>
+
+class QIODevice;
+
+namespace zolt {
+
+/// The message for a file that isn't one of the pictures that can be read.
+inline constexpr std::string_view kPictureNotRecognised = "Image format not recognized.";
+
+/// The most memory that one decoded picture may take.
+inline constexpr std::int64_t kMostPictureBytes = std::int64_t{200} << 20;
+
+/// What decoding gave. `image` is null if it failed, and `reason` then says why.
+struct LoadedPicture {
+    QImage image;
+    std::string reason;
+
+    bool ok() const { return !image.isNull(); }
+};
+
+/// Decodes a BMP, GIF, JPEG, ICO or CUR picture, told by its contents; of an icon or
+/// cursor the largest image, of an animation the first. Photographs are turned
+/// upright. Sizes are checked before memory is taken. Needs no application object.
+LoadedPicture decodePicture(QIODevice &device);
+/// The same from a file. `path` holds the bytes that the file system uses.
+LoadedPicture loadPicture(const std::string &path);
+
+/// Where a picture is drawn on a work surface of `width` by `height` dots, in dots:
+/// half a dot to the left of and above the surface, and nearly as large as it.
+QRectF pictureTarget(int width, int height);
+
+/// Stretches the whole of a picture into pictureTarget() and reads the dots. Dot
+/// (x, y) is sampled half a dot right of and below its corner. The stretched picture
+/// has two pixels to the dot, and where a picture is reduced the darkest of the source's
+/// pixels in such a pixel counts, so that thin lines survive: a dot is on if one of
+/// them is exactly black. Transparent parts are white.
+DotSurface dotsOfPicture(const QImage &picture, int width, int height);
+
+/// A surface of `width` by `height` dots with the whole of a picture stretched into
+/// `target` (in dots) and white around it, for windows: in colour, `scale` pixels to
+/// the dot. Each pixel shows the target at its own top left corner.
+QImage stretchedPicture(const QImage &picture, int width, int height, const QRectF &target, int scale);
+
+/// A surface in black and white, each dot a square of `scale` pixels.
+QImage imageOfSurface(const DotSurface &surface, int scale);
+
+} // namespace zolt

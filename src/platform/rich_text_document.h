@@ -1,0 +1,79 @@
+#pragma once
+
+#include "core/progress.h"
+#include "graphic/rich_text.h"
+
+#include <QCache>
+#include <QImage>
+#include <QTextCharFormat>
+#include <QTextDocument>
+#include <QTextObjectInterface>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+class QTextCursor;
+
+namespace zolt {
+
+/// A rich text as a Qt document. Characters are the held ones of held_text.h, a
+/// picture is one object character. Twips become pixels, 15 to the pixel, and a
+/// picture stands on whole pixels, enlarged without smoothing, on the foot of its
+/// line.
+class RichTextDocument : public QTextDocument, public QTextObjectInterface {
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+public:
+    /// The document of a rich text, without an undo history; nothing when
+    /// `progress`, which is told the paragraphs done, asks to stop.
+    static std::unique_ptr<RichTextDocument> make(const RichText &text, const Progress &progress = {});
+
+    /// The rich text between two positions, in a form equal to what was put in:
+    /// fonts in the order of their first use, neighbours of one format joined.
+    RichText richText(int from, int to) const;
+    RichText richText() const { return richText(0, characterCount() - 1); }
+    /// The bytes between two positions; a picture gives a blank.
+    std::string plainBytes(int from, int to) const;
+
+    /// Replaces the cursor's selection in one undo step.
+    void insert(QTextCursor &cursor, const RichText &text);
+    void insert(QTextCursor &cursor, const RichPicture &picture, const QTextCharFormat &format);
+
+    QSizeF intrinsicSize(QTextDocument *document, int position, const QTextFormat &format) override;
+    void drawObject(QPainter *painter, const QRectF &place, QTextDocument *document, int position,
+                    const QTextFormat &format) override;
+
+private:
+    RichTextDocument();
+    void drawPictures();
+    bool append(QTextCursor &cursor, const RichText &text, const Progress &progress);
+    QTextCharFormat pictureFormat(const RichPicture &picture, QTextCharFormat format);
+    const RichPicture *pictureOf(const QTextFormat &format) const;
+    const QImage &image(int number);
+    qreal depthBelowBaseline(int position, const QTextFormat &format) const;
+
+    /// Pictures stay until the document goes, since an undo may bring them back.
+    std::vector<RichPicture> m_pictures;
+    /// Decoded pictures by number; the cost is in kilobytes.
+    QCache<int, QImage> m_images;
+};
+
+/// A format without what makes its character a picture.
+QTextCharFormat textFormat(QTextCharFormat format);
+
+/// Character formats in Qt's form. The font of the calculator stands behind the
+/// named one, for characters that the named one lacks.
+QTextCharFormat qtFormat(const CharFormat &format, const std::string &font);
+/// Only one property, for a merge into other formats.
+QTextCharFormat qtFontName(const std::string &font);
+QTextCharFormat qtFontSize(double points);
+QTextCharFormat qtTextColour(Colour colour);
+
+std::string fontNameOf(const QTextCharFormat &format);
+double fontSizeOf(const QTextCharFormat &format);
+Colour textColourOf(const QTextCharFormat &format);
+/// All but the font's index.
+CharFormat charFormatOf(const QTextCharFormat &format);
+
+} // namespace zolt

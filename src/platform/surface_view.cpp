@@ -1,0 +1,91 @@
+#include "platform/surface_view.h"
+
+#include "platform/pictures.h"
+
+#include <QPainter>
+#include <QScrollBar>
+#include <algorithm>
+#include <utility>
+
+namespace zolt {
+
+namespace {
+
+constexpr int kStartWidth = 132;
+constexpr int kStartHeight = 65;
+
+} // namespace
+
+/// The widget that draws. It keeps the picture at the screen's own resolution.
+class SurfaceView::Surface : public QWidget {
+public:
+    void show(QSize dots, PictureAtScale picture) {
+        m_dots = dots;
+        m_source = std::move(picture);
+        m_picture = {};
+        resize(dots * kPixelsPerDot);
+        update();
+    }
+    QSize dots() const { return m_dots; }
+    QImage picture() const { return m_source ? m_source(kPixelsPerDot) : QImage(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), Qt::white);
+        if (!m_source)
+            return;
+        const int scale = std::max(1, qRound(devicePixelRatioF()));
+        if (m_picture.isNull() || m_scale != scale) {
+            m_scale = scale;
+            m_picture = m_source(kPixelsPerDot * scale);
+            m_picture.setDevicePixelRatio(scale);
+        }
+        painter.drawImage(0, 0, m_picture);
+    }
+
+private:
+    QSize m_dots;
+    PictureAtScale m_source;
+    QImage m_picture;
+    int m_scale = 0;
+};
+
+SurfaceView::SurfaceView(const QString &surfaceName, const QString &barName, QWidget *parent)
+    : QScrollArea(parent), m_surface(new Surface) {
+    m_surface->setObjectName(surfaceName);
+    verticalScrollBar()->setObjectName(barName);
+    setWidget(m_surface);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setBackgroundRole(QPalette::Mid);
+    const int frame = 2 * frameWidth();
+    setFixedSize(kStartWidth * kPixelsPerDot + frame + verticalScrollBar()->sizeHint().width(),
+                 kStartHeight * kPixelsPerDot + frame);
+    verticalScrollBar()->setSingleStep(10);
+    clear();
+}
+
+SurfaceView::~SurfaceView() = default;
+
+void SurfaceView::showDots(DotSurface surface) {
+    const QSize dots(surface.width(), surface.height());
+    m_surface->show(dots,
+                    [surface = std::move(surface)](int scale) { return imageOfSurface(surface, scale); });
+}
+
+void SurfaceView::showPicture(int width, int height, PictureAtScale picture) {
+    m_surface->show(QSize(width, height), std::move(picture));
+}
+
+void SurfaceView::clear() {
+    m_surface->show(QSize(kStartWidth, kStartHeight), {});
+}
+
+QImage SurfaceView::picture() const {
+    return m_surface->picture();
+}
+QSize SurfaceView::sizeInDots() const {
+    return m_surface->dots();
+}
+
+} // namespace zolt

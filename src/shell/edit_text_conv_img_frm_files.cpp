@@ -1,0 +1,262 @@
+// The conversion tool at work: sources, preview and targets.
+
+#include "core/document.h"
+#include "core/file.h"
+#include "images/bitmap_file.h"
+#include "images/gif_file.h"
+#include "images/grob.h"
+#include "images/image_text.h"
+#include "platform/desktop.h"
+#include "platform/message_box.h"
+#include "platform/pictures.h"
+#include "platform/surface_view.h"
+#include "platform/text_pane.h"
+#include "shell/dialog_frm.h"
+#include "shell/edit_text_conv_img_frm.h"
+#include "shell/long_work.h"
+#include "shell/picture_filters.h"
+#include "shell/shared_values.h"
+#include "shell/size_boxes.h"
+
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QRadioButton>
+
+namespace zolt {
+
+namespace {
+
+/// The kinds of conversion, by their values.
+enum Kind { PictureToZolt = 1, ZoltToPicture, PictureToGrob, GrobToPicture, GrobToZolt, ZoltToGrob };
+
+bool isGrobSource(int kind) {
+    return kind == GrobToPicture || kind == GrobToZolt;
+}
+
+/// Bits to the pixel of the target dialog's file types, from the first; then GIF.
+constexpr std::array kBitmapDepths{1, 4, 8, 24};
+
+} // namespace
+
+int EditTextConvImgFrm::chosenKind() const {
+    for (std::size_t i = 0; i < m_options.size(); ++i)
+        if (m_options[i]->isChecked())
+            return static_cast<int>(i) + 1;
+    return PictureToZolt;
+}
+
+bool EditTextConvImgFrm::sourceIsPicture() const {
+    return shared::TipoDeConversão == PictureToZolt || shared::TipoDeConversão == PictureToGrob;
+}
+
+void EditTextConvImgFrm::Command1_Click() {
+    close();
+}
+
+void EditTextConvImgFrm::closing() {
+    shared::PararLeitura = 1;
+}
+
+void EditTextConvImgFrm::Command2_Click() {
+    shared::TipoAnterior = shared::TipoDeConversão;
+    shared::TipoDeConversão = static_cast<std::int16_t>(chosenKind());
+    sourceIsPicture() ? AbrirImagemPC() : AbrirImagemHP();
+    ImagemOrigem = commonDialog(DialogFrm::ImageConversion).FileName;
+    Text4->setText(fromFileName(ImagemOrigem));
+}
+
+CommonDialog &EditTextConvImgFrm::sourceDialog(const QString &filter, int filterIndex) {
+    CommonDialog &dialog = commonDialog(DialogFrm::ImageConversion);
+    dialog.DialogTitle = QStringLiteral("Open");
+    dialog.Filter = filter;
+    dialog.FilterIndex = filterIndex;
+    dialog.Flags = kFileMustExist;
+    dialog.InitDir = shared::settings.DfDirCnv;
+    dialog.FileName = ImagemOrigem;
+    return dialog;
+}
+
+bool EditTextConvImgFrm::askForSource(CommonDialog &dialog) {
+    if (dialog.ShowOpen() == kDialogDone)
+        return true;
+    shared::TipoDeConversão = shared::TipoAnterior;
+    return false;
+}
+
+void EditTextConvImgFrm::AbrirImagemPC() {
+    CommonDialog &dialog = sourceDialog(QString::fromUtf8(kPictureFilter), 1);
+    if (!askForSource(dialog)) {
+        Picture6->hide();
+        return;
+    }
+    const LoadedPicture picture = loadPicture(dialog.FileName);
+    if (!picture.ok()) {
+        Picture6->hide();
+        m_picture = {};
+        m_dots = {};
+        Picture1->clear();
+        Picture5->clear();
+        showMessage(this, QString::fromUtf8(kPictureNotRecognised.data()), QMessageBox::Critical);
+        return;
+    }
+    m_picture = picture.image;
+    shared::settings.DfDirCnv = folderOf(dialog.FileName);
+    Frame2->setTitle(QStringLiteral("Original image"));
+    VerificarSeleccionado();
+    RefreshPicture();
+}
+
+void EditTextConvImgFrm::AbrirImagemHP() {
+    const bool grob = isGrobSource(shared::TipoDeConversão);
+    CommonDialog &dialog = sourceDialog(QString::fromUtf8(kHpImageFilter), grob ? 2 : 3);
+    if (!askForSource(dialog))
+        return;
+    shared::settings.DfDirCnv = folderOf(dialog.FileName);
+    VerificarSeleccionado();
+    const FileContents file = readFile(dialog.FileName, kLargestImageText);
+    if (!file.ok())
+        return;
+    const std::string text = documentFromFile(file.bytes);
+    Text1->setText(text);
+    shared::PararLeitura = 0;
+    if (const auto header = grob ? readGrobHeader(text) : std::nullopt) {
+        Frame3->setTitle(QStringLiteral("Preview - ") + QString::fromStdString(header->caption()));
+        if (header->tooWide())
+            showMessage(this, QString::fromUtf8(kGrobTooWide.data()), QMessageBox::Information);
+    }
+    const PictureOfText picture = grob ? VerGrob(text, progress()) : VerVelda(text, progress());
+    ProgressBar1->reset();
+    if (grob && !picture.reason.empty())
+        showMessage(this, QString::fromStdString(picture.reason), QMessageBox::Warning);
+    showSource(picture.surface);
+}
+
+void EditTextConvImgFrm::showSource(const DotSurface &surface) {
+    m_picture = {};
+    m_dots = surface;
+    surface.isEmpty() ? Picture1->clear() : Picture1->showDots(surface);
+}
+
+void EditTextConvImgFrm::RefreshPicture() {
+    const int width = Picture6->widthInDots();
+    const int height = Picture6->heightInDots();
+    if (width == 0 || height == 0 || m_picture.isNull())
+        return;
+    shared::LarguraFigura = static_cast<std::int16_t>(width);
+    shared::AlturaFigura = static_cast<std::int16_t>(height);
+    Picture1->showPicture(width, height, [picture = m_picture, width, height](int scale) {
+        return stretchedPicture(picture, width, height, pictureTarget(width, height), scale);
+    });
+}
+
+void EditTextConvImgFrm::VerificarSeleccionado() {
+    Picture6->setVisible(sourceIsPicture());
+}
+
+DotSurface EditTextConvImgFrm::surfaceDots() const {
+    const QSize size = Picture1->sizeInDots();
+    if (!m_picture.isNull())
+        return dotsOfPicture(m_picture, size.width(), size.height());
+    return m_dots.isEmpty() ? DotSurface(size.width(), size.height()) : m_dots;
+}
+
+Progress EditTextConvImgFrm::progress() const {
+    QProgressBar *bar = ProgressBar1;
+    return livelyProgress(
+        [bar](std::size_t step, std::size_t total) {
+            bar->setRange(0, static_cast<int>(total));
+            bar->setValue(static_cast<int>(step));
+        },
+        [] { return shared::PararLeitura != 0; });
+}
+
+void EditTextConvImgFrm::Command7_Click() {
+    if (shared::TipoDeConversão == 0)
+        return;
+    if (!sourceIsPicture()) {
+        const DotSurface dots = surfaceDots();
+        Picture5->showDots(dots);
+        return;
+    }
+    shared::PararLeitura = 0;
+    Text1->setText(LerFigura(surfaceDots(), progress()));
+    Picture5->showDots(VerVelda(Text1->Text(), progress()).surface);
+    ProgressBar1->reset();
+    RefreshPicture();
+}
+
+void EditTextConvImgFrm::Command6_Click() {
+    shared::PararLeitura = 0;
+    switch (shared::TipoDeConversão) {
+    case PictureToZolt:
+    case GrobToZolt:
+        return FicheiroGuardarVELDA();
+    case PictureToGrob:
+        return FicheiroGuardarGROB();
+    case ZoltToGrob:
+        return FicheiroGuardarGROB2();
+    case ZoltToPicture:
+    case GrobToPicture:
+        return FicheiroGuardarBMP();
+    default:
+        return;
+    }
+}
+
+CommonDialog &EditTextConvImgFrm::targetDialog(const QString &filter) {
+    CommonDialog &dialog = commonDialog(DialogFrm::ImageConversion);
+    dialog.DialogTitle = QStringLiteral("Save");
+    dialog.Filter = filter;
+    dialog.FilterIndex = 1;
+    dialog.Flags = kOverwritePrompt;
+    dialog.InitDir = shared::settings.DfDirCnv;
+    dialog.FileName.clear();
+    return dialog;
+}
+
+void EditTextConvImgFrm::saveText(const QString &filter) {
+    ProgressBar1->reset();
+    if (shared::PararLeitura)
+        return;
+    CommonDialog &dialog = targetDialog(filter);
+    if (dialog.ShowSave() != kDialogDone)
+        return;
+    if (writeFile(dialog.FileName, fileFromDocument(Text1->Text())).empty())
+        shared::settings.DfDirCnv = folderOf(dialog.FileName);
+}
+
+void EditTextConvImgFrm::FicheiroGuardarVELDA() {
+    Text1->setText(LerFigura(surfaceDots(), progress()));
+    saveText(QString::fromUtf8(kZoltImageFilter));
+}
+
+void EditTextConvImgFrm::FicheiroGuardarGROB() {
+    const DotSurface dots = surfaceDots();
+    Text1->setText(FiguraParaGrob(dots, grobSizeOfSurface(dots), progress()));
+    saveText(QString::fromUtf8(kGrobFilter));
+}
+
+void EditTextConvImgFrm::FicheiroGuardarGROB2() {
+    const GrobSize size = grobSizeOfImageText(measureImageText(Text1->Text()));
+    const std::string imageText = Text1->Text();
+    Text1->setText(FiguraParaGrob(surfaceDots(), size, progress()));
+    saveText(QString::fromUtf8(kGrobFilter));
+    // The image text stays the source of a further conversion.
+    Text1->setText(imageText);
+}
+
+void EditTextConvImgFrm::FicheiroGuardarBMP() {
+    CommonDialog &dialog = targetDialog(QString::fromUtf8(kBitmapFilter));
+    if (dialog.ShowSave() != kDialogDone)
+        return;
+    const auto type = static_cast<std::size_t>(dialog.FilterIndex - 1);
+    const DotSurface dots = surfaceDots();
+    const std::string bytes =
+        type < kBitmapDepths.size() ? bitmapFile(dots, kBitmapDepths[type]) : gifFile(dots, progress());
+    ProgressBar1->reset();
+    if (!bytes.empty() && writeFile(dialog.FileName, bytes).empty())
+        shared::settings.DfDirCnv = folderOf(dialog.FileName);
+}
+
+} // namespace zolt

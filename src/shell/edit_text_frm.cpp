@@ -1,0 +1,238 @@
+#include "shell/edit_text_frm.h"
+
+#include "core/codes.h"
+#include "platform/colours.h"
+#include "platform/desktop.h"
+#include "platform/fonts.h"
+#include "platform/text_pane.h"
+#include "shell/edit_text_frm_tables.h"
+#include "shell/edit_text_guardar_hp_frm.h"
+#include "shell/mdi_frm.h"
+#include "shell/shared_values.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDate>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace zolt {
+
+EditTextFrm::EditTextFrm(QWidget *frame)
+    : QMdiSubWindow(frame), m_frame(qobject_cast<MDIFrm *>(frame)), m_panes{}, m_panels{} {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/edition-text.svg")));
+    setCaption(QStringLiteral("Document1"));
+    m_frame->showFont(QString::fromStdString(shared::settings.TFntName), shared::settings.TFntSize);
+    shared::EdiçãoActiva = 1;
+
+    buildPanes();
+    buildStatusBar();
+    const Receiver self = [this] { return this; };
+    m_menus = buildMenus(textMenuTable(), self, this);
+    MnuPopUp = buildMenus(textPopUpTable(), self, this).first();
+    m_frame->toolbar(1)->hide();
+    m_frame->showTextToolbars(true, true);
+    m_frame->showMenus(m_menus);
+
+    applyPaneFont();
+    applyPaneColours();
+    showActivePane();
+    shared::TextoGuardado.clear();
+    updateStatus();
+    updateClock();
+    qApp->installEventFilter(this);
+}
+
+void EditTextFrm::buildPanes() {
+    auto *content = new QWidget(this);
+    auto *column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    for (int number = 1; number <= 2; ++number) {
+        auto *pane = new TextPane(number == 1, content);
+        pane->setObjectName(QStringLiteral("Text%1").arg(number));
+        pane->setFrameShape(QFrame::NoFrame);
+        followPane(pane);
+        column->addWidget(pane);
+        m_panes[static_cast<std::size_t>(number - 1)] = pane;
+    }
+    StatusBar1 = new QStatusBar(content);
+    StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
+    StatusBar1->setSizeGripEnabled(false);
+    column->addWidget(StatusBar1);
+    setWidget(content);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/edition-text.svg")));
+}
+
+void EditTextFrm::followPane(TextPane *pane) {
+    connect(pane, &TextPane::Change, this, &EditTextFrm::updateStatus);
+    connect(pane, &TextPane::keyDown, this, &EditTextFrm::updateStatus);
+    connect(pane, &TextPane::keyUp, this, &EditTextFrm::updateStatus);
+    connect(pane, &TextPane::mouseUp, this, &EditTextFrm::updateStatus);
+    connect(pane, &TextPane::click, this,
+            [pane] { shared::PosiçãoCursor = static_cast<std::int32_t>(pane->SelStart()); });
+    connect(pane, &TextPane::mouseDown, this, [this](Qt::MouseButton button) {
+        updateStatus();
+        if (button == Qt::RightButton && MnuPopUp->isEnabled())
+            MnuPopUp->popup(QCursor::pos());
+    });
+}
+
+void EditTextFrm::buildStatusBar() {
+    for (int i = 0; i < PanelCount; ++i) {
+        auto *panel = new QLabel(StatusBar1);
+        panel->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
+        panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        panel->setTextFormat(Qt::PlainText);
+        panel->setMargin(2);
+        panel->setAlignment(i == Progress ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
+        StatusBar1->addWidget(panel, i == Progress ? 1 : 0);
+        m_panels[static_cast<std::size_t>(i)] = panel;
+    }
+    const auto widthFor = [this](const QString &text) { return fontMetrics().horizontalAdvance(text) + 16; };
+    m_panels[Caret]->setMinimumWidth(widthFor(QStringLiteral("(000000, 0000)")));
+    m_panels[Length]->setMinimumWidth(widthFor(QStringLiteral("00000000")));
+    for (const Panel lock : {NumLock, CapsLock}) {
+        m_panels[lock]->setText(lock == NumLock ? QStringLiteral("NUM") : QStringLiteral("CAPS"));
+        m_panels[lock]->setEnabled(false);
+    }
+    auto *clock = new QTimer(this);
+    connect(clock, &QTimer::timeout, this, &EditTextFrm::updateClock);
+    clock->start(1000);
+}
+
+TextPane &EditTextFrm::activePane() const {
+    return pane(shared::settings.TxtWWrap == 2 ? 2 : 1);
+}
+
+void EditTextFrm::setCaption(const QString &caption) {
+    // "[*]" in a window title is Qt's mark of change; doubled, it stands for itself.
+    setWindowTitle(QString(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+}
+
+void EditTextFrm::setCaption(const std::string &fileTitle) {
+    setCaption(fromFileName(fileTitle));
+}
+
+void EditTextFrm::applyPaneFont() {
+    const Settings &settings = shared::settings;
+    QFont font = zoltFont(QString::fromStdString(settings.TFntName), settings.TFntSize);
+    font.setBold(isTrue(settings.TFntBold));
+    font.setItalic(isTrue(settings.TFntItal));
+    font.setUnderline(isTrue(settings.TFntUndl));
+    font.setStrikeOut(isTrue(settings.TFntStrT));
+    for (TextPane *pane : m_panes)
+        pane->setPaneFont(font);
+    updateStatus();
+}
+
+void EditTextFrm::applyPaneColours() {
+    const QColor text = qtColour(colourFromSetting(shared::settings.TFntColr), QPalette::Text);
+    const QColor background = qtColour(colourFromSetting(shared::settings.TFntBckC), QPalette::Base);
+    for (TextPane *pane : m_panes)
+        pane->setColours(text, background);
+}
+
+void EditTextFrm::showActivePane() {
+    const bool wraps = &activePane() == &pane(1);
+    pane(1).setVisible(wraps);
+    pane(2).setVisible(!wraps);
+    widget()->setFocusProxy(&activePane());
+    activePane().setFocus();
+    menuItem("MnuEditarTranslinearpalavras")->setChecked(wraps);
+}
+
+void EditTextFrm::updateStatus() {
+    if (!m_panels[Caret])
+        return;
+    const TextPane &pane = activePane();
+    const qsizetype end = pane.selEnd();
+    const qsizetype column = end - pane.lineStartOfCaret();
+    QLabel *caret = m_panels[Caret];
+    caret->setText(QStringLiteral("(%1, %2)").arg(pane.lineOfOffset(end) + 1).arg(column));
+    const bool beyond = column > kColumns;
+    caret->setFrameShadow(beyond ? QFrame::Raised : QFrame::Sunken);
+    caret->setLineWidth(beyond ? 2 : 1);
+    m_panels[Length]->setText(QString::number(pane.length()));
+}
+
+void EditTextFrm::updateClock() {
+    const QDateTime now = QDateTime::currentDateTime();
+    m_panels[Date]->setText(QLocale::system().toString(now.date(), QLocale::ShortFormat));
+    m_panels[Time]->setText(QLocale::system().toString(now.time(), QLocale::ShortFormat));
+}
+
+bool EditTextFrm::eventFilter(QObject *watched, QEvent *event) {
+    // The keys that lock are known by the modifier state that comes with any key:
+    // bit 1 Caps Lock, bit 4 Num Lock, as X and Wayland number them.
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
+        const quint32 state = static_cast<QKeyEvent *>(event)->nativeModifiers();
+        m_panels[CapsLock]->setEnabled(state & 0x02);
+        m_panels[NumLock]->setEnabled(state & 0x10);
+    }
+    return QMdiSubWindow::eventFilter(watched, event);
+}
+
+QAction *EditTextFrm::menuItem(const char *name) const {
+    return zolt::menuItem(m_menus, name);
+}
+
+void EditTextFrm::MnuVerBarradeestado() {
+    StatusBar1->setVisible(menuItem("MnuVerBarradeestado")->isChecked());
+}
+
+void EditTextFrm::toggleTextToolbars() {
+    m_frame->showTextToolbars(menuItem("MnuVerBarrasdeferramentasPadrão")->isChecked(),
+                              menuItem("MnuVerBarrasdeferramentasFormatação")->isChecked());
+}
+
+void EditTextFrm::MnuVerBarrasdeferramentasPadrão() {
+    toggleTextToolbars();
+}
+void EditTextFrm::MnuVerBarrasdeferramentasFormatação() {
+    toggleTextToolbars();
+}
+
+void EditTextFrm::MnuVerSemprenotopo() {
+    m_frame->setWindowFlag(Qt::WindowStaysOnTopHint, menuItem("MnuVerSemprenotopo")->isChecked());
+    m_frame->show();
+}
+
+void EditTextFrm::TesteDeIntegridade() {
+    load<EditTextGuardarHPFrm>(m_frame).testDocument();
+}
+
+void EditTextFrm::TileVertically() {
+    m_frame->TileVertically();
+}
+void EditTextFrm::TileHorizontally() {
+    m_frame->TileHorizontally();
+}
+void EditTextFrm::Cascade() {
+    m_frame->Cascade();
+}
+void EditTextFrm::MinimizeAll() {
+    m_frame->MinimizeAll();
+}
+void EditTextFrm::RestoreAll() {
+    m_frame->RestoreAll();
+}
+void EditTextFrm::CloseAll() {
+    m_frame->CloseAll();
+}
+void EditTextFrm::MnuAjudadozolt() {
+    m_frame->MnuAjudadozolt();
+}
+void EditTextFrm::MnuAcercadozolt() {
+    m_frame->MnuAjudaAcercadoZOLT();
+}
+
+} // namespace zolt

@@ -1,0 +1,109 @@
+#pragma once
+
+#include <QMdiSubWindow>
+#include <array>
+#include <string>
+
+class QLabel;
+class QMenu;
+class QStatusBar;
+
+namespace zolt {
+
+class MDIFrm;
+class TextPane;
+
+/// The document window of the textual edition. The document is what stands in the
+/// active pane; the hidden pane's text is stale until the next switch.
+class EditTextFrm : public QMdiSubWindow {
+    Q_OBJECT
+
+public:
+    explicit EditTextFrm(QWidget *frame);
+
+    /// The pane that TxtWWrap names.
+    TextPane &activePane() const;
+    /// Text1 for 1, Text2 for 2.
+    TextPane &pane(int number) const { return *m_panes[static_cast<std::size_t>(number - 1)]; }
+
+    /// The document's display name.
+    QString caption() const { return windowTitle(); }
+    void setCaption(const QString &caption);
+    void setCaption(const std::string &fileTitle);
+
+    /// Gives both panes the font and the colours of the settings.
+    void applyPaneFont();
+    void applyPaneColours();
+
+    QAction *menuItem(const char *name) const;
+    const QList<QMenu *> &menus() const { return m_menus; }
+    QMenu *popUp() const { return MnuPopUp; }
+
+public slots:
+    void OperaçõesDeSaída();
+    void FicheiroNovo();
+    void FicheiroAbrir();
+    void FicheiroGuardar();
+    void FicheiroGuardarComo();
+    void FicheiroFechar();
+    void AbandonarPrograma();
+
+    void EditarCortar();
+    void EditarCopiar();
+    void EditarColar();
+    void EditarSeleccionarTudo();
+    void EditarTranslinearpalavras();
+    void EditarAnularintrodução();
+
+    void TesteDeIntegridade();
+
+    void MnuInserirImagemBmpgifjpg();
+    void MnuInserirImagemGrob();
+    void MnuInserirImagemFormatovelda();
+    void MnuFerramentasConverterformatos();
+
+    void MnuVerBarradeestado();
+    void MnuVerBarrasdeferramentasPadrão();
+    void MnuVerBarrasdeferramentasFormatação();
+    void MnuVerSemprenotopo();
+    void TileVertically();
+    void TileHorizontally();
+    void Cascade();
+    void MinimizeAll();
+    void RestoreAll();
+    void CloseAll();
+    void MnuAjudadozolt();
+    void MnuAcercadozolt();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    enum Panel { Progress, Caret, Length, NumLock, CapsLock, Date, Time, PanelCount };
+
+    void buildPanes();
+    void buildStatusBar();
+    void followPane(TextPane *pane);
+    void showActivePane();
+    void updateStatus();
+    void updateClock();
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void toggleTextToolbars();
+
+    /// Puts text into the active pane for good: an opened document has no history.
+    void showDocument(const std::string &document, const QString &caption);
+    bool writeDocument();
+    bool documentChanged() const;
+    void discardDocument();
+    /// True if the document may go: it is unchanged, saved now, or discarded.
+    bool mayLeaveDocument();
+
+    MDIFrm *m_frame;
+    std::array<TextPane *, 2> m_panes;
+    QStatusBar *StatusBar1;
+    std::array<QLabel *, PanelCount> m_panels;
+    QList<QMenu *> m_menus;
+    QMenu *MnuPopUp;
+};
+
+} // namespace zolt

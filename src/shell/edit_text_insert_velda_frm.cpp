@@ -1,0 +1,55 @@
+#include "shell/edit_text_insert_velda_frm.h"
+
+#include "core/document.h"
+#include "core/file.h"
+#include "images/image_text.h"
+#include "platform/surface_view.h"
+#include "platform/text_pane.h"
+#include "shell/picture_filters.h"
+#include "shell/shared_values.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace zolt {
+
+namespace {
+
+constexpr InsertFrm::Form kForm{"Insert ZOLT image", "Insert ZOLT image - ", DialogFrm::InsertZoltImage,
+                                &Settings::DfDirIHa, kZoltImageFilter};
+
+} // namespace
+
+EditTextInsertVeldaFrm::EditTextInsertVeldaFrm(QWidget *owner)
+    : InsertFrm(kForm, owner),
+      Picture1(new SurfaceView(QStringLiteral("Picture1"), QStringLiteral("VScroll1"))) {
+    auto *frame = new QGroupBox(QStringLiteral("Pré-visualização "));
+    frame->setObjectName(QStringLiteral("Frame1"));
+    (new QVBoxLayout(frame))->addWidget(Picture1);
+    m_grid->addWidget(frame, 0, 0);
+    QPushButton *insert = addButton("Command2", QStringLiteral("&Insert"));
+    insert->setDefault(true);
+    connect(insert, &QPushButton::clicked, this, &InsertFrm::Command2_Click);
+    connect(addButton("Command3", QStringLiteral("Close")), &QPushButton::clicked, this,
+            &InsertFrm::Command3_Click);
+}
+
+bool EditTextInsertVeldaFrm::open(const std::string &path) {
+    const FileContents file = readFile(path, kLargestImageText);
+    if (!file.ok())
+        return false;
+    Text1->setText(documentFromFile(file.bytes));
+    const PictureOfText picture = VerVelda(Text1->Text(), progress());
+    ProgressBar1->reset();
+    picture.surface.isEmpty() ? Picture1->clear() : Picture1->showDots(picture.surface);
+    return true;
+}
+
+std::optional<std::string> EditTextInsertVeldaFrm::imageText() {
+    return Text1->Text();
+}
+
+} // namespace zolt

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "shell/windows.h"
+
+#include <QMainWindow>
+
+class QComboBox;
+class QMdiArea;
+class QMenu;
+class QToolBar;
+
+namespace zolt {
+
+/// The main frame: it holds the document windows, the toolbars and a menu for the
+/// time when no document is open. Its own commands open other windows; a toolbar
+/// button calls the same slot as the document window's menu item.
+class MDIFrm : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit MDIFrm(QWidget *owner = nullptr);
+
+    /// Puts a document window into the frame.
+    void adopt(QWidget *documentWindow);
+    /// Shows a document window's menus in the place of the frame's own, or the
+    /// frame's own again for an empty list.
+    void showMenus(const QList<QMenu *> &menus);
+    /// Toolbar `number`, from 1 to 3.
+    QToolBar *toolbar(int number) const;
+    /// Shows or hides the text edition's two bars, the standard one above the
+    /// format one.
+    void showTextToolbars(bool standard, bool format);
+    /// Checks the frame's own toolbar item, as at the start.
+    void checkOwnToolbar();
+    /// Shows a font's name and size in Combo1 and Combo2, without acting on it.
+    void showFont(const QString &name, int points);
+
+signals:
+    /// The frame has closed and the settings are written: the program is to end.
+    void ended();
+
+public slots:
+    void MostrarQuestionFrm();
+    void MostrarMensagemFrm();
+    void MostrarEditTextGuardarHPFrm();
+    void MostrarEditTextInsertImageFrm();
+    void MostrarEditTextInsertGrobFrm();
+    void MostrarEditTextInsertVeldaFrm();
+    void MostrarEditTextConvImgFrm();
+    void MostrarAboutFrm();
+
+    void MnuFicheiroNovo();
+    void MnuFicheiroSair();
+    void MnuVerBarradeferramentas();
+    void MnuAjudadozolt();
+    void MnuAjudaAcercadoZOLT();
+
+    /// The window commands, which serve the document windows' menus too.
+    void TileVertically();
+    void TileHorizontally();
+    void Cascade();
+    void MinimizeAll();
+    void RestoreAll();
+    void CloseAll();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildToolbars();
+    void buildCombos();
+    void tile(Qt::Orientation orientation);
+
+    /// Shows the one window of a class before the frame and gives it the focus.
+    template <class Window> Window &mostrar() {
+        Window &window = load<Window>(this);
+        window.show();
+        window.raise();
+        window.activateWindow();
+        return window;
+    }
+
+    /// The same for an insert window, whose file dialog comes before it is drawn.
+    template <class Window> void mostrarInsertFrm() {
+        Window &window = load<Window>(this);
+        if (!window.isVisible())
+            window.begin();
+        mostrar<Window>();
+    }
+
+    QMdiArea *m_area;
+    QList<QToolBar *> m_toolbars;
+    QList<QMenu *> m_ownMenus;
+    QComboBox *Combo1;
+    QComboBox *Combo2;
+};
+
+} // namespace zolt

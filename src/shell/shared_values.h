@@ -1,0 +1,68 @@
+#pragma once
+
+#include "core/settings.h"
+
+#include <cstdint>
+#include <string>
+
+/// The values that windows hand to each other. Only windows and the start-up
+/// read them; logic functions take what they need as arguments.
+namespace zolt::shared {
+
+/// The settings of this run, read at the start and written when the frame closes.
+extern Settings settings;
+/// The folder of the settings and of the files that come with the program,
+/// without a trailing separator, as file system bytes.
+extern std::string programFolder;
+/// The whole command line: one file name, quoted or not.
+extern std::string commandLine;
+
+/// Which document window was created last: 1 text, 2 graphic.
+extern std::int16_t EdiçãoActiva;
+
+/// The document as last saved.
+extern std::string TextoGuardado;
+/// 1 after a Save As that left no file, 0 after one that did.
+extern std::int16_t GuardarCancelado;
+/// 1 lets the document window close without the question.
+extern std::int16_t SemPerguntaDeSaída;
+/// The active pane's SelStart at its last mouse click: searches begin behind it.
+extern std::int32_t PosiçãoCursor;
+/// The document named on the command line, between its reading and the panes.
+extern std::string TextoDeArranque;
+
+/// The letter of the style command under way.
+extern std::string EstiloDeLetra;
+/// 1 partial, 2 total.
+extern std::int16_t TipoDeOptimização;
+
+/// The text that a preview compiles.
+extern std::string TextoPrevisualizar;
+/// 1 folds the lines of the plain preview, 0 doesn't.
+extern std::int16_t PrevisualizarComQuebras;
+/// 1 once the Cancel button of a compiler was pressed.
+extern std::int16_t CancelarOperação;
+
+/// The size in work in the image windows, in dots.
+extern std::int16_t LarguraFigura;
+extern std::int16_t AlturaFigura;
+/// The kind of image conversion in force, 1 to 6, and the one before; 0 until a
+/// first source was chosen.
+extern std::int16_t TipoDeConversão;
+extern std::int16_t TipoAnterior;
+/// 1 ends the reading of a picture.
+extern std::int16_t PararLeitura;
+
+/// What the two kinds of document are called on the desktop.
+extern std::string ExtensãoTexto;
+extern std::string ExtensãoGráfico;
+extern std::string IconeTexto;
+extern std::string IconeGráfico;
+extern std::string FormatoTexto;
+extern std::string FormatoGráfico;
+extern std::string CaminhoPrograma;
+
+/// Puts every value back to what it is at the start of a run.
+void reset();
+
+} // namespace zolt::shared

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+namespace zolt {
+
+namespace detail {
+template <class Window> QPointer<Window> &instance() {
+    static QPointer<Window> window;
+    return window;
+}
+} // namespace detail
+
+/// Each window exists at most once. The one of this class, or null while it isn't loaded.
+template <class Window> Window *loaded() {
+    return detail::instance<Window>().data();
+}
+
+/// The window of this class, made by its first use. `owner` is what it stands before.
+template <class Window> Window &load(QWidget *owner = nullptr) {
+    QPointer<Window> &window = detail::instance<Window>();
+    if (!window) {
+        window = new Window(owner);
+        window->setObjectName(Window::staticMetaObject.className() + qstrlen("zolt::"));
+        window->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    return *window;
+}
+
+/// Closes and forgets the window of this class, if there is one.
+template <class Window> void unload() {
+    if (Window *window = loaded<Window>()) {
+        window->close();
+        detail::instance<Window>().clear();
+    }
+}
+
+/// Lengths are given in twips where a setting or a window's form says so; the
+/// screen has 15 to the pixel.
+constexpr int kTwipsPerPixel = 15;
+constexpr int pixels(int twips) {
+    return twips / kTwipsPerPixel;
+}
+
+} // namespace zolt

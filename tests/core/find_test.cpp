@@ -1,0 +1,128 @@
+#include "core/find.h"
+
+#include "core/letter_case.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace zolt {
+namespace {
+
+/// The characters at `position` (from 1), as many as `find` has, compared with it.
+bool matchesAt(const std::string &text, std::size_t position, const std::string &find, bool matchCase) {
+    const std::string there = text.substr(position - 1, find.size());
+    return matchCase ? there == find : capitals(there) == capitals(find);
+}
+
+/// The scan, position by position. 0 if nothing was found.
+std::size_t scannedSlowly(const std::string &text, const std::string &find, bool matchCase,
+                          std::size_t cursor) {
+    for (std::size_t i = cursor + 1; i <= text.size(); ++i)
+        if (matchesAt(text, i, find, matchCase))
+            return i;
+    return 0;
+}
+
+/// Replace all as scans over a text that changes with every replacement.
+ReplaceAllResult replacedSlowly(std::string text, const std::string &find, bool matchCase,
+                                const std::string &by) {
+    ReplaceAllResult result;
+    result.outcome = ReplaceAllResult::Finished;
+    while (const std::size_t i = scannedSlowly(text, find, matchCase, result.posiçãoCursor)) {
+        text.replace(i - 1, find.size(), by);
+        ++result.replacements;
+        result.posiçãoCursor = i - 1 + by.size();
+        if (result.posiçãoCursor + 1 > text.size()) {
+            result.outcome = ReplaceAllResult::EndedAtTheEnd;
+            break;
+        }
+    }
+    result.text = text;
+    result.caret = text.size();
+    return result;
+}
+
+class Finding : public testing::TestWithParam<bool> {
+protected:
+    std::string randomText(std::size_t longest) {
+        std::string text;
+        for (std::size_t left = m_random() % (longest + 1); left > 0; --left)
+            text += std::string_view("aAb\xE9")[m_random() % 4];
+        return text;
+    }
+
+private:
+    std::minstd_rand m_random{3};
+};
+
+TEST_P(Finding, EqualsTheSlowScan) {
+    for (int round = 0; round < 20000; ++round) {
+        const std::string text = randomText(20);
+        const std::string find = randomText(3);
+        const std::string by = randomText(4);
+        for (std::size_t cursor = 0; cursor <= text.size() + 1; ++cursor) {
+            const ScanResult result = scan(text, {find, GetParam()}, cursor);
+            const std::size_t slow = scannedSlowly(text, find, GetParam(), cursor);
+            ASSERT_EQ(result.outcome, slow ? ScanResult::Matched : ScanResult::NotFound);
+            ASSERT_EQ(result.position, slow ? slow : cursor < text.size() ? text.size() : 0);
+        }
+        const ReplaceAllResult result = replaceAll(text, {find, GetParam()}, by);
+        if (find.empty() || by.empty()) {
+            ASSERT_EQ(result.outcome, ReplaceAllResult::NothingToDo);
+            continue;
+        }
+        const ReplaceAllResult slow = replacedSlowly(text, find, GetParam(), by);
+        ASSERT_EQ(result.outcome, slow.outcome);
+        ASSERT_EQ(result.text, slow.text);
+        ASSERT_EQ(result.replacements, slow.replacements);
+        ASSERT_EQ(result.posiçãoCursor, slow.posiçãoCursor);
+        ASSERT_EQ(result.caret, slow.caret);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(MatchCase, Finding, testing::Bool());
+
+TEST(Find, LooksAcrossTheStretchesOfALongText) {
+    constexpr std::size_t kLength = 200000;
+    const std::string find = "needle";
+    for (std::size_t place = 65536 - 7; place <= 65536 + 1; ++place) {
+        std::string text(kLength, 'x');
+        text.replace(place, find.size(), find);
+        EXPECT_EQ(scan(text, {find, true}, 0).position, place + 1);
+        EXPECT_EQ(replaceAll(text, {find, true}, "y").replacements, 1u);
+    }
+    // What is looked for may be longer than a stretch, and than the text.
+    const std::string half(kLength / 2, 'x');
+    EXPECT_EQ(scan(std::string(kLength, 'x'), {half, true}, kLength / 2).position, kLength / 2 + 1);
+    EXPECT_EQ(scan(half, {half + "x", true}, 0).outcome, ScanResult::NotFound);
+}
+
+TEST(Find, StopsWhereTheProgressSays) {
+    const std::string text(1 << 20, 'a');
+    std::vector<std::size_t> steps;
+    const auto stopAtThird = [&](std::size_t step, std::size_t total) {
+        EXPECT_EQ(total, text.size());
+        steps.push_back(step);
+        return steps.size() < 3;
+    };
+    const ScanResult stopped = scan(text, {"b", true}, 10, stopAtThird);
+    EXPECT_EQ(stopped.outcome, ScanResult::Stopped);
+    EXPECT_EQ(steps.front(), 11u);
+    EXPECT_EQ(stopped.position, steps.back());
+
+    steps.clear();
+    const ReplaceAllResult result = replaceAll(text, {"A", false}, "bc", stopAtThird);
+    EXPECT_EQ(result.outcome, ReplaceAllResult::Stopped);
+    EXPECT_EQ(result.replacements, steps.back() - 1);
+    EXPECT_EQ(result.posiçãoCursor, 2 * result.replacements);
+    EXPECT_EQ(result.caret, result.posiçãoCursor);
+    std::string expected;
+    for (std::size_t i = 0; i < result.replacements; ++i)
+        expected += "bc";
+    EXPECT_EQ(result.text, expected + text.substr(result.replacements));
+    // A stop before the first character changes nothing.
+    EXPECT_EQ(replaceAll(text, {"a", true}, "b", [](std::size_t, std::size_t) { return false; }).text, text);
+}
+
+} // namespace
+} // namespace zolt

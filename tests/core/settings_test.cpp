@@ -1,0 +1,147 @@
+#include "core/settings.h"
+
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace zolt {
+namespace {
+
+using test::bytesOf;
+using test::putBytes;
+using test::TemporaryFolder;
+
+const std::string kFolder = "/home/ana/zolt";
+
+std::string defaultFile() {
+    return "FrstTime=0\r\nLanguage=EN\r\nDefltDir=/home/ana/zolt\r\nDefltSmb=/home/ana/zolt/Default.zls\r\n"
+           "DfDirCnv=/home/ana/zolt\r\nDfDirPdf=/home/ana/zolt\r\nDfDirFHP=/home/ana/zolt\r\n"
+           "DfDirIHa=/home/ana/zolt\r\nDfDirIGr=/home/ana/zolt\r\nDfDirIPC=/home/ana/zolt\r\n"
+           "DfDirPrN=/home/ana/zolt\r\nTFntName=ZOLT\r\nTFntSize=10\r\nTFntColr=-2147483640\r\n"
+           "TFntBold=False\r\nTFntItal=False\r\nTFntUndl=False\r\nTFntStrT=False\r\nTFntBckC=16777215\r\n"
+           "CharTool=3\r\nChrToolX=1000\r\nChrToolY=1000\r\nChrTbExi=0\r\nChrTbPoX=1000\r\nChrTbPoY=1000\r\n"
+           "ChrTbFnt=ZOLT\r\nTxtWWrap=1\r\nPgStpTop=1440\r\nPgStpBot=1440\r\nPgStpLft=1728\r\nPgStpRgt="
+           "1728\r\n"
+           "PgStpOrn=1\r\nQuestion=1\r\n";
+}
+
+/// The default file with one of its pieces replaced.
+std::string changed(const std::string &piece, const std::string &by) {
+    std::string file = defaultFile();
+    const std::size_t place = file.find(piece);
+    EXPECT_NE(place, std::string::npos) << piece;
+    return file.replace(place, piece.size(), by);
+}
+
+TEST(SettingsFile, HoldsTheDefaultsInTheirOrder) {
+    EXPECT_EQ(fileFromSettings(defaultSettings(kFolder)), defaultFile());
+    EXPECT_EQ(settingsFromFile(defaultFile()), defaultSettings(kFolder));
+}
+
+TEST(SettingsFile, GivesBackEveryField) {
+    Settings settings = defaultSettings("/elsewhere/");
+    settings.FrstTime = 1;
+    settings.Language = "PT";
+    settings.DefltSmb = "  caf\xE9=1";
+    settings.TFntBckC = "0";
+    settings.TFntStrT = flagText(true);
+    settings.ChrToolX = -32768;
+    settings.Question = 32767;
+    EXPECT_EQ(settingsFromFile(fileFromSettings(settings)), settings);
+}
+
+TEST(SettingsFile, CountsPlacesAndNotKeys) {
+    EXPECT_EQ(settingsFromFile(changed("Language=EN", "  \"?????????PT\""))->Language, "PT");
+    EXPECT_EQ(settingsFromFile(changed("Language=EN", "Lang"))->Language, "");
+    // Another platform's line ends, and a last line without any.
+    std::string file = defaultFile();
+    std::erase(file, '\r');
+    file.pop_back();
+    EXPECT_EQ(settingsFromFile(file), defaultSettings(kFolder));
+}
+
+struct NumberCase {
+    const char *value;
+    /// The size read, or nothing if the file is damaged.
+    std::optional<int> size;
+    /// The margin read from the same text.
+    std::optional<int> margin;
+};
+
+class ReadsNumber : public testing::TestWithParam<NumberCase> {};
+
+TEST_P(ReadsNumber, AsItsFieldAsks) {
+    const std::string value = GetParam().value;
+    const auto withSize = settingsFromFile(changed("TFntSize=10", "TFntSize=" + value));
+    EXPECT_EQ(withSize ? std::optional<int>(withSize->TFntSize) : std::nullopt, GetParam().size);
+    const auto withMargin = settingsFromFile(changed("PgStpTop=1440", "PgStpTop=" + value));
+    EXPECT_EQ(withMargin ? std::optional<int>(withMargin->PgStpTop) : std::nullopt, GetParam().margin);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, ReadsNumber,
+    testing::Values(NumberCase{"12", 12, 12}, NumberCase{" -7 ", -7, -7}, NumberCase{"+9", 9, 9},
+                    NumberCase{"9.75", 10, 10}, NumberCase{"11 points", 11, {}}, NumberCase{"", 0, {}},
+                    NumberCase{"large", 0, {}}, NumberCase{"-", 0, {}}, NumberCase{"inf", 0, {}},
+                    NumberCase{"nan", 0, {}}, NumberCase{"+-3", 0, {}}, NumberCase{"32767", 32767, 32767},
+                    NumberCase{"32768", {}, {}}, NumberCase{"-32769", {}, {}}, NumberCase{"1e99", {}, {}}));
+
+TEST(SettingsFile, WritesColoursInPlainDecimal) {
+    EXPECT_EQ(settingsFromFile(changed("=16777215", "= 0255 (red)"))->TFntBckC, "255");
+    EXPECT_EQ(settingsFromFile(changed("=16777215", "=1.5E3"))->TFntBckC, "1500");
+    EXPECT_EQ(settingsFromFile(changed("=16777215", "=white"))->TFntBckC, "0");
+    EXPECT_FALSE(settingsFromFile(changed("=16777215", "=4294967295")));
+}
+
+TEST(SettingsFile, LetsFieldsSlideBehindAComma) {
+    // The rest of the language's line becomes the folder, and a number then meets a text.
+    EXPECT_FALSE(settingsFromFile(changed("Language=EN", "Language=EN,DefltDir=/b")));
+    // Only texts stand between the comma and the line that was left out.
+    const auto slid = settingsFromFile(changed("TFntName=ZOLT\r\nTFntSize=10", "TFntName=Two, TFntSize=11"));
+    ASSERT_TRUE(slid);
+    EXPECT_EQ(slid->TFntName, "Two");
+    EXPECT_EQ(slid->TFntSize, 11);
+    EXPECT_EQ(slid->TFntColr, "-2147483640");
+}
+
+TEST(SettingsFile, IsDamagedWhenCutAtAnyLine) {
+    const std::string file = defaultFile();
+    for (std::size_t end = 0; end != std::string::npos && end + 2 < file.size();
+         end = file.find("\r\n", end + 2))
+        EXPECT_FALSE(settingsFromFile(std::string_view(file).substr(0, end))) << end;
+}
+
+TEST(ReadSettings, WritesTheDefaultsOverAFileThatFails) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("ZOLT.ini");
+    for (const std::string &damaged :
+         {std::string(), std::string("FrstTime=x\r\n"), std::string(1 << 21, ' ')}) {
+        putBytes(path, damaged);
+        EXPECT_EQ(readSettings(path, kFolder), defaultSettings(kFolder));
+        EXPECT_EQ(bytesOf(path), defaultFile());
+    }
+    std::filesystem::remove(path);
+    EXPECT_EQ(readSettings(path, kFolder), defaultSettings(kFolder));
+    EXPECT_EQ(bytesOf(path), defaultFile());
+}
+
+TEST(ReadSettings, LeavesASoundFileAndAnUnsoundPaneAlone) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("ZOLT.ini");
+    const std::string file = changed("TxtWWrap=1", "TxtWWrap=3");
+    putBytes(path, file);
+    const Settings settings = readSettings(path, kFolder);
+    EXPECT_EQ(settings.TxtWWrap, 3);
+    EXPECT_FALSE(areSound(settings));
+    EXPECT_EQ(bytesOf(path), file);
+}
+
+TEST(ReadSettings, EndsWithTheDefaultsWhenNothingCanBeWrittenOrReadBack) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(readSettings(folder.file("missing/ZOLT.ini"), kFolder), defaultSettings(kFolder));
+    // A comma in the folder's own name makes the defaults unreadable.
+    EXPECT_EQ(readSettings(folder.file("ZOLT.ini"), "/a,b"), defaultSettings("/a,b"));
+}
+
+} // namespace
+} // namespace zolt

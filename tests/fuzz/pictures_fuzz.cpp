@@ -1,0 +1,23 @@
+#include "platform/pictures.h"
+
+#include <QBuffer>
+#include <QLoggingCategory>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+/// Whatever is decoded has a size within the limit, and gives dots.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
+    QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    const zolt::LoadedPicture picture = zolt::decodePicture(buffer);
+    if (picture.ok() != picture.reason.empty() || picture.image.sizeInBytes() > zolt::kMostPictureBytes) {
+        std::fprintf(stderr, "a picture without a reason or beyond the limit\n");
+        std::abort();
+    }
+    zolt::dotsOfPicture(picture.image, 132, 65);
+    return 0;
+}

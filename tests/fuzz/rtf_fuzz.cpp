@@ -1,0 +1,45 @@
+#include "graphic/rtf_reader.h"
+#include "graphic/rtf_writer.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+void require(bool holds, const char *what) {
+    if (!holds) {
+        std::fprintf(stderr, "%s\n", what);
+        std::abort();
+    }
+}
+
+void checkRuns(const zolt::RichText &text) {
+    for (const zolt::Paragraph &paragraph : text.paragraphs) {
+        for (const zolt::Run &run : paragraph.runs) {
+            require(run.format.font < text.fonts.size(), "a font without a name");
+            if (const auto *characters = std::get_if<std::string>(&run.content)) {
+                require(!characters->empty(), "an empty run");
+                require(characters->find("\r\n") == std::string::npos, "a line end in a run");
+            } else {
+                const auto &picture = std::get<zolt::RichPicture>(run.content);
+                require(picture.width > 0 && picture.height > 0, "a picture without a size");
+            }
+        }
+    }
+}
+
+} // namespace
+
+/// Whatever is read holds together, and the writer's form of it reads the same.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    std::string source(reinterpret_cast<const char *>(data), size);
+    if (!zolt::isRtf(source))
+        source.insert(0, "{\\rtf1 ");
+    const zolt::RichText text = zolt::richTextFromRtf(source);
+    require(!text.paragraphs.empty(), "no paragraph");
+    checkRuns(text);
+    require(zolt::richTextFromRtf(zolt::rtfFromRichText(text)) == text, "another text after a round trip");
+    return 0;
+}

@@ -1,0 +1,274 @@
+#include "graphic/rich_text_samples.h"
+#include "graphic/rtf_reader.h"
+
+#include <gtest/gtest.h>
+
+using namespace zolt;
+using namespace zolt::test;
+
+namespace {
+
+constexpr std::string_view kPngHex =
+    "89504e470d0a1a0a0000000d4948445200000008000000060800000000db6e8027000000144944415478da6360f8ff\r\n"
+    "1f8c603482c9805b0a005d031fe1649abcfe0000000049454e44ae426082";
+
+std::string hexOf(std::string_view bytes) {
+    std::string hex;
+    for (const char c : bytes) {
+        constexpr std::string_view kDigits = "0123456789abcdef";
+        hex += kDigits[static_cast<unsigned char>(c) >> 4];
+        hex += kDigits[static_cast<unsigned char>(c) & 15];
+    }
+    return hex;
+}
+
+std::string textOf(std::string_view rtf) {
+    return plainText(richTextFromRtf(rtf));
+}
+
+/// The formats of a text as a line: font, size in points, attributes, colour.
+std::string describe(const RichText &text) {
+    std::string all;
+    for (const Paragraph &paragraph : text.paragraphs) {
+        for (const Run &run : paragraph.runs) {
+            const CharFormat &format = run.format;
+            const auto *characters = std::get_if<std::string>(&run.content);
+            all += "[" + (characters ? *characters : std::string("picture")) + "] " + text.fonts[format.font];
+            all += " " + std::to_string(format.halfPoints / 2);
+            all += format.bold ? " bold" : "";
+            all += format.italic ? " italic" : "";
+            all += format.underline ? " underline" : "";
+            all += format.strikeThru ? " strike" : "";
+            if (format.colour != kWindowText)
+                all += " " + std::to_string(format.colour);
+            all += "\n";
+        }
+    }
+    return all;
+}
+
+std::vector<RichPicture> picturesOf(std::string_view rtf) {
+    std::vector<RichPicture> pictures;
+    for (const Paragraph &paragraph : richTextFromRtf(rtf).paragraphs) {
+        for (const Run &run : paragraph.runs) {
+            if (const auto *picture = std::get_if<RichPicture>(&run.content))
+                pictures.push_back(*picture);
+        }
+    }
+    return pictures;
+}
+
+} // namespace
+
+TEST(RtfReader, reads_a_file_in_wordpads_manner) {
+    const RichText text = richTextFromRtf(
+        "{\\rtf1\\ansi\\ansicpg1252\\deff0\\nouicompat\\deflang1033{\\fonttbl{\\f0\\fnil\\fcharset0 ZOLT;}"
+        "{\\f1\\fnil\\fcharset0 Courier New;}{\\f2\\fnil\\fcharset2 Symbol;}}\r\n"
+        "{\\colortbl ;\\red255\\green0\\blue0;}\r\n"
+        "{\\*\\generator Riched20 10.0.19041}\\viewkind4\\uc1 \r\n"
+        "\\pard\\sa200\\sl276\\slmult1\\f0\\fs20\\lang9 Mem\\'f3ria\\f1\\fs22  livre\\par\r\n"
+        "{\\pntext\\f2\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf2\\pnindent0{\\pntxtb\\'B7}}\\cf1\\b "
+        "one\\cf0\\b0\\par\r\n"
+        "\\ul two\\ulnone\\strike three\\strike0\\par\r\n}\r\n\0");
+    EXPECT_EQ(plainText(text), "Mem\xF3ria livre\r\n\xB7\tone\r\ntwothree");
+    EXPECT_EQ(describe(text), "[Mem\xF3ria] ZOLT 10\n[ livre] Courier New 11\n[\xB7\t] Symbol 11\n"
+                              "[one] Courier New 11 bold 255\n[two] Courier New 11 underline\n"
+                              "[three] Courier New 11 strike\n");
+}
+
+TEST(RtfReader, reads_a_file_in_words_manner) {
+    const RichText text = richTextFromRtf(
+        "{\\rtf1\\adeflang1025\\ansi\\ansicpg1252\\uc1\\adeff31507\\deff0\\stshfdbch31506\\deflang2070"
+        "{\\fonttbl{\\f0\\fbidi \\froman\\fcharset0\\fprq2{\\*\\panose 02020603050405020304}Times New Roman;}"
+        "{\\f37\\fbidi \\fnil\\fcharset0\\fprq2{\\*\\panose 00000000000000000000}ZOLTBold{\\*\\falt Arial};}"
+        "{\\flomajor\\f31500\\fbidi \\froman\\fcharset238 Times New Roman CE;}}"
+        "{\\colortbl;\\red0\\green0\\blue0;\\red0\\green112\\blue192;}"
+        "{\\*\\defchp \\f31506\\fs22 }{\\*\\defpap \\ql }\\noqfpromote "
+        "{\\stylesheet{\\ql \\f0\\fs24 \\snext0 Normal;}{\\*\\cs10 \\additive Default Paragraph Font;}}"
+        "{\\*\\rsidtbl \\rsid12345}{\\mmathPr\\mmathFont34}{\\info{\\title A title}{\\author Someone}}"
+        "{\\header \\pard\\plain page head\\par }{\\*\\xmlnstbl {\\xmlns1 http://example.org}}"
+        "\\pard\\plain \\ltrpar\\ql \\rtlch\\fcs1 \\af37\\afs20\\alang1025 \\ltrch\\fcs0 "
+        "\\f0\\fs24\\lang2070 "
+        "{\\rtlch\\fcs1 \\ab\\af37 \\ltrch\\fcs0 \\f37\\fs20\\cf2\\insrsid1 bold\\~text}"
+        "{\\rtlch\\fcs1 \\af0 \\ltrch\\fcs0 \\insrsid1 \\rquote s {\\i in}ner}"
+        "{\\*\\bkmkstart mark}{\\*\\bkmkend mark}{\\v hidden}"
+        "{\\field{\\*\\fldinst {HYPERLINK \"http://example.org\"}}{\\fldrslt {\\ul link}}}\\par "
+        "{\\upr{ansi}{\\*\\ud{unicode}}}{\\footnote \\pard note}\\par }");
+    EXPECT_EQ(describe(text), "[bold\xA0text] ZOLTBold 10 12611584\n[\x92s ] Times New Roman 12\n"
+                              "[in] Times New Roman 12 italic\n[ner] Times New Roman 12\n"
+                              "[link] Times New Roman 12 underline\n[ansi] Times New Roman 12\n");
+    EXPECT_EQ(plainText(text), "bold\xA0text\x92s innerlink\r\nansi");
+}
+
+TEST(RtfReader, takes_the_colour_table_before_the_font_table) {
+    EXPECT_EQ(
+        describe(richTextFromRtf("{\\rtf1{\\colortbl;\\red1\\green2\\blue3;}{\\fonttbl\\f7 Arial;\\f3 ZOLT;}"
+                                 "\\f3\\cf1 x\\cf9\\f1 y}")),
+        "[x] ZOLT 12 197121\n[y] Arial 12\n");
+}
+
+TEST(RtfReader, translates_characters_by_code_page) {
+    struct Case {
+        std::string_view rtf;
+        std::string_view text;
+    };
+    const Case cases[] = {
+        // The same character under different numbers: the byte of code page 1252.
+        {"{\\rtf1\\ansicpg1252 \\'e9}", "\xE9"},
+        {"{\\rtf1\\ansicpg437 \\'82}", "\xE9"},
+        {"{\\rtf1\\pca \\'82\\'9b}", "\xE9\xF8"},
+        {"{\\rtf1\\ansicpg1250 \\'9a\\'e8}", "\x9A?"},
+        {"{\\rtf1\\ansicpg1251 \\'96\\'e6}", "\x96?"},
+        {"{\\rtf1\\ansicpg1254 \\'d0\\'d6}", "?\xD6"},
+        // Greek letters are characters of the calculator.
+        {"{\\rtf1{\\fonttbl{\\f0\\fcharset161 Arial Greek;}}\\deff0\\plain \\'e1}", "\x8C"},
+        {"{\\rtf1\\u945 ?\\u960\\'3f}", "\x8C\x87"},
+        {"{\\rtf1\\ansicpg932 \\'83\\'41a}", "?Aa"},
+        // In the calculator's fonts a byte is a character, whatever the code page.
+        {"{\\rtf1\\ansicpg1251{\\fonttbl{\\f0\\fcharset204 ZOLT;}{\\f1 ZOLTX;}}\\f0\\'e6\\f1\\'e6}", "\xE6?"},
+        {"{\\rtf1\\emdash\\endash\\bullet\\lquote\\rquote\\ldblquote\\rdblquote\\~\\_\\-\\emspace x}",
+         "\x97\x96\x95\x91\x92\x93\x94\xA0- x"},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(textOf(c.rtf), c.text) << c.rtf;
+}
+
+TEST(RtfReader, drops_what_stands_behind_a_unicode_character_for_old_programs) {
+    struct Case {
+        std::string_view rtf;
+        std::string_view text;
+    };
+    const Case cases[] = {
+        {"{\\rtf1\\u8364?x}", "\x80x"},
+        {"{\\rtf1\\uc0\\u8364x}", "\x80x"},
+        {"{\\rtf1\\uc2\\u233\\'65\\'27x}", "\xE9x"},
+        {"{\\rtf1\\uc3\\u233 ab\\emdash x}", "\xE9x"},
+        {"{\\rtf1{\\uc0\\u233}\\u233?x}", "\xE9\xE9x"},
+        {"{\\rtf1{\\uc2\\u233 a}x}", "\xE9x"},
+        {"{\\rtf1\\u233\\par x}", "\xE9\r\nx"},
+        {"{\\rtf1\\u-10179?\\u-8704?x}", "?x"},
+        {"{\\rtf1\\u-3913?x}", "\xB7x"},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(textOf(c.rtf), c.text) << c.rtf;
+}
+
+TEST(RtfReader, ends_lines_where_a_reader_sees_them_end) {
+    struct Case {
+        std::string_view rtf;
+        std::string_view text;
+    };
+    const Case cases[] = {
+        {"{\\rtf1 a\\par b\\line c\\\r\nd\\par}", "a\r\nb\r\nc\r\nd"},
+        {"{\\rtf1 a\r\nb}", "ab"},
+        {"{\\rtf1 a\\page\\par b\\sect c}", "a\r\n\r\nb\r\nc"},
+        {"{\\rtf1\\trowd\\intbl a\\cell b\\cell\\row\\trowd\\intbl c\\cell\\cell\\row\\pard d}",
+         "a\tb\r\nc\t\r\nd"},
+        {"{\\rtf1\\'0d\\'0ax\\'0d\\b\\u10?y\\'0dz}", "\r\nx\r\ny\rz"},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(textOf(c.rtf), c.text) << c.rtf;
+}
+
+TEST(RtfReader, reads_pictures_of_every_kind_once) {
+    const std::string png(kPngHex);
+    const std::string bmp = bmpFile(20, 12);
+    const std::string dib = hexOf(bmp.substr(14));
+    // A metafile of three records: a map mode, StretchDIBits, the end.
+    const std::size_t dibBytes = bmp.size() - 14;
+    std::string size = "....";
+    for (std::size_t i = 0; i < 4; ++i)
+        size[i] = static_cast<char>((28 + dibBytes) / 2 >> (8 * i) & 255);
+    const std::string metafile = "010009000003000000000000000000000000"
+                                 "040000000301"
+                                 "0800" +
+                                 hexOf(size) + "430f" +
+                                 "2000cc00"
+                                 "0000"
+                                 "0c0014000000000018002800"
+                                 "00000000" +
+                                 dib + "030000000000";
+    struct Case {
+        const char *what;
+        std::string group;
+        RichPicture picture;
+    };
+    const Case cases[] = {
+        {"png",
+         "{\\pict\\pngblip\\picwgoal240\\pichgoal180 " + png + "}",
+         {RichPicture::Kind::Png, pngFile(), 240, 180}},
+        {"no goal",
+         "{\\pict{\\*\\picprop{\\sp{\\sn a}{\\sv 1}}}\\picscalex200\\picscaley100\\pngblip\n" + png + "}",
+         {RichPicture::Kind::Png, pngFile(), 240, 90}},
+        {"both ways",
+         "{\\*\\shppict{\\pict\\pngblip\\picwgoal240\\pichgoal180 " + png +
+             "}}{\\nonshppict{\\pict\\wmetafile8\\picwgoal9\\pichgoal9 " + metafile + "}}",
+         {RichPicture::Kind::Png, pngFile(), 240, 180}},
+        {"second way",
+         "{\\*\\shppict{\\pict\\emfblip 0102}}{\\nonshppict{\\pict\\wmetafile8\\picw1058\\pich635 " +
+             metafile + "}}",
+         {RichPicture::Kind::Bmp, bmp, 599, 360}},
+        {"dib", "{\\pict\\dibitmap0\\picw20\\pich12 " + dib + "}", {RichPicture::Kind::Bmp, bmp, 300, 180}},
+        {"shape",
+         "{\\shp{\\*\\shpinst\\shpleft-5\\shptop10\\shpright10\\shpbottom40{\\sp{\\sn fillBlip}{\\sv "
+         "{\\pict\\pngblip " +
+             png +
+             "}}}{\\sp{\\sn pib}{\\sv "
+             "{\\pict\\picwgoal7\\pichgoal7\\pngblip " +
+             png + "}}}}{\\shprslt{\\pict\\pngblip " + png + "}}}",
+         {RichPicture::Kind::Png, pngFile(), 15, 30}},
+        {"object",
+         "{\\object\\objemb{\\*\\objclass P}{\\*\\objdata 0105}{\\result{\\pict\\dibitmap0\\picwgoal15"
+         "\\pichgoal15 " +
+             dib + "}}}",
+         {RichPicture::Kind::Bmp, bmp, 15, 15}},
+    };
+    for (const Case &c : cases) {
+        const std::vector<RichPicture> pictures = picturesOf("{\\rtf1 a" + c.group + "b}");
+        ASSERT_EQ(pictures.size(), 1u) << c.what;
+        EXPECT_EQ(pictures[0], c.picture) << c.what;
+        EXPECT_EQ(textOf("{\\rtf1 a" + c.group + "b}"), "a b") << c.what;
+    }
+    const std::string raw = pngFile();
+    const auto binary =
+        picturesOf("{\\rtf1{\\pict\\pngblip\\bin" + std::to_string(raw.size()) + " " + raw + "}}");
+    ASSERT_EQ(binary.size(), 1u);
+    EXPECT_EQ(binary[0].bytes, raw);
+}
+
+TEST(RtfReader, drops_pictures_that_do_not_hold_together) {
+    std::string huge = bmpFile(20, 12).substr(14);
+    huge[7] = 0x70;
+    for (const std::string &group :
+         {std::string("\\pngblip 00112233"), std::string("\\dibitmap0 28000000"),
+          "\\dibitmap0 " + hexOf(huge), "\\dibitmap0 " + hexOf(bmpFile(20, 12).substr(14, 90)),
+          std::string("\\wmetafile8 0100090000030000"), std::string("\\jpegblip"),
+          std::string("\\bin2000000000 abc")})
+        EXPECT_EQ(textOf("{\\rtf1 a{\\pict" + group + "}}"), "a") << group;
+}
+
+TEST(RtfReader, takes_other_texts_as_plain) {
+    EXPECT_EQ(textOf("plain {\\b text}\r\nsecond\r\n"), "plain {\\b text}\r\nsecond");
+    EXPECT_EQ(textOf(""), "");
+}
+
+TEST(RtfReader, ends_quietly_wherever_the_source_is_cut_off) {
+    const std::string whole =
+        "{\\rtf1{\\fonttbl{\\f0\\fcharset0 ZOLT;}}{\\colortbl;\\red1;}a\\'e9\\u233?\\b b\\par"
+        "{\\pict\\pngblip\\bin4 abcd}{\\*\\x y}{\\pict\\dibitmap0 2800}c}";
+    for (std::size_t length = 0; length < whole.size(); ++length)
+        richTextFromRtf(std::string_view(whole).substr(0, length));
+    EXPECT_EQ(textOf("{\\rtf1 a\\'4"), "a4");
+}
+
+TEST(RtfReader, nesting_costs_no_stack) {
+    const std::string open(300'000, '{');
+    const std::string close(300'000, '}');
+    EXPECT_EQ(textOf("{\\rtf1 a" + open + "b" + close + "c}d"), "abc");
+    EXPECT_EQ(textOf("{\\rtf1 a" + open), "a");
+    EXPECT_EQ(textOf("{\\rtf1 a}" + close), "a");
+    std::string groups = "{\\rtf1";
+    for (int i = 0; i < 100'000; ++i)
+        groups += "{\\*\\x{\\pict{\\fonttbl{\\sn";
+    EXPECT_EQ(textOf(groups), "");
+}

@@ -1,0 +1,141 @@
+#include "core/file.h"
+#include "graphic/rich_text_builder.h"
+#include "graphic/rich_text_samples.h"
+#include "graphic/rtf_reader.h"
+#include "graphic/rtf_writer.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+using namespace zolt;
+using namespace zolt::test;
+
+namespace {
+
+/// A folder in which LibreOffice converts files, with a profile of its own.
+class WordProcessor : public testing::Test {
+protected:
+    void SetUp() override {
+        if (std::system("command -v soffice >/dev/null 2>&1") != 0)
+            GTEST_SKIP() << "LibreOffice isn't installed";
+        std::string pattern = (std::filesystem::temp_directory_path() / "zolt-rtf-XXXXXX").string();
+        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+        m_folder = pattern;
+    }
+
+    void TearDown() override {
+        if (!m_folder.empty())
+            std::filesystem::remove_all(m_folder);
+    }
+
+    /// The bytes of `name` converted; `options` name the format wanted.
+    std::string convert(const std::string &name, std::string_view bytes, const std::string &options,
+                        const std::string &resultExtension) {
+        const std::filesystem::path source = m_folder / name;
+        EXPECT_EQ(writeFile(source.string(), bytes), "");
+        const std::string out = (m_folder / "out").string();
+        const std::string command = "soffice -env:UserInstallation=file://" +
+                                    (m_folder / "profile").string() + " --headless " + options +
+                                    " --outdir '" + out + "' '" + source.string() + "' >/dev/null 2>&1";
+        EXPECT_EQ(std::system(command.c_str()), 0) << command;
+        const std::string result = (std::filesystem::path(out) / source.stem()).string() + resultExtension;
+        const FileContents contents = readFile(result);
+        EXPECT_TRUE(contents.ok()) << result << ": " << contents.reason;
+        return contents.bytes;
+    }
+
+private:
+    std::filesystem::path m_folder;
+};
+
+std::string base64(std::string_view bytes) {
+    constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string text;
+    for (std::size_t i = 0; i < bytes.size(); i += 3) {
+        std::uint32_t group = 0;
+        for (std::size_t k = 0; k < 3; ++k)
+            group = group << 8 | (i + k < bytes.size() ? static_cast<unsigned char>(bytes[i + k]) : 0u);
+        for (std::size_t k = 0; k < 4; ++k)
+            text += i + k <= bytes.size() ? kDigits[group >> (18 - 6 * k) & 63] : '=';
+    }
+    return text;
+}
+
+/// A flat OpenDocument text: paragraphs in our fonts, a picture as a character,
+/// a heading and a page header.
+std::string flatDocument() {
+    const std::string office = "urn:oasis:names:tc:opendocument:xmlns:";
+    return R"(<?xml version="1.0" encoding="UTF-8"?>
+<office:document xmlns:office=")" +
+           office + R"(office:1.0" xmlns:style=")" + office + R"(style:1.0" xmlns:text=")" + office +
+           R"(text:1.0" xmlns:draw=")" + office + R"(drawing:1.0" xmlns:fo=")" + office +
+           R"(xsl-fo-compatible:1.0" xmlns:svg=")" + office +
+           R"(svg-compatible:1.0" office:version="1.2" office:mimetype="application/vnd.oasis.opendocument.text">
+<office:font-face-decls>
+ <style:font-face style:name="ZOLT" svg:font-family="ZOLT"/>
+ <style:font-face style:name="ZOLTBold" svg:font-family="ZOLTBold"/>
+</office:font-face-decls>
+<office:automatic-styles>
+ <style:style style:name="T1" style:family="text"><style:text-properties style:font-name="ZOLT" fo:font-size="10pt"/></style:style>
+ <style:style style:name="T2" style:family="text"><style:text-properties style:font-name="ZOLTBold" fo:font-size="10pt" fo:color="#0000ff" style:text-underline-style="solid"/></style:style>
+ <style:style style:name="fr1" style:family="graphic"><style:graphic-properties style:vertical-pos="top" style:vertical-rel="baseline"/></style:style>
+</office:automatic-styles>
+<office:master-styles/>
+<office:body><office:text>
+<text:p><text:span text:style-name="T1">Memória α livre</text:span></text:p>
+<text:p><text:span text:style-name="T2">forte</text:span></text:p>
+<text:p><text:span text:style-name="T1">fig <draw:frame draw:style-name="fr1" text:anchor-type="as-char" svg:width="0.1667in" svg:height="0.125in"><draw:image draw:mime-type="image/png"><office:binary-data>)" +
+           base64(pngFile()) + R"(</office:binary-data></draw:image></draw:frame>.</text:span></text:p>
+</office:text></office:body></office:document>)";
+}
+
+} // namespace
+
+TEST_F(WordProcessor, files_are_read_with_text_fonts_and_pictures) {
+    const std::string rtf =
+        convert("sample.fodt", flatDocument(), "--convert-to 'rtf:Rich Text Format'", ".rtf");
+    const RichText text = richTextFromRtf(rtf);
+    EXPECT_EQ(plainText(text), "Mem\xF3ria \x8C livre\r\nforte\r\nfig  .");
+
+    ASSERT_EQ(text.paragraphs.size(), 3u);
+    const auto &bold = text.paragraphs[1].runs;
+    ASSERT_EQ(bold.size(), 1u);
+    EXPECT_EQ(text.fonts[bold[0].format.font], "ZOLTBold");
+    EXPECT_EQ(bold[0].format.halfPoints, 20);
+    EXPECT_EQ(bold[0].format.colour, 0xFF0000u);
+    EXPECT_TRUE(bold[0].format.underline);
+
+    const auto &third = text.paragraphs[2].runs;
+    ASSERT_EQ(third.size(), 3u);
+    EXPECT_EQ(text.fonts[third[0].format.font], "ZOLT");
+    const auto *picture = std::get_if<RichPicture>(&third[1].content);
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->kind, RichPicture::Kind::Png);
+    EXPECT_NEAR(picture->width, 240, 2);
+    EXPECT_NEAR(picture->height, 180, 2);
+}
+
+TEST_F(WordProcessor, our_files_open_with_the_same_text_fonts_and_pictures) {
+    RichTextBuilder builder;
+    const std::uint16_t bold = builder.text().fontIndex("ZOLTBold");
+    builder.append("Mem\xF3ria \x80 {livre} \\o/", {});
+    builder.endParagraph();
+    builder.endParagraph();
+    builder.append("forte", {.font = bold, .halfPoints = 28, .colour = 0xFF0000});
+    for (const auto kind : {RichPicture::Kind::Png, RichPicture::Kind::Bmp})
+        builder.append(samplePicture(kind), {});
+    const std::string rtf = rtfFromRichText(builder.text());
+
+    const std::string plain = convert("ours.rtf", rtf, "--convert-to 'txt:Text (encoded):UTF8'", ".txt");
+    EXPECT_EQ(plain.substr(plain.starts_with("\xEF\xBB\xBF") ? 3 : 0), "Memória € {livre} \\o/\n\nforte\n");
+
+    const std::string flat = convert("ours.rtf", rtf, "--convert-to fodt", ".fodt");
+    EXPECT_NE(flat.find("svg:font-family=\"ZOLTBold\""), std::string::npos);
+    EXPECT_NE(flat.find("fo:font-size=\"14pt\""), std::string::npos);
+    EXPECT_NE(flat.find("fo:color=\"#0000ff\""), std::string::npos);
+    // 240 by 180 twips and 600 by 360 twips, in inches.
+    EXPECT_NE(flat.find("svg:width=\"0.1665in\" svg:height=\"0.125"), std::string::npos);
+    EXPECT_NE(flat.find("svg:width=\"0.4165in\" svg:height=\"0.25in\""), std::string::npos);
+}

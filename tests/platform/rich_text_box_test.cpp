@@ -1,0 +1,426 @@
+#include "platform/rich_text_box.h"
+
+#include "core/file.h"
+#include "core/glyphs.h"
+#include "graphic/rich_text_builder.h"
+#include "graphic/rich_text_samples.h"
+#include "graphic/rtf_reader.h"
+#include "graphic/rtf_writer.h"
+#include "platform/fonts.h"
+#include "platform/program_folder.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QImage>
+#include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+using namespace zolt;
+using namespace zolt::test;
+
+namespace {
+
+/// A shown box with the focus.
+struct ShownBox {
+    explicit ShownBox(std::string_view text = "", bool wraps = true) : box(wraps) {
+        box.resize(400, 300);
+        box.setText(text);
+        box.show();
+        box.setFocus();
+        QApplication::setActiveWindow(&box);
+    }
+    void key(Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&box, code, modifiers);
+    }
+    void type(const QString &text) {
+        for (const QChar c : text)
+            QTest::sendKeyEvent(QTest::Click, &box, Qt::Key_unknown, QString(c), Qt::NoModifier);
+    }
+    void select(qsizetype start, qsizetype length) {
+        box.setSelStart(start);
+        box.setSelLength(length);
+    }
+
+    RichTextBox box;
+};
+
+/// Fonts in the order of their first use, as the control gives them back.
+RichText withFontsInOrder(const RichText &text) {
+    RichText result = text;
+    result.fonts.clear();
+    for (Paragraph &paragraph : result.paragraphs) {
+        for (Run &run : paragraph.runs)
+            run.format.font = result.fontIndex(text.fonts[run.format.font]);
+    }
+    if (result.fonts.empty())
+        result.fonts = {"ZOLT"};
+    return result;
+}
+
+/// "plain", "bold" in ZOLTBold and red, a picture, "end" on the next line.
+RichText sample() {
+    RichTextBuilder builder;
+    const std::uint16_t bold = builder.text().fontIndex("ZOLTBold");
+    builder.append("plain", {});
+    builder.append("bold", {.font = bold, .halfPoints = 28, .colour = 0xFF, .italic = true});
+    builder.append(samplePicture(RichPicture::Kind::Png), {});
+    builder.endParagraph();
+    builder.append("end", {});
+    return builder.text();
+}
+
+std::string allBytes() {
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    return all + "\r\n" + all;
+}
+
+QImage grab(RichTextBox &box) {
+    return box.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+} // namespace
+
+TEST(RichTextBoxContents, every_byte_stands_in_it) {
+    ShownBox shown;
+    shown.box.setText(allBytes());
+    EXPECT_EQ(shown.box.Text(), allBytes());
+    EXPECT_EQ(plainText(richTextFromRtf(shown.box.TextRTF())), allBytes());
+}
+
+TEST(RichTextBoxContents, random_rich_texts_come_back) {
+    RichTextBox box;
+    std::mt19937 random(31);
+    for (int i = 0; i < 300; ++i) {
+        const RichText text = withFontsInOrder(randomRichText(random));
+        box.setRichText(text);
+        ASSERT_EQ(box.richText(), text) << i << "\n" << rtfFromRichText(text);
+        ASSERT_EQ(box.Text(), plainText(text)) << i;
+        ASSERT_EQ(box.length(), static_cast<qsizetype>(plainText(text).size()));
+    }
+}
+
+TEST(RichTextBoxContents, setting_reports_one_change_and_forgets_undo) {
+    ShownBox shown("old");
+    shown.type("x");
+    QSignalSpy changes(&shown.box, &RichTextBox::Change);
+    shown.box.setRichText(sample());
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_FALSE(shown.box.document()->isUndoAvailable());
+    EXPECT_EQ(shown.box.SelStart(), 0);
+    shown.type("y");
+    EXPECT_EQ(changes.count(), 2);
+    EXPECT_FALSE(shown.box.setRichText(oneRun("other"), [](std::size_t, std::size_t) { return false; }));
+    EXPECT_EQ(shown.box.Text(), "yplainbold \r\nend");
+    EXPECT_EQ(changes.count(), 2);
+}
+
+TEST(RichTextBoxSelection, counts_a_line_end_twice_and_a_picture_once) {
+    ShownBox shown;
+    shown.box.setRichText(sample());
+    EXPECT_EQ(shown.box.Text(), "plainbold \r\nend");
+    shown.select(12, 3);
+    EXPECT_EQ(shown.box.SelText(), "end");
+    shown.select(10, 1); // CR alone: the whole line end
+    EXPECT_EQ(shown.box.SelText(), "\r\n");
+    EXPECT_EQ(shown.box.SelLength(), 2);
+    shown.box.setSelStart(11);
+    EXPECT_EQ(shown.box.SelStart(), 10);
+    shown.select(9, 1);
+    EXPECT_TRUE(std::holds_alternative<RichPicture>(shown.box.selRichText().paragraphs[0].runs[0].content));
+    shown.box.setSelText("");
+    EXPECT_EQ(shown.box.Text(), "plainbold\r\nend");
+    shown.select(7, 1000);
+    EXPECT_EQ(shown.box.SelText(), "ld\r\nend");
+    shown.box.setSelText("\r\n\x1F\x9E");
+    EXPECT_EQ(shown.box.Text(), "plainbo\r\n\x1F\x9E");
+    EXPECT_EQ(shown.box.SelStart(), 11);
+    EXPECT_EQ(shown.box.richText().fonts, (std::vector<std::string>{"ZOLT", "ZOLTBold"}));
+    EXPECT_EQ(shown.box.richText().paragraphs[1].runs[0].format.font, 1) << "the format of what was replaced";
+}
+
+TEST(RichTextBoxFormats, tells_what_the_selection_has_in_common) {
+    ShownBox shown;
+    shown.box.setRichText(sample());
+    shown.select(5, 4);
+    EXPECT_EQ(shown.box.SelFontName(), "ZOLTBold");
+    EXPECT_EQ(shown.box.SelFontSize(), 14);
+    EXPECT_EQ(shown.box.SelColor(), 0xFFu);
+    EXPECT_TRUE(shown.box.SelItalic());
+    EXPECT_FALSE(shown.box.SelBold());
+    shown.select(4, 1);
+    EXPECT_EQ(shown.box.SelFontName(), "ZOLT");
+    shown.select(4, 2);
+    EXPECT_EQ(shown.box.SelFontName(), "");
+    EXPECT_EQ(shown.box.SelFontSize(), 0);
+    EXPECT_FALSE(shown.box.SelItalic());
+}
+
+TEST(RichTextBoxFormats, set_the_selection_or_what_is_typed_next) {
+    ShownBox shown("abcd");
+    shown.select(1, 2);
+    shown.box.setSelFontName("ZOLTInverse");
+    shown.box.setSelFontSize(12.5);
+    shown.box.setSelColor(0x00FF00);
+    shown.box.setSelBold(true);
+    shown.box.setSelUnderline(true);
+    shown.box.setSelStrikeThru(true);
+    RichText text = shown.box.richText();
+    const CharFormat wanted{
+        .font = 1, .halfPoints = 25, .colour = 0x00FF00, .bold = true, .underline = true, .strikeThru = true};
+    ASSERT_EQ(text.paragraphs[0].runs.size(), 3u);
+    EXPECT_EQ(text.paragraphs[0].runs[1], (zolt::Run{wanted, "bc"}));
+    shown.box.setSelColor(kWindowText);
+    EXPECT_EQ(shown.box.SelColor(), kWindowText);
+
+    shown.box.setSelStart(4);
+    shown.box.setSelFontName("ZOLTBold");
+    shown.type("e");
+    text = shown.box.richText();
+    EXPECT_EQ(plainText(text), "abcde");
+    EXPECT_EQ(text.fonts[text.paragraphs[0].runs.back().format.font], "ZOLTBold");
+}
+
+TEST(RichTextBoxKeys, type_bytes_and_line_ends) {
+    ShownBox shown;
+    shown.type(QStringLiteral("é\u03B1\u0416"));
+    shown.key(Qt::Key_Return);
+    shown.key(Qt::Key_Return, Qt::ShiftModifier);
+    shown.key(Qt::Key_Tab);
+    EXPECT_EQ(shown.box.Text(), "\xE9\x8C?\r\n\r\n\t");
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(shown.box.Text(), "\xE9\x8C?\r\n\r\n\t");
+}
+
+TEST(RichTextBoxKeys, typing_beside_a_picture_makes_no_picture) {
+    ShownBox shown;
+    shown.box.setRichText(sample());
+    shown.box.setSelStart(10);
+    shown.type("x");
+    EXPECT_EQ(shown.box.Text(), "plainbold x\r\nend");
+    const RichText text = shown.box.richText();
+    EXPECT_TRUE(std::holds_alternative<std::string>(text.paragraphs[0].runs.back().content));
+    shown.key(Qt::Key_Backspace);
+    shown.key(Qt::Key_Backspace);
+    EXPECT_EQ(shown.box.Text(), "plainbold\r\nend");
+    shown.box.undo();
+    EXPECT_EQ(shown.box.richText().paragraphs[0].runs[2], sample().paragraphs[0].runs[2]);
+}
+
+TEST(RichTextBoxKeys, a_locked_box_moves_its_caret_only) {
+    ShownBox shown("one\r\ntwo");
+    shown.box.setReadOnly(true);
+    QSignalSpy keys(&shown.box, &RichTextBox::keyDown);
+    QSignalSpy released(&shown.box, &RichTextBox::keyUp);
+    shown.key(Qt::Key_Down);
+    shown.key(Qt::Key_Right);
+    EXPECT_EQ(shown.box.SelStart(), 6);
+    shown.type("x ");
+    shown.key(Qt::Key_Delete);
+    shown.key(Qt::Key_Return);
+    shown.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(shown.box.Text(), "one\r\ntwo");
+    EXPECT_EQ(shown.box.SelStart(), 6);
+    EXPECT_EQ(keys.count(), 8) << "Ctrl is a key too";
+    EXPECT_EQ(released.count(), 8);
+    EXPECT_TRUE(shown.box.textInteractionFlags() & Qt::TextSelectableByKeyboard) << "the caret is drawn";
+    shown.box.setSelText("y");
+    EXPECT_EQ(shown.box.Text(), "one\r\ntywo");
+}
+
+TEST(RichTextBoxMouse, reports_buttons_and_clicks_without_a_menu) {
+    ShownBox shown("one two");
+    QSignalSpy down(&shown.box, &RichTextBox::mouseDown);
+    QSignalSpy up(&shown.box, &RichTextBox::mouseUp);
+    QSignalSpy click(&shown.box, &RichTextBox::click);
+    QTest::mouseClick(shown.box.viewport(), Qt::LeftButton, {}, {300, 5});
+    EXPECT_EQ(shown.box.SelStart(), 7);
+    QTest::mouseClick(shown.box.viewport(), Qt::RightButton, {}, {5, 5});
+    EXPECT_EQ(down.count(), 2);
+    EXPECT_EQ(down[1][0].value<Qt::MouseButton>(), Qt::RightButton);
+    EXPECT_EQ(up.count(), 2);
+    EXPECT_EQ(click.count(), 1);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST(RichTextBoxClipboard, carries_rich_text_and_what_the_calculator_shows) {
+    ShownBox shown;
+    shown.box.setRichText(sample());
+    shown.box.selectAll();
+    shown.key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "plainbold \nend");
+    const QMimeData *copied = QApplication::clipboard()->mimeData();
+    EXPECT_EQ(richTextFromRtf(copied->data("text/rtf").toStdString()), sample());
+
+    ShownBox other("ab");
+    other.select(1, 0);
+    other.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(other.box.Text(), "aplainbold \r\nendb");
+    EXPECT_EQ(other.box.SelStart(), 16);
+    other.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(other.box.Text(), "ab") << "one step of undo";
+}
+
+TEST(RichTextBoxClipboard, takes_pictures_and_texts) {
+    ShownBox shown("ab");
+    QImage picture(5, 3, QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    QApplication::clipboard()->setImage(picture);
+    shown.select(1, 1);
+    shown.key(Qt::Key_V, Qt::ControlModifier);
+    const RichText text = shown.box.richText();
+    ASSERT_EQ(text.paragraphs[0].runs.size(), 2u);
+    const auto &pasted = std::get<RichPicture>(text.paragraphs[0].runs[1].content);
+    EXPECT_EQ(pasted.width, 75);
+    EXPECT_EQ(pasted.height, 45);
+    EXPECT_NE(shown.box.TextRTF().find("{\\pict"), std::string::npos);
+    QApplication::clipboard()->setText(QStringLiteral("\u03C0\nx"));
+    shown.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(shown.box.Text(), "a \x87\r\nx");
+}
+
+TEST(RichTextBoxFiles, load_what_they_saved) {
+    QTemporaryDir folder;
+    const std::string path = folder.filePath("a.rtf").toStdString();
+    RichTextBox box;
+    box.setRichText(sample());
+    EXPECT_EQ(box.SaveFile(path), "");
+    box.setText("other");
+    EXPECT_EQ(box.LoadFile(path), "");
+    EXPECT_EQ(box.richText(), sample());
+    EXPECT_NE(box.LoadFile(path + ".none"), "");
+    EXPECT_EQ(box.richText(), sample());
+}
+
+TEST(RichTextBoxLines, are_counted_as_shown) {
+    ShownBox shown("a\r\nb\r\n", false);
+    EXPECT_EQ(shown.box.lineCount(), 3);
+    EXPECT_EQ(shown.box.lineOfOffset(0), 0);
+    EXPECT_EQ(shown.box.lineOfOffset(2), 0);
+    EXPECT_EQ(shown.box.lineOfOffset(3), 1);
+    EXPECT_EQ(shown.box.lineOfOffset(6), 2);
+
+    ShownBox wrapped(std::string(400, 'w') + "\r\nlast");
+    const int lines = wrapped.box.lineCount();
+    EXPECT_GT(lines, 4);
+    EXPECT_EQ(wrapped.box.lineOfOffset(402), lines - 1);
+    EXPECT_EQ(wrapped.box.lineOfOffset(399), lines - 2);
+}
+
+TEST(RichTextBoxLines, the_caret_scrolls_into_view) {
+    std::string text;
+    for (int i = 0; i < 500; ++i)
+        text += "line\r\n";
+    ShownBox shown(text);
+    shown.box.setSelStart(3000);
+    EXPECT_GT(shown.box.verticalScrollBar()->value(), 0);
+    EXPECT_TRUE(shown.box.viewport()->rect().contains(shown.box.cursorRect()));
+}
+
+TEST(RichTextBoxPictures, stand_on_whole_pixels_without_smoothing) {
+    QImage dots(4, 6, QImage::Format_RGB32);
+    dots.fill(Qt::white);
+    for (int i = 0; i < 4; ++i)
+        dots.setPixel(i, i, qRgb(0, 0, 0));
+    ShownBox shown;
+    shown.box.pastePicture(dots);
+    RichText text = shown.box.richText();
+    auto &picture = std::get<RichPicture>(text.paragraphs[0].runs[0].content);
+    picture.width = 4 * 30;
+    picture.height = 6 * 30;
+    text.paragraphs.push_back(text.paragraphs[0]);
+    shown.box.setRichText(text);
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    const QImage shot = grab(shown.box);
+    // Two pixels a dot, the second picture right below the first.
+    for (int row = 0; row < 2; ++row) {
+        for (int y = 0; y < 12; ++y) {
+            for (int x = 0; x < 8; ++x)
+                ASSERT_EQ(shot.pixel(2 + x, 2 + 12 * row + y), dots.pixel(x / 2, y / 2))
+                    << row << " " << x << " " << y;
+        }
+    }
+}
+
+TEST(RichTextBoxProperties, can_be_driven_by_name) {
+    RichTextBox box;
+    EXPECT_TRUE(box.setProperty("Text", QByteArray("a\r\nb")));
+    EXPECT_TRUE(box.setProperty("SelStart", 3));
+    EXPECT_TRUE(box.setProperty("SelLength", 1));
+    EXPECT_EQ(box.property("SelText").toByteArray(), "b");
+    EXPECT_TRUE(box.setProperty("TextRTF", QByteArray("{\\rtf1 x}")));
+    EXPECT_EQ(box.property("Text").toByteArray(), "x");
+}
+
+TEST(RichTextBoxPictures, stand_on_the_foot_of_their_line_of_text) {
+    ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
+    ShownBox shown;
+    RichText text = oneRun("ab");
+    RichPicture picture = samplePicture(RichPicture::Kind::Bmp);
+    picture.width = 40 * 15;
+    picture.height = 24 * 15;
+    text.paragraphs[0].runs.push_back({{}, picture});
+    text.paragraphs.push_back(oneRun("cd").paragraphs[0]);
+    text.paragraphs.push_back(oneRun("ef").paragraphs[0]);
+    shown.box.setRichText(text);
+    const auto topOfLine = [&shown](qsizetype offset) {
+        shown.box.setSelStart(offset);
+        return shown.box.cursorRect().top();
+    };
+    // Two pixels of margin, the picture's height, then lines of 12 pixels.
+    EXPECT_EQ(topOfLine(5), 2 + 24);
+    EXPECT_EQ(topOfLine(9), 2 + 24 + 12);
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    const QImage shot = grab(shown.box);
+    EXPECT_EQ(shot.pixelColor(2 + 16, 2), QColor(Qt::black));
+    EXPECT_EQ(shot.pixelColor(2 + 16 + 39, 2 + 23), QColor(Qt::black));
+    EXPECT_EQ(shot.pixelColor(2 + 16 + 39, 2 + 24), QColor(Qt::white));
+    EXPECT_EQ(shot.pixelColor(2 + 16 + 40, 2 + 23), QColor(Qt::white));
+    // The text beside it ends with it.
+    for (int y = 0; y < 12; ++y) {
+        for (int x = 0; x < 8; ++x)
+            ASSERT_EQ(shot.pixel(2 + x, 2 + 12 + y) == qRgb(0, 0, 0),
+                      glyph(Style::Plain, 'a').dot(x / 2, y / 2));
+    }
+}
+
+TEST(RichTextBoxFonts, show_every_byte_in_every_style_dot_for_dot) {
+    ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
+    ShownBox shown("", false);
+    shown.box.resize(400, 400);
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    for (int number = 0; number < kStyleCount; ++number) {
+        const auto style = static_cast<Style>(number);
+        RichTextBuilder builder;
+        const std::uint16_t font = builder.text().fontIndex(fontOfStyle(style));
+        for (int code = 0; code < 256; ++code) {
+            const char byte = static_cast<char>(code);
+            if (code > 0 && code % 16 == 0)
+                builder.endParagraph();
+            builder.append({&byte, 1}, {.font = font});
+        }
+        shown.box.setRichText(builder.text());
+        const QImage shot = grab(shown.box);
+        const int width = glyphWidth(style) * 2;
+        int wrong = 0;
+        for (int code = 0; code < 256; ++code) {
+            for (int y = 0; y < 12; ++y) {
+                for (int x = 0; x < width; ++x) {
+                    const bool on = glyph(style, static_cast<unsigned char>(code)).dot(x / 2, y / 2);
+                    const QRgb pixel = shot.pixel(2 + code % 16 * width + x, 2 + code / 16 * 12 + y);
+                    wrong += pixel != (on ? qRgb(0, 0, 0) : qRgb(255, 255, 255));
+                }
+            }
+        }
+        EXPECT_EQ(wrong, 0) << fontOfStyle(style);
+    }
+}

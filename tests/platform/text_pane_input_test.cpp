@@ -1,0 +1,308 @@
+#include "platform/text_pane.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QInputMethodEvent>
+#include <QMainWindow>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <random>
+
+using zolt::TextPane;
+
+namespace {
+
+/// A shown pane with the focus.
+struct ShownPane {
+    explicit ShownPane(std::string_view text = "", bool wraps = false) : pane(wraps) {
+        pane.resize(400, 300);
+        pane.setText(text);
+        pane.show();
+        pane.setFocus();
+        QApplication::setActiveWindow(&pane);
+    }
+    void key(Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&pane, code, modifiers);
+    }
+    void type(const QString &text) {
+        for (const QChar c : text)
+            QTest::sendKeyEvent(QTest::Click, &pane, Qt::Key_unknown, QString(c), Qt::NoModifier);
+    }
+
+    TextPane pane;
+};
+
+TEST(TextPaneKeys, TypedCharactersBecomeTheirBytes) {
+    const struct {
+        const char *typed;
+        const char *bytes;
+    } cases[] = {
+        {"aZ~", "aZ~"},          {"é€Œ", "\xE9\x80\x8C"},
+        {"α→√", "\x8C\x8D\x83"}, {"\u00A0\u00AD", "\xA0\xAD"},
+        {"\u0416\u4E00", "??"},  {"\u0081", "\x81"},
+    };
+    for (const auto &c : cases) {
+        ShownPane shown;
+        shown.type(QString::fromUtf8(c.typed));
+        EXPECT_EQ(shown.pane.Text(), c.bytes) << c.bytes;
+    }
+    ShownPane shown;
+    QTest::sendKeyEvent(QTest::Click, &shown.pane, Qt::Key_unknown, QStringLiteral("\U0001F600"),
+                        Qt::NoModifier);
+    EXPECT_EQ(shown.pane.Text(), "?") << "a character outside the basic plane is one";
+}
+
+TEST(TextPaneKeys, EditingKeysWriteCrLfAndByteNine) {
+    ShownPane shown("ab");
+    shown.key(Qt::Key_Right);
+    shown.key(Qt::Key_Return);
+    shown.key(Qt::Key_Enter, Qt::KeypadModifier);
+    shown.key(Qt::Key_Return, Qt::ShiftModifier);
+    shown.key(Qt::Key_Tab);
+    EXPECT_EQ(shown.pane.Text(), "a\r\n\r\n\r\n\tb");
+    EXPECT_EQ(shown.pane.SelStart(), 8);
+    shown.key(Qt::Key_Backspace);
+    shown.key(Qt::Key_Backspace);
+    EXPECT_EQ(shown.pane.Text(), "a\r\n\r\nb");
+    shown.key(Qt::Key_Up);
+    shown.key(Qt::Key_Delete);
+    EXPECT_EQ(shown.pane.Text(), "a\r\nb");
+}
+
+TEST(TextPaneKeys, AltWithANumberOnTheKeypadTypesItsByte) {
+    ShownPane shown;
+    const auto typeNumber = [&](const char *digits) {
+        // Qt Test would let Alt go after each digit.
+        for (; *digits; ++digits) {
+            QKeyEvent digit(QEvent::KeyPress, *digits, Qt::AltModifier | Qt::KeypadModifier,
+                            QString(QLatin1Char(*digits)));
+            QApplication::sendEvent(&shown.pane, &digit);
+        }
+        QTest::keyRelease(&shown.pane, Qt::Key_Alt);
+    };
+    for (const char *digits : {"0140", "91", "140", "0", "0256", "", "0255"})
+        typeNumber(digits);
+    EXPECT_EQ(shown.pane.Text(), std::string("\x8C[\x8C\0\xFF", 5));
+    shown.key(Qt::Key_B, Qt::AltModifier);
+    EXPECT_EQ(shown.pane.length(), 5) << "Alt with a letter is for menus";
+}
+
+TEST(TextPaneKeys, TheWindowsShortcutsReachTheWindow) {
+    QMainWindow window;
+    auto *pane = new TextPane(true);
+    window.setCentralWidget(pane);
+    pane->setText("text");
+    int reached = 0;
+    for (const Qt::Key key : {Qt::Key_O, Qt::Key_A, Qt::Key_G, Qt::Key_P}) {
+        auto *action = new QAction(&window);
+        action->setShortcut(QKeySequence(Qt::CTRL | key));
+        QObject::connect(action, &QAction::triggered, [&] { ++reached; });
+        window.addAction(action);
+    }
+    window.show();
+    QApplication::setActiveWindow(&window);
+    pane->setFocus();
+    for (const Qt::Key key : {Qt::Key_O, Qt::Key_A, Qt::Key_G, Qt::Key_P})
+        QTest::keyClick(pane, key, Qt::ControlModifier);
+    EXPECT_EQ(reached, 4);
+    EXPECT_EQ(pane->Text(), "text");
+    EXPECT_EQ(pane->SelLength(), 0);
+
+    qDeleteAll(window.actions());
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_K, Qt::Key_U, Qt::Key_J})
+        QTest::keyClick(pane, key, Qt::ControlModifier);
+    EXPECT_EQ(pane->Text(), "text");
+    EXPECT_EQ(pane->SelLength(), 0) << "no key selects all, also where no menu takes it";
+}
+
+TEST(TextPaneKeys, UndoAndRedoWalkTheWholeHistoryWithTheSelections) {
+    ShownPane shown("one two\r\nthree");
+    TextPane &pane = shown.pane;
+    struct State {
+        std::string text;
+        qsizetype start, length;
+        bool operator==(const State &) const = default;
+    };
+    const auto state = [&] { return State{pane.Text(), pane.SelStart(), pane.SelLength()}; };
+
+    std::vector<State> before;
+    std::vector<State> after;
+    const auto step = [&](const auto &change) {
+        before.push_back(state());
+        change();
+        after.push_back(state());
+    };
+    pane.setSelStart(4);
+    pane.setSelLength(3);
+    step([&] { shown.type(QStringLiteral("zwei")); }); // over a selection, then grows
+    pane.setSelStart(2);
+    step([&] { shown.key(Qt::Key_Return); });
+    pane.setSelStart(0);
+    pane.setSelLength(6);
+    step([&] { shown.key(Qt::Key_X, Qt::ControlModifier); });
+    pane.setSelStart(pane.length());
+    step([&] { shown.key(Qt::Key_V, Qt::ControlModifier); });
+    pane.setSelStart(1);
+    pane.setSelLength(3);
+    step([&] {
+        pane.setSelText("\x0B"
+                        "Bxy\x0B"
+                        "B");
+    });
+    pane.setSelStart(3);
+    step([&] { pane.replaceText("whole"); });
+    pane.setSelStart(2);
+    step([&] { shown.type(QStringLiteral("end")); });
+    pane.setSelStart(0);
+
+    for (std::size_t i = before.size(); i-- > 0;) {
+        shown.key(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_TRUE(state() == before[i]) << i << pane.Text() << pane.SelStart() << " " << pane.SelLength();
+    }
+    for (std::size_t i = 0; i < after.size(); ++i) {
+        i % 2 ? shown.key(Qt::Key_Y, Qt::ControlModifier)
+              : shown.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_TRUE(state() == after[i]) << i << pane.Text() << pane.SelStart() << " " << pane.SelLength();
+    }
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    shown.type(QStringLiteral("!")); // a change where the history was cut
+    const State changed = state();
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(state() == before[5]);
+    shown.key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_TRUE(state() == changed);
+}
+
+TEST(TextPaneClipboard, CarriesExactBytesForThePaneAndCalculatorCharactersForOthers) {
+    const std::string bytes("\x0B"
+                            "B\x8C\0\xA0\r\n\x9E"
+                            "00ff00\x83\r\t",
+                            18);
+    ShownPane shown(bytes);
+    shown.pane.setSelStart(0);
+    shown.pane.setSelLength(shown.pane.length());
+    shown.key(Qt::Key_C, Qt::ControlModifier);
+    const QString text = QApplication::clipboard()->text();
+    EXPECT_TRUE(text.startsWith(QStringLiteral("\x0B"
+                                               "Bα")))
+        << text.toStdString();
+    EXPECT_EQ(text.count(u'\n'), 1);
+    EXPECT_TRUE(text.contains(u'\u221A'));
+
+    ShownPane other("<>", true);
+    other.pane.setSelStart(1);
+    other.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(other.pane.Text(), "<" + bytes + ">");
+    EXPECT_EQ(other.pane.SelStart(), 1 + static_cast<qsizetype>(bytes.size()));
+    other.pane.setSelStart(1);
+    other.pane.setSelLength(3);
+    other.key(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(other.pane.Text(), "<" + bytes.substr(3) + ">");
+}
+
+TEST(TextPaneClipboard, TextFromOutsideBecomesBytes) {
+    const struct {
+        const char *pasted;
+        const char *bytes;
+    } cases[] = {
+        {"a\nb\rc\r\nd", "a\r\nb\r\nc\r\nd"},
+        {"\n\r\n\n", "\r\n\r\n\r\n"},
+        {"x\u2028y\u2029z", "x\r\ny\r\nz"},
+        {"α\tμ€😀Ж", "\x8C\t?\x80??"},
+    };
+    for (const auto &c : cases) {
+        QApplication::clipboard()->setText(QString::fromUtf8(c.pasted));
+        ShownPane shown;
+        shown.key(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(shown.pane.Text(), c.bytes);
+    }
+}
+
+TEST(TextPaneDrop, DroppedTextBecomesBytesWhereItFalls) {
+    ShownPane shown("ab");
+    QMimeData text;
+    text.setText(QStringLiteral("α\n"));
+    shown.pane.setSelStart(1);
+    const QPointF place = QRectF(shown.pane.cursorRect()).center();
+    shown.pane.setSelStart(0);
+    QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(shown.pane.viewport(), &enter);
+    QDropEvent drop(place, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(shown.pane.viewport(), &drop);
+    EXPECT_EQ(shown.pane.Text(), "a\x8C\r\nb");
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown.pane.Text(), "ab");
+    EXPECT_EQ(shown.pane.SelStart(), 0);
+}
+
+TEST(TextPaneInputMethod, CommittedTextBecomesBytes) {
+    ShownPane shown("ab");
+    shown.pane.setSelStart(1);
+    QInputMethodEvent preedit(QStringLiteral("´"), {});
+    QApplication::sendEvent(&shown.pane, &preedit);
+    EXPECT_EQ(shown.pane.Text(), "ab") << "what is being composed is not yet text";
+    QInputMethodEvent commit;
+    commit.setCommitString(QStringLiteral("éα\n日"));
+    QApplication::sendEvent(&shown.pane, &commit);
+    EXPECT_EQ(shown.pane.Text(), "a\xE9\x8C\r\n?b");
+}
+
+TEST(TextPaneReports, EventsAreReportedAfterThePaneActed) {
+    ShownPane shown("abc abc abc");
+    TextPane &pane = shown.pane;
+    QStringList log;
+    const auto note = [&](const QString &what) { log << what + QString::number(pane.SelStart()); };
+    QObject::connect(&pane, &TextPane::keyDown, [&] { note(QStringLiteral("down")); });
+    QObject::connect(&pane, &TextPane::keyUp, [&] { note(QStringLiteral("up")); });
+    QObject::connect(&pane, &TextPane::Change, [&] { note(QStringLiteral("change")); });
+    QObject::connect(&pane, &TextPane::mouseDown,
+                     [&](Qt::MouseButton b) { note(QStringLiteral("press%1@").arg(int(b))); });
+    QObject::connect(&pane, &TextPane::mouseUp,
+                     [&](Qt::MouseButton b) { note(QStringLiteral("release%1@").arg(int(b))); });
+    QObject::connect(&pane, &TextPane::click, [&] { note(QStringLiteral("click")); });
+
+    shown.key(Qt::Key_Right);
+    shown.type(QStringLiteral("x"));
+    EXPECT_EQ(log.join(u' ').toStdString(), "down1 up1 change2 down2 up2");
+
+    log.clear();
+    const QPoint lineEnd(350, pane.cursorRect().center().y());
+    QTest::mouseClick(pane.viewport(), Qt::LeftButton, {}, lineEnd);
+    EXPECT_EQ(log.join(u' ').toStdString(), "press1@12 release1@12 click12");
+
+    log.clear();
+    QTest::mouseClick(pane.viewport(), Qt::RightButton, {}, lineEnd);
+    EXPECT_EQ(log.join(u' ').toStdString(), "press2@12 release2@12");
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, lineEnd, lineEnd);
+    QApplication::sendEvent(pane.viewport(), &menu);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST(TextPaneReadOnly, TakesNoInputButFromTheProgram) {
+    ShownPane shown("abc\r\nd");
+    TextPane &pane = shown.pane;
+    pane.setReadOnly(true);
+    QApplication::clipboard()->setText(QStringLiteral("clip"));
+    shown.type(QStringLiteral("x"));
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Delete, Qt::Key_Backspace})
+        shown.key(key);
+    pane.setSelStart(0);
+    pane.setSelLength(3);
+    for (const Qt::Key key : {Qt::Key_V, Qt::Key_Z})
+        shown.key(key, Qt::ControlModifier);
+    QInputMethodEvent commit;
+    commit.setCommitString(QStringLiteral("y"));
+    QApplication::sendEvent(&pane, &commit);
+    EXPECT_EQ(pane.Text(), "abc\r\nd");
+    shown.key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("abc"));
+    pane.setSelText("program");
+    EXPECT_EQ(pane.Text(), "program\r\nd");
+}
+
+} // namespace

@@ -1,0 +1,95 @@
+#include "shell/edit_text_guardar_hp_frm.h"
+#include "support/program.h"
+
+#include <QPushButton>
+#include <QTest>
+
+namespace zolt {
+namespace {
+
+using namespace testing_support;
+
+class IntegrityWindow : public ProgramTest {
+protected:
+    IntegrityWindow() : m_document(startTextEdition()) {}
+
+    EditTextGuardarHPFrm &test(std::string_view document) {
+        m_document.activePane().setText(document);
+        call(&m_document, "TesteDeIntegridade");
+        return *loaded<EditTextGuardarHPFrm>();
+    }
+    static TextPane &box(QWidget &window, const char *name) { return *control<TextPane>(&window, name); }
+    static void press(QWidget &window, const char *name) {
+        QTest::mouseClick(control<QPushButton>(&window, name), Qt::LeftButton);
+    }
+
+    EditTextFrm &m_document;
+};
+
+TEST_F(IntegrityWindow, ReportsAndCorrectsWhatWasTyped) {
+    auto &window = test("It's \"\x0B" "Bhi\x0B" "B\"");
+    EXPECT_FALSE(loaded<MDIFrm>()->isEnabled());
+    EXPECT_EQ(box(window, "Text1").Text(), "\"It's '\x0B" "Bhi\x0B" "B\"");
+    EXPECT_EQ(box(window, "Text2").Text(),
+              "\r\n** Beginning verification **\r\n\r\n-Superior ('') character inserted \r\n"
+              "-Ilegal character found (\") in position (7). Substituted by (')\r\n"
+              "\r\n** Verification ended **\r\n\r\nNumber of errors found: 1\r\n");
+    EXPECT_EQ(box(window, "Text2").palette().color(QPalette::Text), QColor(Qt::red));
+    EXPECT_EQ(m_document.activePane().Text(), "It's \"\x0B" "Bhi\x0B" "B\"");
+    press(window, "Command4");
+    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
+}
+
+TEST_F(IntegrityWindow, AskedToCorrectReplacesTheDocument) {
+    auto &window = test("plain");
+    {
+        Answer no(QMessageBox::No);
+        press(window, "Command3");
+        EXPECT_TRUE(no.text().startsWith(QStringLiteral("Do you wish to substitute")));
+    }
+    EXPECT_EQ(m_document.activePane().Text(), "plain");
+    box(window, "Text1").setSelStart(1);
+    QTest::keyClicks(&box(window, "Text1"), QStringLiteral("very "));
+    Answer yes(QMessageBox::Yes);
+    press(window, "Command3");
+    EXPECT_EQ(m_document.activePane().Text(), "\"very plain\"");
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(IntegrityWindow, SavesTheStringUnderANameThatPasses) {
+    auto &window = test("\x0B" "BHi\x0B" "B");
+    // The first name is refused and the dialog comes again, with the second name.
+    answerFileDialog(path("SWAP"));
+    QString refusal;
+    whenModal("QMessageBox", [&](QWidget *message) {
+        refusal = qobject_cast<QMessageBox *>(message)->text();
+        answerFileDialog(path("hello"));
+        message->close();
+    });
+    press(window, "Command1");
+    EXPECT_EQ(refusal, QStringLiteral("Command names are not allowed (SWAP) \r\nPlease re-enter the filename."));
+    EXPECT_EQ(fileBytes("hello"), "\"\x0B" "BHi\x0B" "B\"\r\n");
+    EXPECT_EQ(fileBytes("SWAP"), "");
+    EXPECT_EQ(shared::settings.DfDirFHP, path(""));
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(IntegrityWindow, AReservedNameIsAskedAbout) {
+    auto &window = test("x");
+    answerFileDialog(path("derive"));
+    Answer yes(QMessageBox::Yes);
+    press(window, "Command1");
+    EXPECT_EQ(yes.text(), QStringLiteral("The filename (derive) is a reserved variable\r\nContinue ?"));
+    EXPECT_EQ(fileBytes("derive"), "\"x\"\r\n");
+}
+
+TEST_F(IntegrityWindow, CancelOfTheDialogKeepsTheWindow) {
+    auto &window = test("x");
+    answerFileDialog({});
+    press(window, "Command1");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(shared::settings.DfDirFHP, m_folder.path().toStdString());
+}
+
+} // namespace
+} // namespace zolt

@@ -1,0 +1,128 @@
+#include "shell/question_frm.h"
+#include "support/program.h"
+
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QToolBar>
+
+namespace zolt {
+namespace {
+
+using namespace testing_support;
+
+class StartUp : public ProgramTest {
+protected:
+    static QWidget *shown(const char *name) {
+        for (QWidget *window : QApplication::topLevelWidgets())
+            if (window->objectName() == QString::fromUtf8(name) && window->isVisible())
+                return window;
+        return nullptr;
+    }
+};
+
+TEST_F(StartUp, WithoutAFileShowsTheChooserAndThenTheChosenEdition) {
+    MDIFrm &frame = start();
+    QWidget *chooser = shown("QuestionFrm");
+    ASSERT_NE(chooser, nullptr);
+    EXPECT_FALSE(frame.isVisible());
+    QTest::mouseClick(control<QWidget>(chooser, "Picture1"), Qt::LeftButton);
+    EXPECT_TRUE(control<QWidget>(chooser, "Line1")->isVisible());
+    EXPECT_FALSE(control<QWidget>(chooser, "Line5")->isVisible());
+    QTest::mouseClick(control<QPushButton>(chooser, "Command1"), Qt::LeftButton);
+    EXPECT_TRUE(frame.isVisible());
+    ASSERT_NE(loaded<EditTextFrm>(), nullptr);
+    EXPECT_EQ(loaded<EditTextFrm>()->caption(), QStringLiteral("Document1"));
+    EXPECT_EQ(shared::EdiçãoActiva, 1);
+    EXPECT_FALSE(frame.toolbar(1)->isVisible());
+    EXPECT_TRUE(frame.toolbar(2)->isVisible());
+}
+
+TEST_F(StartUp, CancelInTheChooserLeavesAnEmptyFrame) {
+    MDIFrm &frame = start();
+    QTest::keyClick(shown("QuestionFrm"), Qt::Key_Escape);
+    EXPECT_TRUE(frame.isVisible());
+    EXPECT_EQ(loaded<EditTextFrm>(), nullptr);
+    EXPECT_TRUE(frame.toolbar(1)->isVisible());
+}
+
+TEST_F(StartUp, RemembersTheChosenEdition) {
+    start();
+    QTest::mouseClick(control<QWidget>(shown("QuestionFrm"), "Picture2"), Qt::LeftButton);
+    QTest::keyClick(shown("QuestionFrm"), Qt::Key_Escape);
+    leave();
+    start();
+    EXPECT_TRUE(control<QWidget>(shown("QuestionFrm"), "Line5")->isVisible());
+}
+
+struct NamedFile {
+    const char *name;
+    const char *before;
+    const char *after;
+};
+
+class StartUpWithAFile : public StartUp, public testing::WithParamInterface<NamedFile> {};
+
+TEST_P(StartUpWithAFile, OpensItInBothPanes) {
+    writeBytes(GetParam().name, "one\rtwo\xFF\r\n");
+    start(GetParam().before + path(GetParam().name) + GetParam().after);
+    EditTextFrm *window = loaded<EditTextFrm>();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(window->pane(1).Text(), "one\r\ntwo\xFF");
+    EXPECT_EQ(window->pane(2).Text(), "one\r\ntwo\xFF");
+    EXPECT_EQ(window->caption(), QString::fromUtf8(GetParam().name));
+    EXPECT_EQ(shared::settings.DefltDir, path(""));
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, StartUpWithAFile,
+                         testing::Values(NamedFile{"plain.zlt", "", ""}, NamedFile{"CAPITALS.ZLT", "", ""},
+                                         NamedFile{"with two blanks.zlt", "", ""},
+                                         NamedFile{"quoted name.zlt", "\"", "\""}));
+
+TEST_F(StartUp, AsksForTheEditionOfAnotherKindOfFile) {
+    writeBytes("notes.txt", "text");
+    MDIFrm &frame = start(path("notes.txt"));
+    QWidget *asks = shown("MensagemFrm");
+    ASSERT_NE(asks, nullptr);
+    EXPECT_FALSE(frame.isVisible());
+    EXPECT_TRUE(control<QRadioButton>(asks, "Option1")->isChecked());
+    QTest::mouseClick(control<QPushButton>(asks, "Command1"), Qt::LeftButton);
+    ASSERT_NE(loaded<EditTextFrm>(), nullptr);
+    EXPECT_EQ(loaded<EditTextFrm>()->activePane().Text(), "text");
+}
+
+TEST_F(StartUp, AFileThatCannotBeReadBringsAMessageAndTheChooser) {
+    Answer message(QMessageBox::Ok);
+    start(path("missing.zlt"));
+    EXPECT_TRUE(message.text().contains(QStringLiteral("missing.zlt")));
+    EXPECT_NE(shown("QuestionFrm"), nullptr);
+    EXPECT_EQ(shared::settings.DefltDir, m_folder.path().toStdString());
+}
+
+TEST_F(StartUp, AnEmptyFileIsAnEmptyDocumentWithAName) {
+    writeBytes("empty.zlt", "");
+    start(path("empty.zlt"));
+    ASSERT_NE(loaded<EditTextFrm>(), nullptr);
+    EXPECT_EQ(loaded<EditTextFrm>()->caption(), QStringLiteral("empty.zlt"));
+    EXPECT_EQ(loaded<EditTextFrm>()->activePane().Text(), "");
+}
+
+TEST_F(StartUp, WritesTheSettingsAtTheFirstStartAndAtTheEnd) {
+    startTextEdition();
+    const std::string first = fileBytes("ZOLT.ini");
+    EXPECT_TRUE(first.starts_with("FrstTime=0\r\nLanguage=EN\r\n"));
+    call(loaded<EditTextFrm>(), "EditarTranslinearpalavras");
+    EXPECT_EQ(fileBytes("ZOLT.ini"), first);
+    call(loaded<EditTextFrm>(), "AbandonarPrograma");
+    EXPECT_NE(fileBytes("ZOLT.ini").find("TxtWWrap=2\r\n"), std::string::npos);
+}
+
+TEST_F(StartUp, ASettingsFileOfNoUseGivesTheDefaults) {
+    writeBytes("ZOLT.ini", "FrstTime=x\r\n");
+    start();
+    EXPECT_EQ(shared::settings.TFntName, "ZOLT");
+    EXPECT_TRUE(fileBytes("ZOLT.ini").starts_with("FrstTime=0\r\n"));
+}
+
+} // namespace
+} // namespace zolt

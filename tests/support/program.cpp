@@ -1,0 +1,152 @@
+#include "support/program.h"
+
+#include "core/file.h"
+#include "shell/start_up.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace zolt::testing_support {
+
+namespace {
+
+const QString kPoll = QStringLiteral("poll for a modal window");
+
+QTimer *newPoll() {
+    auto *poll = new QTimer(qApp);
+    poll->setObjectName(kPoll);
+    poll->start(1);
+    return poll;
+}
+
+} // namespace
+
+ProgramTest::ProgramTest() {
+    qputenv("ZOLT_HOME", m_folder.path().toLocal8Bit());
+}
+
+ProgramTest::~ProgramTest() {
+    leave();
+    // An answer that was never asked for must not meet the next test's dialog.
+    qDeleteAll(qApp->findChildren<QTimer *>(kPoll, Qt::FindDirectChildrenOnly));
+}
+
+MDIFrm &ProgramTest::start(const std::string &commandLine) {
+    return startProgram(commandLine);
+}
+
+EditTextFrm &ProgramTest::startTextEdition() {
+    start();
+    for (QWidget *window : QApplication::topLevelWidgets())
+        if (window->objectName() == QStringLiteral("QuestionFrm"))
+            call(window, "Command1_Click");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(loaded<MDIFrm>()));
+    return *loaded<EditTextFrm>();
+}
+
+void ProgramTest::leave() {
+    shared::SemPerguntaDeSaída = 1;
+    if (MDIFrm *frame = loaded<MDIFrm>()) {
+        frame->setEnabled(true);
+        frame->close();
+    }
+    for (QWidget *window : QApplication::topLevelWidgets())
+        if (window->isVisible())
+            window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    shared::SemPerguntaDeSaída = 0;
+}
+
+std::string ProgramTest::path(const std::string &name) const {
+    return m_folder.path().toStdString() + "/" + name;
+}
+
+std::string ProgramTest::fileBytes(const std::string &name) const {
+    return readFile(path(name)).bytes;
+}
+
+void ProgramTest::writeBytes(const std::string &name, std::string_view bytes) const {
+    ASSERT_EQ(writeFile(path(name), bytes), "");
+}
+
+struct Answer::State {
+    QMessageBox::StandardButton button;
+    bool came = false;
+    bool over = false;
+    QString text;
+};
+
+Answer::Answer(QMessageBox::StandardButton button) : m_state(std::make_shared<State>()) {
+    m_state->button = button;
+    QTimer *poll = newPoll();
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, state = m_state] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (state->over)
+            poll->deleteLater();
+        else if (box && box->isVisible()) {
+            state->over = state->came = true;
+            state->text = box->text();
+            QTest::mouseClick(box->button(state->button), Qt::LeftButton);
+        }
+    });
+}
+
+Answer::~Answer() {
+    m_state->over = true;
+}
+bool Answer::came() const {
+    return m_state->came;
+}
+QString Answer::text() const {
+    return m_state->text;
+}
+
+void whenModal(const char *className, std::function<void(QWidget *)> act) {
+    QTimer *poll = newPoll();
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, className, act = std::move(act)] {
+        QWidget *window = QApplication::activeModalWidget();
+        if (window && window->isVisible() && window->inherits(className)) {
+            poll->deleteLater();
+            poll->stop();
+            act(window);
+        }
+    });
+}
+
+void answerFileDialog(const std::string &path) {
+    whenModal("QFileDialog", [path](QWidget *window) {
+        auto *dialog = qobject_cast<QFileDialog *>(window);
+        ASSERT_NE(dialog, nullptr);
+        if (path.empty())
+            return dialog->reject();
+        auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        dialog->selectFile(QString::fromStdString(path));
+        name->setText(QString::fromStdString(path));
+        // The dialog's own button waits for its list of the folder to be read.
+        QMetaObject::invokeMethod(dialog, "accept", Qt::DirectConnection);
+    });
+}
+
+bool waitFor(const std::function<bool()> &condition, int milliseconds) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > milliseconds)
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    return true;
+}
+
+void call(QObject *window, const char *operation) {
+    EXPECT_TRUE(QMetaObject::invokeMethod(window, operation, Qt::DirectConnection)) << operation;
+}
+
+} // namespace zolt::testing_support

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/text_pane.h"
+#include "shell/edit_text_frm.h"
+#include "shell/mdi_frm.h"
+#include "shell/shared_values.h"
+#include "shell/windows.h"
+
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace zolt::testing_support {
+
+/// The program in this process, with a folder of its own; it ends without
+/// questions when the test does.
+class ProgramTest : public testing::Test {
+protected:
+    ProgramTest();
+    ~ProgramTest() override;
+
+    MDIFrm &start(const std::string &commandLine = {});
+    /// Starts with an empty document of the text edition.
+    EditTextFrm &startTextEdition();
+    /// Ends the program as a user who has nothing to save.
+    void leave();
+
+    /// A path in the test's own folder.
+    std::string path(const std::string &name) const;
+    std::string fileBytes(const std::string &name) const;
+    void writeBytes(const std::string &name, std::string_view bytes) const;
+
+    QTemporaryDir m_folder;
+};
+
+/// Arranges that the next message box is answered, and keeps its text.
+class Answer {
+public:
+    explicit Answer(QMessageBox::StandardButton button);
+    ~Answer();
+    bool came() const;
+    QString text() const;
+
+private:
+    struct State;
+    std::shared_ptr<State> m_state;
+};
+
+/// Arranges that the next file dialog gets a path typed and is accepted, or is
+/// cancelled for an empty path.
+void answerFileDialog(const std::string &path);
+
+/// Runs `act` once a modal window of this class stands, then goes on.
+void whenModal(const char *className, std::function<void(QWidget *)> act);
+
+/// Lets the event loop run until `condition` holds; false after `milliseconds`.
+bool waitFor(const std::function<bool()> &condition, int milliseconds = 5000);
+
+/// The control of a window by name.
+template <class Control> Control *control(QWidget *window, const char *name) {
+    auto *found = window->findChild<Control *>(QString::fromUtf8(name));
+    EXPECT_NE(found, nullptr) << name;
+    return found;
+}
+
+/// Calls a window's operation by its name, as a menu item does.
+void call(QObject *window, const char *operation);
+
+} // namespace zolt::testing_support

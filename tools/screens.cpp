@@ -1,0 +1,101 @@
+// Opens the program's windows in a typical state and saves a picture of each:
+//
+//   screens FOLDER EXAMPLES
+//
+// The pictures are PNG files of the windows' names. QT_SCALE_FACTOR says at what
+// scale they are drawn.
+
+#include "platform/text_pane.h"
+#include "shell/about_frm.h"
+#include "shell/edit_text_frm.h"
+#include "shell/edit_text_guardar_hp_frm.h"
+#include "shell/mdi_frm.h"
+#include "shell/mensagem_frm.h"
+#include "shell/question_frm.h"
+#include "shell/splash_frm.h"
+#include "shell/start_up.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <functional>
+
+namespace {
+
+using namespace zolt;
+
+/// One picture: how its window comes up.
+struct Scene {
+    const char *name;
+    std::function<QWidget *()> show;
+};
+
+template <class Window> QWidget *open(const char *operation) {
+    QMetaObject::invokeMethod(loaded<MDIFrm>(), operation, Qt::DirectConnection);
+    return loaded<Window>();
+}
+
+const QList<Scene> &scenes() {
+    static const QList<Scene> all{
+        {"MDIFrm", [] { return loaded<MDIFrm>(); }},
+        {"MnuPopUp",
+         [] {
+             QMenu *menu = loaded<EditTextFrm>()->popUp();
+             menu->popup(QPoint(40, 40));
+             return menu;
+         }},
+        {"EditTextGuardarHPFrm",
+         [] {
+             loaded<EditTextFrm>()->TesteDeIntegridade();
+             return loaded<EditTextGuardarHPFrm>();
+         }},
+        {"AboutFrm", [] { return open<AboutFrm>("MostrarAboutFrm"); }},
+        {"QuestionFrm", [] { return open<QuestionFrm>("MostrarQuestionFrm"); }},
+        {"MensagemFrm", [] { return open<MensagemFrm>("MostrarMensagemFrm"); }},
+        {"SplashFrm",
+         []() -> QWidget * {
+             load<SplashFrm>().show();
+             return loaded<SplashFrm>();
+         }},
+    };
+    return all;
+}
+
+bool save(const Scene &scene, const QString &folder) {
+    QWidget *window = scene.show();
+    if (!window)
+        return false;
+    QCoreApplication::processEvents();
+    const bool saved = window->grab().save(folder + u'/' + QString::fromUtf8(scene.name) + QStringLiteral(".png"));
+    if (window != loaded<MDIFrm>())
+        window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    return saved;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    if (argc != 3) {
+        std::fputs("usage: screens FOLDER EXAMPLES\n", stderr);
+        return 2;
+    }
+    const QTemporaryDir home;
+    qputenv("ZOLT_HOME", home.path().toLocal8Bit());
+    prepareApplication();
+    QApplication application(argc, argv);
+    startProgram(std::string(argv[2]) + "/welcome.zlt");
+    const QString folder = QString::fromLocal8Bit(argv[1]);
+    QDir().mkpath(folder);
+    int failed = 0;
+    for (const Scene &scene : scenes()) {
+        if (!save(scene, folder)) {
+            std::fprintf(stderr, "screens: no picture of %s\n", scene.name);
+            ++failed;
+        }
+    }
+    return failed ? 1 : 0;
+}
