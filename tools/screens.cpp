@@ -7,11 +7,17 @@
 
 #include "platform/text_pane.h"
 #include "shell/about_frm.h"
+#include "shell/caracter_table_frm.h"
+#include "shell/caracter_toolbar_frm.h"
+#include "shell/date_time_frm.h"
+#include "shell/edit_text_find_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/edit_text_guardar_hp_frm.h"
+#include "shell/edit_text_word_count_frm.h"
 #include "shell/mdi_frm.h"
 #include "shell/mensagem_frm.h"
 #include "shell/question_frm.h"
+#include "shell/shared_values.h"
 #include "shell/splash_frm.h"
 #include "shell/start_up.h"
 
@@ -37,6 +43,13 @@ template <class Window> QWidget *open(const char *operation) {
     return loaded<Window>();
 }
 
+/// Shows the quick bar as CharTool says.
+QWidget *showBar(std::int16_t charTool) {
+    shared::settings.CharTool = charTool;
+    loaded<MDIFrm>()->applyCharTool();
+    return loaded<CaracterToolbarFrm>();
+}
+
 const QList<Scene> &scenes() {
     static const QList<Scene> all{
         {"MDIFrm", [] { return loaded<MDIFrm>(); }},
@@ -50,6 +63,17 @@ const QList<Scene> &scenes() {
          [] {
              loaded<EditTextFrm>()->TesteDeIntegridade();
              return loaded<EditTextGuardarHPFrm>();
+         }},
+        {"EditTextFindFrm", [] { return open<EditTextFindFrm>("MostrarEditTextFindFrm"); }},
+        {"DateTimeFrm", [] { return open<DateTimeFrm>("MostrarDateTimeFrm"); }},
+        {"EditTextWordCountFrm", [] { return open<EditTextWordCountFrm>("MostrarEditTextWordCountFrm"); }},
+        {"CaracterTableFrm", [] { return open<CaracterTableFrm>("MostrarCaracterTableFrm"); }},
+        {"CaracterToolbarFrmTall", [] { return showBar(1); }},
+        {"CaracterToolbarFrmWide", [] { return showBar(2); }},
+        {"MDIFrmBarAtTheRight",
+         [] {
+             showBar(4);
+             return loaded<MDIFrm>();
          }},
         {"AboutFrm", [] { return open<AboutFrm>("MostrarAboutFrm"); }},
         {"QuestionFrm", [] { return open<QuestionFrm>("MostrarQuestionFrm"); }},
@@ -68,7 +92,8 @@ bool save(const Scene &scene, const QString &folder) {
     if (!window)
         return false;
     QCoreApplication::processEvents();
-    const bool saved = window->grab().save(folder + u'/' + QString::fromUtf8(scene.name) + QStringLiteral(".png"));
+    const bool saved =
+        window->grab().save(folder + u'/' + QString::fromUtf8(scene.name) + QStringLiteral(".png"));
     if (window != loaded<MDIFrm>())
         window->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -16,11 +16,13 @@ QIcon iconOf(const char *name) {
 }
 
 /// Lets `action` call the public slot of that name; slots have no arguments.
-void connectSlot(QAction *action, const Receiver &receiver, const char *slot) {
+void connectSlot(QAction *action, const Receiver &receiver, const char *slot, void (*prepare)()) {
     if (!slot)
         return;
-    QObject::connect(action, &QAction::triggered, action, [receiver, slot] {
+    QObject::connect(action, &QAction::triggered, action, [receiver, slot, prepare] {
         if (QObject *object = receiver()) {
+            if (prepare)
+                prepare();
             const bool called = QMetaObject::invokeMethod(object, slot, Qt::DirectConnection);
             Q_ASSERT_X(called, "command table", slot);
         }
@@ -40,7 +42,7 @@ QAction *addItem(QMenu *menu, const MenuRow &row, const Receiver &receiver) {
         action->setChecked(row.check == MenuRow::Checked);
     }
     action->setEnabled(row.slot != nullptr);
-    connectSlot(action, receiver, row.slot);
+    connectSlot(action, receiver, row.slot, row.prepare);
     menu->addAction(action);
     return action;
 }
@@ -84,7 +86,7 @@ void buildToolBar(QToolBar *bar, const QList<ToolRow> &rows, const Receiver &rec
         auto *action = new QAction(iconOf(row.icon), QString::fromUtf8(row.toolTip), bar);
         action->setObjectName(QString::fromUtf8(row.key));
         action->setToolTip(QString::fromUtf8(row.toolTip));
-        connectSlot(action, receiver, row.slot);
+        connectSlot(action, receiver, row.slot, row.prepare);
         bar->addAction(action);
         bar->widgetForAction(action)->setObjectName(QString::fromUtf8(row.key));
     }

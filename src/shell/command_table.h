@@ -25,6 +25,8 @@ struct MenuRow {
     /// Name of the picture in the resources, without folder and extension.
     const char *icon = nullptr;
     enum Check { Plain, Checked, Unchecked } check = Plain;
+    /// What the command puts into the shared values before its slot runs.
+    void (*prepare)() = nullptr;
 };
 
 /// One row of a toolbar table. An empty key is a separator.
@@ -34,6 +36,7 @@ struct ToolRow {
     const char *icon;
     /// As in MenuRow; a button without a slot does nothing.
     const char *slot = nullptr;
+    void (*prepare)() = nullptr;
 };
 
 /// The object whose slots a table names, asked for at each command: a toolbar

@@ -41,6 +41,9 @@ EditTextFrm::EditTextFrm(QWidget *frame)
     m_frame->toolbar(1)->hide();
     m_frame->showTextToolbars(true, true);
     m_frame->showMenus(m_menus);
+    m_frame->applyCharTool();
+    if (shared::settings.ChrTbExi == 1)
+        m_frame->MostrarCaracterTableFrm();
 
     applyPaneFont();
     applyPaneColours();
@@ -114,6 +117,8 @@ TextPane &EditTextFrm::activePane() const {
 }
 
 void EditTextFrm::setCaption(const QString &caption) {
+    // A maximised child adds its title to the frame's, which must not hold the old one.
+    m_frame->setWindowTitle(QStringLiteral("ZOLT"));
     // "[*]" in a window title is Qt's mark of change; doubled, it stands for itself.
     setWindowTitle(QString(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
@@ -122,15 +127,19 @@ void EditTextFrm::setCaption(const std::string &fileTitle) {
     setCaption(fromFileName(fileTitle));
 }
 
-void EditTextFrm::applyPaneFont() {
+QFont EditTextFrm::fontOfSettings() {
     const Settings &settings = shared::settings;
     QFont font = zoltFont(QString::fromStdString(settings.TFntName), settings.TFntSize);
     font.setBold(isTrue(settings.TFntBold));
     font.setItalic(isTrue(settings.TFntItal));
     font.setUnderline(isTrue(settings.TFntUndl));
     font.setStrikeOut(isTrue(settings.TFntStrT));
+    return font;
+}
+
+void EditTextFrm::applyPaneFont() {
     for (TextPane *pane : m_panes)
-        pane->setPaneFont(font);
+        pane->setPaneFont(fontOfSettings());
     updateStatus();
 }
 

@@ -1,6 +1,12 @@
 #pragma once
 
+#include "core/letter_case.h"
+#include "core/settings.h"
+#include "graphic/rich_text.h"
+
+#include <QFont>
 #include <QMdiSubWindow>
+#include <QPalette>
 #include <array>
 #include <string>
 
@@ -54,6 +60,31 @@ public slots:
     void EditarSeleccionarTudo();
     void EditarTranslinearpalavras();
     void EditarAnularintrodução();
+    void EditarLocalizar();
+    void EditarLocalizarESubstituir();
+
+    void VerBarradecaracteres();
+    void VerTabeladecaracteres();
+
+    void MnuInserirDataehora();
+    void MnuInserirLinhahorizontal();
+
+    void AplicarEstilosDeLetra();
+    void LimparEstilosDeLetra();
+    void MnuFormatarMaiusculasminusculasMai();
+    void MnuFormatarMaiusculasminusculasMin();
+    void MnuFormatarMaiusculasminusculasInverter();
+    void MnuFormatarMaiusculasminusculasRetAcent();
+    void EscolherCorBackground();
+    void EscolherCorForeground();
+    void EscolherFonte();
+    void MnuFormatarPadrão();
+    void MnuFormatarAltocontraste();
+    void MnuFormatarHp48();
+
+    void OptimizarImagens();
+    void OptimizarImagensSelecção();
+    void MnuFerramentasContarpalavras();
 
     void TesteDeIntegridade();
 
@@ -89,6 +120,16 @@ private:
     void updateClock();
     bool eventFilter(QObject *watched, QEvent *event) override;
     void toggleTextToolbars();
+    /// The panes' font as the settings have it.
+    static QFont fontOfSettings();
+    /// Takes a font into the settings, both panes and the frame's lists.
+    void chooseFont(const QFont &font);
+    void chooseColour(std::string Settings::*setting, QPalette::ColorRole role);
+    void chooseColours(Colour text, Colour background);
+    void changeCase(CaseCommand command);
+    /// Notes in the settings which windows stand beside the document.
+    void recordCompanions();
+    void closeCompanions();
 
     /// Puts text into the active pane for good: an opened document has no history.
     void showDocument(const std::string &document, const QString &caption);

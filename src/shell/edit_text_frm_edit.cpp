@@ -1,7 +1,9 @@
 // The Edit menu's commands of the text edition's window.
 
 #include "platform/text_pane.h"
+#include "shell/edit_text_find_frm.h"
 #include "shell/edit_text_frm.h"
+#include "shell/mdi_frm.h"
 #include "shell/shared_values.h"
 
 namespace zolt {
@@ -30,6 +32,17 @@ void EditTextFrm::EditarSeleccionarTudo() {
     activePane().setFocus();
     activePane().setSelStart(0);
     activePane().setSelLength(activePane().length());
+}
+
+void EditTextFrm::EditarLocalizar() {
+    EditTextFindFrm &window = load<EditTextFindFrm>();
+    window.setAttribute(Qt::WA_ShowWithoutActivating);
+    window.show();
+}
+
+void EditTextFrm::EditarLocalizarESubstituir() {
+    m_frame->MostrarEditTextFindFrm();
+    loaded<EditTextFindFrm>()->focusFindBox();
 }
 
 void EditTextFrm::EditarTranslinearpalavras() {

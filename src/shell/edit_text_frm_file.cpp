@@ -152,6 +152,8 @@ void EditTextFrm::closeEvent(QCloseEvent *event) {
 }
 
 void EditTextFrm::OperaçõesDeSaída() {
+    recordCompanions();
+    closeCompanions();
     m_frame->showTextToolbars(false, false);
     m_frame->toolbar(1)->show();
     m_frame->showMenus({});

@@ -5,13 +5,18 @@
 #include "platform/desktop.h"
 #include "platform/message_box.h"
 #include "shell/about_frm.h"
+#include "shell/caracter_table_frm.h"
+#include "shell/caracter_toolbar_frm.h"
+#include "shell/date_time_frm.h"
 #include "shell/edit_text_conv_img_frm.h"
+#include "shell/edit_text_find_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/edit_text_frm_tables.h"
 #include "shell/edit_text_guardar_hp_frm.h"
 #include "shell/edit_text_insert_grob_frm.h"
 #include "shell/edit_text_insert_image_frm.h"
 #include "shell/edit_text_insert_velda_frm.h"
+#include "shell/edit_text_word_count_frm.h"
 #include "shell/mdi_frm_tables.h"
 #include "shell/mensagem_frm.h"
 #include "shell/question_frm.h"
@@ -37,7 +42,7 @@ MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) 
     m_area->setObjectName(QStringLiteral("MdiArea"));
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    setCentralWidget(m_area);
+    buildQuickBar();
     buildToolbars();
     m_ownMenus = buildMenus(
         frameMenuTable(), [this] { return this; }, this);
@@ -144,6 +149,24 @@ void MDIFrm::MostrarEditTextInsertGrobFrm() {
 }
 void MDIFrm::MostrarEditTextInsertVeldaFrm() {
     mostrarInsertFrm<EditTextInsertVeldaFrm>();
+}
+
+void MDIFrm::MostrarCaracterTableFrm() {
+    mostrar<CaracterTableFrm>();
+}
+void MDIFrm::MostrarDateTimeFrm() {
+    mostrar<DateTimeFrm>();
+}
+void MDIFrm::MostrarEditTextFindFrm() {
+    mostrar<EditTextFindFrm>();
+}
+void MDIFrm::MostrarEditTextWordCountFrm() {
+    mostrar<EditTextWordCountFrm>().countDocument();
+}
+
+// Alone among the windows it leaves the focus where it is.
+void MDIFrm::MostrarCaracterToolbar() {
+    load<CaracterToolbarFrm>(this).show();
 }
 
 void MDIFrm::MnuFicheiroNovo() {

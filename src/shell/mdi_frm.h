@@ -35,6 +35,12 @@ public:
     /// Shows a font's name and size in Combo1 and Combo2, without acting on it.
     void showFont(const QString &name, int points);
 
+    /// Shows the quick bar as CharTool says: nowhere, floating or docked.
+    void applyCharTool();
+    /// A docked bar's panel: Picture3 at the top, Picture4 on the right.
+    QWidget *topPanel() const { return Picture3; }
+    QWidget *rightPanel() const { return Picture4; }
+
 signals:
     /// The frame has closed and the settings are written: the program is to end.
     void ended();
@@ -48,12 +54,24 @@ public slots:
     void MostrarEditTextInsertVeldaFrm();
     void MostrarEditTextConvImgFrm();
     void MostrarAboutFrm();
+    void MostrarCaracterToolbar();
+    void MostrarCaracterTableFrm();
+    void MostrarDateTimeFrm();
+    void MostrarEditTextFindFrm();
+    void MostrarEditTextWordCountFrm();
 
     void MnuFicheiroNovo();
     void MnuFicheiroSair();
     void MnuVerBarradeferramentas();
     void MnuAjudadozolt();
     void MnuAjudaAcercadoZOLT();
+
+    /// A button of a docked quick bar, and the close buttons of the two panels.
+    void Command1_Click(int Index);
+    void Command2_Click();
+    void Command3_Click();
+    /// Moves the keyboard between the document and the quick bar.
+    void switchToQuickBar();
 
     /// The window commands, which serve the document windows' menus too.
     void TileVertically();
@@ -70,6 +88,8 @@ protected:
 private:
     void buildToolbars();
     void buildCombos();
+    void buildQuickBar();
+    void closeDockedBar();
     void tile(Qt::Orientation orientation);
 
     /// Shows the one window of a class before the frame and gives it the focus.
@@ -94,6 +114,8 @@ private:
     QList<QMenu *> m_ownMenus;
     QComboBox *Combo1;
     QComboBox *Combo2;
+    QWidget *Picture3;
+    QWidget *Picture4;
 };
 
 } // namespace zolt

@@ -2,6 +2,9 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <algorithm>
+#include <cstdint>
+#include <limits>
 
 namespace zolt {
 
@@ -41,6 +44,13 @@ template <class Window> void unload() {
 constexpr int kTwipsPerPixel = 15;
 constexpr int pixels(int twips) {
     return twips / kTwipsPerPixel;
+}
+
+/// A length in pixels as a setting holds it, in twips; far places give the farthest
+/// that it can hold.
+constexpr std::int16_t twipsSetting(int pixels) {
+    constexpr int farthest = std::numeric_limits<std::int16_t>::max() / kTwipsPerPixel;
+    return static_cast<std::int16_t>(std::clamp(pixels, -farthest, farthest) * kTwipsPerPixel);
 }
 
 } // namespace zolt

@@ -1,0 +1,165 @@
+#include "shell/edit_text_find_frm.h"
+
+#include "platform/bytes_edit.h"
+#include "platform/fonts.h"
+#include "platform/message_box.h"
+#include "platform/text_pane.h"
+#include "shell/active_pane.h"
+#include "shell/long_work.h"
+#include "shell/shared_values.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+
+namespace zolt {
+
+EditTextFindFrm::EditTextFindFrm(QWidget *owner)
+    : ToolFrm(QStringLiteral("Find and replace"), BesideTheFrame, owner),
+      Text1(new BytesEdit),
+      Text2(new BytesEdit),
+      Check1(new QCheckBox(QStringLiteral("Match Case"))),
+      MensagemFimDaProcura(QStringLiteral("ZOLT finished searching the document")) {
+    auto *grid = new QGridLayout(this);
+    const auto addBox = [&](int row, BytesEdit *box, const QString &caption) {
+        box->setObjectName(QStringLiteral("Text%1").arg(row + 1));
+        box->setFont(zoltFont(QStringLiteral("ZOLT"), 9.75));
+        box->setMinimumWidth(240);
+        auto *label = new QLabel(caption);
+        label->setObjectName(QStringLiteral("Label%1").arg(row + 1));
+        label->setBuddy(box);
+        grid->addWidget(label, row, 0);
+        grid->addWidget(box, row, 1);
+    };
+    addBox(0, Text1, QStringLiteral("&Find:"));
+    addBox(1, Text2, QStringLiteral("&Replace:"));
+    Check1->setObjectName(QStringLiteral("Check1"));
+    grid->addWidget(Check1, 2, 1);
+    connect(Check1, &QCheckBox::clicked, this, &EditTextFindFrm::Check1_Click);
+
+    int row = 0;
+    const auto addButton = [&](const char *name, const QString &caption, auto command) {
+        auto *button = new QPushButton(caption);
+        button->setObjectName(QString::fromUtf8(name));
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, command);
+        grid->addWidget(button, row++, 2);
+        return button;
+    };
+    addButton("Command1", QStringLiteral("Find &next"), &EditTextFindFrm::Command1_Click)->setDefault(true);
+    addButton("Command3", QStringLiteral("&Replace"), &EditTextFindFrm::Command3_Click);
+    addButton("Command5", QStringLiteral("Replace &all"), &EditTextFindFrm::Command5_Click);
+    addButton("Command4", QStringLiteral("&Stop"), &EditTextFindFrm::Command4_Click);
+    addButton("Command2", QStringLiteral("Close"), &QWidget::close);
+    grid->setColumnStretch(1, 1);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void EditTextFindFrm::focusFindBox() {
+    Text1->setFocus();
+    Text1->selectAll();
+}
+
+bool EditTextFindFrm::search(TextPane &pane, const std::function<void(const Progress &)> &search) {
+    PararProcura = 0;
+    const int number = ++m_searches;
+    bool stale = false;
+    const QPointer<EditTextFindFrm> window(this);
+    const QPointer<TextPane> there(&pane);
+    const auto isStale = [&] { return stale || !window || !there || window->m_searches != number; };
+
+    const auto watch = connect(&pane, &TextPane::Change, &pane, [&stale] { stale = true; });
+    search(livelyProgress(
+        [&](std::size_t position, std::size_t /*total*/) {
+            if (!isStale())
+                there->setSelStart(static_cast<qsizetype>(position));
+        },
+        [&] { return isStale() || window->PararProcura == 1; }));
+    disconnect(watch);
+    return !isStale();
+}
+
+void EditTextFindFrm::sayEnd() {
+    showMessage(this, MensagemFimDaProcura);
+}
+
+void EditTextFindFrm::Command1_Click() {
+    TextPane *pane = activePane();
+    const std::string find = Text1->Text();
+    ScanResult found;
+    const auto scanPane = [&](const Progress &progress) {
+        found = scan(pane->Text(), options(find), static_cast<std::size_t>(shared::PosiçãoCursor), progress);
+    };
+    if (!pane || !search(*pane, scanPane))
+        return;
+    if (found.outcome == ScanResult::NotFound) {
+        if (found.position > 0)
+            pane->setSelStart(static_cast<qsizetype>(found.position));
+        return sayEnd();
+    }
+    takeFocus(*pane);
+    pane->setSelStart(static_cast<qsizetype>(found.position) - 1);
+    pane->setSelLength(static_cast<qsizetype>(find.size()));
+    shared::PosiçãoCursor = static_cast<std::int32_t>(pane->SelStart() + static_cast<qsizetype>(find.size()));
+}
+
+void EditTextFindFrm::Command3_Click() {
+    TextPane *pane = activePane();
+    if (!pane)
+        return;
+    const std::string find = Text1->Text();
+    const std::string replacement = Text2->Text();
+    const qsizetype start = shared::PosiçãoCursor - static_cast<qsizetype>(find.size());
+    takeFocus(*pane);
+    if (start < 0)
+        return;
+    if (pane->SelText() == find)
+        pane->setSelText(replacement);
+    pane->setSelStart(start);
+    pane->setSelLength(static_cast<qsizetype>(replacement.size()));
+    // Not lowered by what was found: the search goes on that far behind.
+    shared::PosiçãoCursor += static_cast<std::int32_t>(replacement.size());
+    Command1_Click();
+}
+
+void EditTextFindFrm::Command5_Click() {
+    TextPane *pane = activePane();
+    const std::string find = Text1->Text();
+    const std::string replacement = Text2->Text();
+    if (!pane || find.empty() || replacement.empty())
+        return;
+    shared::PosiçãoCursor = 0;
+    const qsizetype start = pane->SelStart();
+    const qsizetype length = pane->SelLength();
+    ReplaceAllResult result;
+    const auto replaceInPane = [&](const Progress &progress) {
+        result = replaceAll(pane->Text(), options(find), replacement, progress);
+    };
+    if (!search(*pane, replaceInPane))
+        return;
+    if (result.replacements > 0) {
+        takeFocus(*pane);
+        // What an undo is to bring back, not where the caret has walked.
+        pane->setSelStart(start);
+        pane->setSelLength(length);
+        pane->replaceText(result.text);
+    }
+    pane->setSelStart(static_cast<qsizetype>(result.caret));
+    shared::PosiçãoCursor = static_cast<std::int32_t>(result.posiçãoCursor);
+    if (result.outcome == ReplaceAllResult::Finished)
+        sayEnd();
+}
+
+void EditTextFindFrm::Command4_Click() {
+    PararProcura = 1;
+}
+void EditTextFindFrm::Check1_Click() {
+    DistinguirMaiúsculas = Check1->isChecked() ? 1 : 0;
+}
+void EditTextFindFrm::closing() {
+    PararProcura = 1;
+}
+
+} // namespace zolt

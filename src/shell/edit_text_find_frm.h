@@ -1,0 +1,63 @@
+#pragma once
+
+#include "core/find.h"
+#include "shell/tool_frm.h"
+
+#include <cstdint>
+
+class QCheckBox;
+class QPushButton;
+
+namespace zolt {
+
+class BytesEdit;
+class TextPane;
+
+/// Finds and replaces text in the pane in use, from PosiçãoCursor on towards the
+/// text's end. A search lets the windows live, and the document stays usable
+/// beside it.
+class EditTextFindFrm : public ToolFrm {
+    Q_OBJECT
+
+public:
+    explicit EditTextFindFrm(QWidget *owner);
+
+    void focusFindBox();
+
+public slots:
+    /// Find next.
+    void Command1_Click();
+    /// Replace, and find next.
+    void Command3_Click();
+    /// Replace all.
+    void Command5_Click();
+    /// Stop.
+    void Command4_Click();
+    /// Match Case.
+    void Check1_Click();
+
+protected:
+    void closing() override;
+
+private:
+    FindOptions options(const std::string &find) const { return {find, DistinguirMaiúsculas == 1}; }
+    /// Lets `search` run while the caret walks along in the pane. False if its result
+    /// is stale: another command began meanwhile, the text was changed, or a window
+    /// went.
+    bool search(TextPane &pane, const std::function<void(const Progress &)> &search);
+    void sayEnd();
+
+    BytesEdit *Text1;
+    BytesEdit *Text2;
+    QCheckBox *Check1;
+
+    /// 1 = Match Case.
+    std::int16_t DistinguirMaiúsculas = 0;
+    /// 1 = the running search is to stop.
+    std::int16_t PararProcura = 0;
+    QString MensagemFimDaProcura;
+    /// Counts the searches begun.
+    int m_searches = 0;
+};
+
+} // namespace zolt
