@@ -9,6 +9,7 @@
 #include "shell/caracter_toolbar_frm.h"
 #include "shell/date_time_frm.h"
 #include "shell/edit_text_conv_img_frm.h"
+#include "shell/edit_text_export_pdf_frm.h"
 #include "shell/edit_text_find_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/edit_text_frm_tables.h"
@@ -21,6 +22,7 @@
 #include "shell/mensagem_frm.h"
 #include "shell/question_frm.h"
 #include "shell/shared_values.h"
+#include "shell/symbol_frm.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -131,6 +133,12 @@ void MDIFrm::MostrarQuestionFrm() {
 }
 void MDIFrm::MostrarMensagemFrm() {
     mostrar<MensagemFrm>();
+}
+void MDIFrm::MostrarSymbolFrm() {
+    mostrar<SymbolFrm>();
+}
+void MDIFrm::MostrarEditTextExportPDFFrm() {
+    mostrar<EditTextExportPDFFrm>();
 }
 void MDIFrm::MostrarEditTextGuardarHPFrm() {
     mostrar<EditTextGuardarHPFrm>();

@@ -48,6 +48,8 @@ signals:
 public slots:
     void MostrarQuestionFrm();
     void MostrarMensagemFrm();
+    void MostrarSymbolFrm();
+    void MostrarEditTextExportPDFFrm();
     void MostrarEditTextGuardarHPFrm();
     void MostrarEditTextInsertImageFrm();
     void MostrarEditTextInsertGrobFrm();
