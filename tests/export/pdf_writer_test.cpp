@@ -1,13 +1,12 @@
 #include "export/pdf_writer.h"
 
 #include "core/document.h"
-#include "core/file.h"
 #include "export/pdf_file.h"
+#include "support/temporary_folder.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
-#include <unistd.h>
 
 namespace zolt {
 namespace {
@@ -224,35 +223,32 @@ TEST(Pdf, HandsItsBytesOnInPieces) {
 
 class PdfFile : public testing::Test {
 protected:
-    std::string m_folder = testing::TempDir() + "zolt_pdf_" + std::to_string(::getpid()) + "/";
-    std::string m_input = m_folder + "in.txt";
-    std::string m_output = m_folder + "out.pdf";
-
-    void SetUp() override { std::filesystem::create_directories(m_folder); }
-    void TearDown() override { std::filesystem::remove_all(m_folder); }
+    test::TemporaryFolder m_folder;
+    std::string m_input = m_folder.file("in.txt");
+    std::string m_output = m_folder.file("out.pdf");
 };
 
 TEST_F(PdfFile, TakesThePlaceOfAnOlderOne) {
-    writeFile(m_output, "old");
-    writeFile(m_input, "a\rb\r\n");
+    test::putBytes(m_output, "old");
+    test::putBytes(m_input, "a\rb\r\n");
     const PdfResult result = ConvertToPDF(m_input, m_output, {});
     EXPECT_EQ(result.writeError, "");
-    EXPECT_EQ(pagesOf(readFile(m_output).bytes), std::vector<Lines>{(Lines{"a", "b"})});
+    EXPECT_EQ(pagesOf(test::bytesOf(m_output)), std::vector<Lines>{(Lines{"a", "b"})});
 }
 
 TEST_F(PdfFile, StaysAsItWasWithoutInputOrWhenStopped) {
-    writeFile(m_output, "old");
+    test::putBytes(m_output, "old");
     EXPECT_EQ(ConvertToPDF(m_input, m_output, {}).messages,
               Lines{"The file '" + m_input + "' doesn't exist."});
-    writeFile(m_input, "");
+    test::putBytes(m_input, "");
     EXPECT_EQ(ConvertToPDF(m_input, m_output, {}).messages.size(), 1u);
-    writeFile(m_input, lines(100000));
+    test::putBytes(m_input, lines(100000));
     EXPECT_FALSE(
         ConvertToPDF(m_input, m_output, {}, [](std::size_t, std::size_t) { return false; }).finished);
-    EXPECT_EQ(readFile(m_output).bytes, "old");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder), {}), 2);
+    EXPECT_EQ(test::bytesOf(m_output), "old");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.path()), {}), 2);
 
-    EXPECT_NE(ConvertToPDF(m_input, m_folder + "none/out.pdf", {}).writeError, "");
+    EXPECT_NE(ConvertToPDF(m_input, m_folder.file("none/out.pdf"), {}).writeError, "");
 }
 
 } // namespace

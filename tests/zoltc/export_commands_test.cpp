@@ -1,25 +1,21 @@
-#include "core/file.h"
+#include "support/temporary_folder.h"
 #include "zoltc/command.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace zolt::cli {
 namespace {
 
 class ExportCommands : public testing::Test {
 protected:
-    std::string m_folder = testing::TempDir() + "zoltc_export_" + std::to_string(::getpid()) + "/";
+    test::TemporaryFolder m_folder;
     std::string m_output;
     std::string m_errors;
 
-    void SetUp() override { std::filesystem::create_directories(m_folder); }
-    void TearDown() override { std::filesystem::remove_all(m_folder); }
-
-    std::string path(const std::string &name) const { return m_folder + name; }
-    void put(const std::string &name, std::string_view bytes) const { writeFile(path(name), bytes); }
-    std::string get(const std::string &name) const { return readFile(path(name)).bytes; }
+    std::string path(const std::string &name) const { return m_folder.file(name); }
+    void put(const std::string &name, const std::string &bytes) const { test::putBytes(path(name), bytes); }
+    std::string get(const std::string &name) const { return test::bytesOf(path(name)); }
     bool exists(const std::string &name) const { return std::filesystem::exists(path(name)); }
 
     /// Runs a command line; a word that begins with "@" is a file of the folder.
