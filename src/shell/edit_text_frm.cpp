@@ -117,8 +117,6 @@ TextPane &EditTextFrm::activePane() const {
 }
 
 void EditTextFrm::setCaption(const QString &caption) {
-    // A maximised child adds its title to the frame's, which must not hold the old one.
-    m_frame->setWindowTitle(QStringLiteral("ZOLT"));
     // "[*]" in a window title is Qt's mark of change; doubled, it stands for itself.
     setWindowTitle(QString(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }

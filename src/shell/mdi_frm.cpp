@@ -4,6 +4,7 @@
 #include "core/settings.h"
 #include "platform/desktop.h"
 #include "platform/message_box.h"
+#include "platform/text_pane.h"
 #include "shell/about_frm.h"
 #include "shell/caracter_table_frm.h"
 #include "shell/caracter_toolbar_frm.h"
@@ -40,6 +41,7 @@ namespace zolt {
 
 MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) {
     setWindowTitle(QStringLiteral("ZOLT"));
+    connect(this, &QWidget::windowTitleChanged, this, &MDIFrm::showTitle, Qt::QueuedConnection);
     setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
     m_area->setObjectName(QStringLiteral("MdiArea"));
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -102,6 +104,27 @@ void MDIFrm::buildCombos() {
 void MDIFrm::adopt(QWidget *documentWindow) {
     auto *child = qobject_cast<QMdiSubWindow *>(documentWindow);
     m_area->addSubWindow(child);
+    connect(child, &QWidget::windowTitleChanged, this, &MDIFrm::showTitle, Qt::QueuedConnection);
+}
+
+void MDIFrm::showTitle() {
+    // Qt joins a maximised child's title to the frame's, but keeps the child's first
+    // one when that changes.
+    const QMdiSubWindow *child = m_area->currentSubWindow();
+    const QString own = QStringLiteral("ZOLT");
+    const QString title = child && child->isMaximized() && child->isVisible()
+                              ? QStringLiteral("%1 - [%2]").arg(own, child->windowTitle())
+                              : own;
+    if (windowTitle() != title)
+        setWindowTitle(title);
+}
+
+void MDIFrm::takeFocusBack() {
+    activateWindow();
+    if (const auto *document = loaded<EditTextFrm>())
+        document->activePane().setFocus();
+    else
+        setFocus();
 }
 
 void MDIFrm::showMenus(const QList<QMenu *> &menus) {
