@@ -10,7 +10,6 @@
 #include <cmath>
 #include <cstdio>
 #include <initializer_list>
-#include <optional>
 
 namespace zolt {
 
@@ -194,8 +193,8 @@ struct PdfWriter {
         lineOnPage = -1;
         if (!startpage())
             return;
-        for (std::optional<std::string_view> rest = document; rest && !stopped;) {
-            const std::string_view line = takeLine(rest);
+        for (std::size_t start = 0; start != std::string_view::npos && !stopped;) {
+            const std::string_view line = takeLine(document, start);
             ++lineOnPage;
             if ((pageIsFull() || line.find(kFormFeed) != std::string_view::npos) && !turnPage())
                 return;
@@ -207,14 +206,12 @@ struct PdfWriter {
             finishPage();
     }
 
-    /// The next line of `rest`; what follows it stays there, or nothing behind the last.
-    static std::string_view takeLine(std::optional<std::string_view> &rest) {
-        const std::size_t end = rest->find('\r');
-        const std::string_view line = rest->substr(0, end);
-        if (end == std::string_view::npos)
-            rest.reset();
-        else
-            rest->remove_prefix(end + (rest->substr(end).starts_with(kLineEnd) ? kLineEnd.size() : 1));
+    /// The line that begins at `start`, which moves on to the next line or, behind the
+    /// last one, to npos.
+    static std::string_view takeLine(std::string_view document, std::size_t &start) {
+        const std::size_t end = document.find('\r', start);
+        const std::string_view line = document.substr(start, end - start);
+        start = end == std::string_view::npos ? end : end + (document.substr(end, 2) == kLineEnd ? 2 : 1);
         return line;
     }
 

@@ -84,47 +84,69 @@ std::string pixelRow(const DotSurface &surface, int y, std::uint32_t depth, std:
     return row;
 }
 
-} // namespace
+/// Sizes in pixels and bytes.
+struct BitmapLayout {
+    BitmapLayout(std::uint32_t widthInPixels, std::uint32_t heightInPixels, std::uint32_t bitsPerPixel)
+        : width(widthInPixels), height(heightInPixels), bits(bitsPerPixel) {
+        stride = (width * bits + kBitsPerWord - 1) / kBitsPerWord * kBytesPerWord;
+        const std::uint32_t words = width * bits / kBitsPerWord + (width % kBitsPerWord != 0 ? 1 : 0);
+        imageSize = (bits == 24 ? stride : words * kBytesPerWord) * height;
+    }
 
-std::string bitmapFile(const DotSurface &surface, int depth) {
-    const std::uint32_t bits =
-        depth == 4 || depth == 8 || depth == 24 ? static_cast<std::uint32_t>(depth) : 1;
-    const auto width = static_cast<std::uint32_t>(surface.width() * kPixelsPerDot);
-    const auto height = static_cast<std::uint32_t>(surface.height() * kPixelsPerDot);
-    const std::uint32_t stride = (width * bits + kBitsPerWord - 1) / kBitsPerWord * kBytesPerWord;
-    const std::uint32_t words = width * bits / kBitsPerWord + (width % kBitsPerWord != 0 ? 1 : 0);
-    const std::uint32_t imageSize = (bits == 24 ? stride : words * kBytesPerWord) * height;
-    const std::vector<std::uint32_t> colours = coloursOfDepth(bits);
+    std::uint32_t width;
+    std::uint32_t height;
+    std::uint32_t bits;
+    std::uint32_t stride;
+    std::uint32_t imageSize;
+};
+
+/// The headers and the colour table.
+std::string bitmapFront(const BitmapLayout &layout) {
+    const std::vector<std::uint32_t> colours = coloursOfDepth(layout.bits);
     const auto offset =
         kFileHeader + kInformationHeader + static_cast<std::uint32_t>(colours.size()) * kBytesPerWord;
-
     std::string bytes;
-    bytes.reserve(std::size_t{offset} + imageSize);
     bytes += "BM";
-    put32(bytes, offset + imageSize);
+    put32(bytes, offset + layout.imageSize);
     put32(bytes, 0);
     put32(bytes, offset);
 
     put32(bytes, kInformationHeader);
-    put32(bytes, width);
-    put32(bytes, height);
+    put32(bytes, layout.width);
+    put32(bytes, layout.height);
     put16(bytes, 1);
-    put16(bytes, bits);
+    put16(bytes, layout.bits);
     put32(bytes, 0);
-    put32(bytes, imageSize);
+    put32(bytes, layout.imageSize);
     for (int rest = 0; rest < 4; ++rest)
         put32(bytes, 0);
 
     for (const std::uint32_t colour : colours)
         put32(bytes, colour);
+    return bytes;
+}
 
+} // namespace
+
+std::string bitmapFile(const DotSurface &surface, int depth) {
+    const std::uint32_t bits =
+        depth == 4 || depth == 8 || depth == 24 ? static_cast<std::uint32_t>(depth) : 1;
+    const BitmapLayout layout(static_cast<std::uint32_t>(surface.width() * kPixelsPerDot),
+                              static_cast<std::uint32_t>(surface.height() * kPixelsPerDot), bits);
+    std::string bytes = bitmapFront(layout);
+    const std::size_t fileSize = bytes.size() + layout.imageSize;
+    bytes.reserve(fileSize);
     for (int y = surface.height() - 1; y >= 0; --y) {
-        const std::string row = pixelRow(surface, y, bits, stride);
+        const std::string row = pixelRow(surface, y, bits, layout.stride);
         for (int repeat = 0; repeat < kPixelsPerDot; ++repeat)
             bytes += row;
     }
-    bytes.resize(std::size_t{offset} + imageSize, '\0');
+    bytes.resize(fileSize, '\0');
     return bytes;
+}
+
+std::string oneBitBitmapFront(std::uint32_t width, std::uint32_t height) {
+    return bitmapFront({width, height, 1});
 }
 
 } // namespace zolt

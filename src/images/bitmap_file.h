@@ -2,6 +2,7 @@
 
 #include "images/dot_surface.h"
 
+#include <cstdint>
 #include <string>
 
 namespace zolt {
@@ -14,5 +15,9 @@ namespace zolt {
 /// zeros lie behind the last row then. An empty surface gives a picture of no rows.
 /// Format: https://learn.microsoft.com/windows/win32/gdi/bitmap-storage
 std::string bitmapFile(const DotSurface &surface, int depth);
+
+/// All of a BMP file of one bit a pixel in front of its pixels, sizes in pixels: 0 is
+/// black and 1 is white. Rows of ceil(width / 32) * 4 bytes follow, the lowest first.
+std::string oneBitBitmapFront(std::uint32_t width, std::uint32_t height);
 
 } // namespace zolt

@@ -1,7 +1,5 @@
 #include "images/image_text.h"
 
-#include "core/codes.h"
-
 #include <algorithm>
 
 namespace zolt {
@@ -9,26 +7,6 @@ namespace zolt {
 namespace {
 
 constexpr std::size_t kReportEvery = 4096;
-
-/// Where the next digit of an image text goes, in dots.
-struct DigitPlace {
-    std::int64_t x = 0;
-    std::int64_t y = 0;
-    /// The bottom row of the line of cells.
-    std::int64_t lastRow = kCellHeight - 1;
-
-    void nextRow() {
-        if (++y > lastRow) {
-            y -= kCellHeight;
-            x += kCellWidth;
-        }
-    }
-    void nextLine() {
-        lastRow += kCellHeight;
-        y += kCellHeight;
-        x = 0;
-    }
-};
 
 std::string cellAt(const DotSurface &surface, int x, int y) {
     std::string cell(1, kCellMark);

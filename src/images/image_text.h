@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/codes.h"
 #include "core/progress.h"
 #include "images/dot_surface.h"
 
@@ -16,6 +17,27 @@ struct ImageTextSize {
     std::int64_t lines = 1;
 
     bool operator==(const ImageTextSize &) const = default;
+};
+
+/// Where the next digit of an image text goes, in dots. It is the digits alone that
+/// walk from row to row and from cell to cell.
+struct DigitPlace {
+    std::int64_t x = 0;
+    std::int64_t y = 0;
+    /// The bottom row of the line of cells.
+    std::int64_t lastRow = kCellHeight - 1;
+
+    void nextRow() {
+        if (++y > lastRow) {
+            y -= kCellHeight;
+            x += kCellWidth;
+        }
+    }
+    void nextLine() {
+        lastRow += kCellHeight;
+        y += kCellHeight;
+        x = 0;
+    }
 };
 
 /// What reading a picture's text gave. `reason` says why `surface` is empty, and is

@@ -20,6 +20,17 @@ QString fromWindows(std::string_view bytes) {
     return text;
 }
 
-QString fromFileName(const std::string &bytes) { return QFile::decodeName(QByteArray::fromStdString(bytes)); }
+std::string windowsBytes(const QString &text) {
+    std::string bytes;
+    for (const char32_t character : text.toStdU32String()) {
+        const auto byte = byteOfCharacter(character);
+        bytes += byte && windowsCharacter(*byte) == character ? static_cast<char>(*byte) : '?';
+    }
+    return bytes;
+}
+
+QString fromFileName(const std::string &bytes) {
+    return QFile::decodeName(QByteArray::fromStdString(bytes));
+}
 
 } // namespace zolt

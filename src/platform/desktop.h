@@ -11,6 +11,8 @@ bool openInDesktop(const std::string &path);
 
 /// Text for the screen from bytes of code page 1252, and file names from theirs.
 QString fromWindows(std::string_view bytes);
+/// The bytes of a text in code page 1252; "?" for characters that it lacks.
+std::string windowsBytes(const QString &text);
 QString fromFileName(const std::string &bytes);
 
 } // namespace zolt

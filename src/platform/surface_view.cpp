@@ -58,14 +58,19 @@ SurfaceView::SurfaceView(const QString &surfaceName, const QString &barName, QWi
     setWidget(m_surface);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setBackgroundRole(QPalette::Mid);
-    const int frame = 2 * frameWidth();
-    setFixedSize(kStartWidth * kPixelsPerDot + frame + verticalScrollBar()->sizeHint().width(),
-                 kStartHeight * kPixelsPerDot + frame);
     verticalScrollBar()->setSingleStep(10);
     clear();
 }
 
 SurfaceView::~SurfaceView() = default;
+
+void SurfaceView::fit() {
+    const int frame = 2 * frameWidth();
+    const bool scrolls = m_surface->dots().height() > kStartHeight;
+    setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    setFixedSize(kStartWidth * kPixelsPerDot + frame + (scrolls ? verticalScrollBar()->sizeHint().width() : 0),
+                 kStartHeight * kPixelsPerDot + frame);
+}
 
 void SurfaceView::showDots(DotSurface surface) {
     const QSize dots(surface.width(), surface.height());
@@ -75,10 +80,12 @@ void SurfaceView::showDots(DotSurface surface) {
 
 void SurfaceView::showPicture(int width, int height, PictureAtScale picture) {
     m_surface->show(QSize(width, height), std::move(picture));
+    fit();
 }
 
 void SurfaceView::clear() {
     m_surface->show(QSize(kStartWidth, kStartHeight), {});
+    fit();
 }
 
 QImage SurfaceView::picture() const {

@@ -9,8 +9,8 @@
 namespace zolt {
 
 /// A frame with a white surface in it, two pixels to the dot, and a vertical
-/// scroll bar where the surface is higher than the frame. The frame has room for
-/// 132 by 65 dots. Dots and pictures stand on whole pixels of any screen.
+/// scroll bar where the surface is higher than the frame, which then is so much wider.
+/// The frame has room for 132 by 65 dots. Dots and pictures stand on whole pixels of any screen.
 class SurfaceView : public QScrollArea {
     Q_OBJECT
 
@@ -36,6 +36,8 @@ public:
     QSize sizeInDots() const;
 
 private:
+    void fit();
+
     class Surface;
     Surface *m_surface;
 };

@@ -4,6 +4,8 @@
 #include "platform/text_offsets.h"
 #include "platform/pane_layout.h"
 
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QResizeEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -138,7 +140,10 @@ qsizetype TextPane::lineStartOfCaret() const {
 
 void TextPane::setPaneFont(const QFont &font) {
     QFont paneFont = font;
+    // The desktop's own font may bear an alias, which a list of families doesn't resolve.
     QStringList families = font.families();
+    if (families.isEmpty() || !QFontDatabase::hasFamily(families.first()))
+        families.prepend(QFontInfo(font).family());
     if (!families.contains(QStringLiteral("ZOLT")))
         families.append(QStringLiteral("ZOLT"));
     paneFont.setFamilies(families);

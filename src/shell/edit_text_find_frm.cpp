@@ -1,6 +1,6 @@
 #include "shell/edit_text_find_frm.h"
 
-#include "platform/bytes_edit.h"
+#include "platform/byte_line.h"
 #include "platform/fonts.h"
 #include "platform/message_box.h"
 #include "platform/text_pane.h"
@@ -18,12 +18,12 @@ namespace zolt {
 
 EditTextFindFrm::EditTextFindFrm(QWidget *owner)
     : ToolFrm(QStringLiteral("Find and replace"), BesideTheFrame, owner),
-      Text1(new BytesEdit),
-      Text2(new BytesEdit),
+      Text1(new ByteLine),
+      Text2(new ByteLine),
       Check1(new QCheckBox(QStringLiteral("Match Case"))),
       MensagemFimDaProcura(QStringLiteral("ZOLT finished searching the document")) {
     auto *grid = new QGridLayout(this);
-    const auto addBox = [&](int row, BytesEdit *box, const QString &caption) {
+    const auto addBox = [&](int row, ByteLine *box, const QString &caption) {
         box->setObjectName(QStringLiteral("Text%1").arg(row + 1));
         box->setFont(zoltFont(QStringLiteral("ZOLT"), 9.75));
         box->setMinimumWidth(240);

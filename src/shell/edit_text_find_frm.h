@@ -10,7 +10,7 @@ class QPushButton;
 
 namespace zolt {
 
-class BytesEdit;
+class ByteLine;
 class TextPane;
 
 /// Finds and replaces text in the pane in use, from PosiçãoCursor on towards the
@@ -47,8 +47,8 @@ private:
     bool search(TextPane &pane, const std::function<void(const Progress &)> &search);
     void sayEnd();
 
-    BytesEdit *Text1;
-    BytesEdit *Text2;
+    ByteLine *Text1;
+    ByteLine *Text2;
     QCheckBox *Check1;
 
     /// 1 = Match Case.

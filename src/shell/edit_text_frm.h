@@ -8,6 +8,7 @@
 #include <QMdiSubWindow>
 #include <QPalette>
 #include <array>
+#include <optional>
 #include <string>
 
 class QLabel;
@@ -86,6 +87,12 @@ public slots:
     void OptimizarImagensSelecção();
     void MnuFerramentasContarpalavras();
 
+    void ExportarHTML();
+    void FicheiroExportarPrevisualizarpaginaWeb();
+    void MnuFicheiroExportarPDF();
+    void MnuInserirListadesímbolos();
+    void MnuInserirCriarnovosímbolo();
+
     void TesteDeIntegridade();
 
     void MnuInserirImagemBmpgifjpg();
@@ -138,6 +145,9 @@ private:
     void discardDocument();
     /// True if the document may go: it is unchanged, saved now, or discarded.
     bool mayLeaveDocument();
+
+    /// The document as a Web page; nothing, with a message, if it is empty.
+    std::optional<std::string> buildWebPage();
 
     MDIFrm *m_frame;
     std::array<TextPane *, 2> m_panes;

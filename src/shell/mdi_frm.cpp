@@ -4,11 +4,13 @@
 #include "core/settings.h"
 #include "platform/desktop.h"
 #include "platform/message_box.h"
+#include "platform/text_pane.h"
 #include "shell/about_frm.h"
 #include "shell/caracter_table_frm.h"
 #include "shell/caracter_toolbar_frm.h"
 #include "shell/date_time_frm.h"
 #include "shell/edit_text_conv_img_frm.h"
+#include "shell/edit_text_export_pdf_frm.h"
 #include "shell/edit_text_find_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/edit_text_frm_tables.h"
@@ -21,6 +23,7 @@
 #include "shell/mensagem_frm.h"
 #include "shell/question_frm.h"
 #include "shell/shared_values.h"
+#include "shell/symbol_frm.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -38,6 +41,7 @@ namespace zolt {
 
 MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) {
     setWindowTitle(QStringLiteral("ZOLT"));
+    connect(this, &QWidget::windowTitleChanged, this, &MDIFrm::showTitle, Qt::QueuedConnection);
     setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
     m_area->setObjectName(QStringLiteral("MdiArea"));
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -100,6 +104,27 @@ void MDIFrm::buildCombos() {
 void MDIFrm::adopt(QWidget *documentWindow) {
     auto *child = qobject_cast<QMdiSubWindow *>(documentWindow);
     m_area->addSubWindow(child);
+    connect(child, &QWidget::windowTitleChanged, this, &MDIFrm::showTitle, Qt::QueuedConnection);
+}
+
+void MDIFrm::showTitle() {
+    // Qt joins a maximised child's title to the frame's, but keeps the child's first
+    // one when that changes.
+    const QMdiSubWindow *child = m_area->currentSubWindow();
+    const QString own = QStringLiteral("ZOLT");
+    const QString title = child && child->isMaximized() && child->isVisible()
+                              ? QStringLiteral("%1 - [%2]").arg(own, child->windowTitle())
+                              : own;
+    if (windowTitle() != title)
+        setWindowTitle(title);
+}
+
+void MDIFrm::takeFocusBack() {
+    activateWindow();
+    if (const auto *document = loaded<EditTextFrm>())
+        document->activePane().setFocus();
+    else
+        setFocus();
 }
 
 void MDIFrm::showMenus(const QList<QMenu *> &menus) {
@@ -131,6 +156,12 @@ void MDIFrm::MostrarQuestionFrm() {
 }
 void MDIFrm::MostrarMensagemFrm() {
     mostrar<MensagemFrm>();
+}
+void MDIFrm::MostrarSymbolFrm() {
+    mostrar<SymbolFrm>();
+}
+void MDIFrm::MostrarEditTextExportPDFFrm() {
+    mostrar<EditTextExportPDFFrm>();
 }
 void MDIFrm::MostrarEditTextGuardarHPFrm() {
     mostrar<EditTextGuardarHPFrm>();

@@ -22,6 +22,9 @@ public:
 
     /// Puts a document window into the frame.
     void adopt(QWidget *documentWindow);
+    /// Activates the frame and gives the focus to the document's pane, or to the frame
+    /// itself without a document.
+    void takeFocusBack();
     /// Shows a document window's menus in the place of the frame's own, or the
     /// frame's own again for an empty list.
     void showMenus(const QList<QMenu *> &menus);
@@ -48,6 +51,8 @@ signals:
 public slots:
     void MostrarQuestionFrm();
     void MostrarMensagemFrm();
+    void MostrarSymbolFrm();
+    void MostrarEditTextExportPDFFrm();
     void MostrarEditTextGuardarHPFrm();
     void MostrarEditTextInsertImageFrm();
     void MostrarEditTextInsertGrobFrm();
@@ -90,6 +95,7 @@ private:
     void buildCombos();
     void buildQuickBar();
     void closeDockedBar();
+    void showTitle();
     void tile(Qt::Orientation orientation);
 
     /// Shows the one window of a class before the frame and gives it the focus.

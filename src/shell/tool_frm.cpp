@@ -35,8 +35,7 @@ void ToolFrm::closeEvent(QCloseEvent *event) {
             frame->setEnabled(true);
         if (m_kind == HidesTheFrame)
             frame->show();
-        frame->activateWindow();
-        frame->setFocus();
+        frame->takeFocusBack();
     }
 }
 

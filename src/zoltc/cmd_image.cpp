@@ -52,11 +52,7 @@ struct Settings {
 };
 
 std::optional<Form> formOf(std::string_view file) {
-    const std::string_view title = std::string_view(file).substr(folderOf(file).size());
-    const std::size_t dot = title.rfind('.');
-    std::string name(dot == std::string_view::npos ? "" : title.substr(dot + 1));
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    const std::string name = extensionOf(file);
     const auto found = std::find_if(kExtensions.begin(), kExtensions.end(),
                                     [&](const Extension &known) { return known.name == name; });
     return found == kExtensions.end() ? std::nullopt : std::optional(found->form);

@@ -6,6 +6,7 @@ const std::vector<Command> &commands() {
     static const std::vector<Command> table{
         checkCommand(),
         hpCommand(),
+        previewCommand(),
         countCommand(),
         optimiseCommand(),
         symbolsCommand(),

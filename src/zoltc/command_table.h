@@ -12,6 +12,7 @@ Command htmlCommand();
 Command imageCommand();
 Command optimiseCommand();
 Command pdfCommand();
+Command previewCommand();
 Command symbolsCommand();
 
 } // namespace zolt::cli

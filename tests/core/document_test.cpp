@@ -28,8 +28,7 @@ INSTANTIATE_TEST_SUITE_P(LineEnds, ReadsFile,
                                          FileCase{"a", "a"}, FileCase{"a\r\n", "a"}, FileCase{"a\r", "a"},
                                          FileCase{"a\r\n\r\n", "a\r\n"}, FileCase{"a\rb\r\n", "a\r\nb"},
                                          FileCase{"a\nb\r\n", "a\nb"}, FileCase{"a\n", "a\n"},
-                                         FileCase{"a\r\r\nb", "a\r\n\r\nb"},
-                                         FileCase{"\n\r\r\n", "\n\r\n"}));
+                                         FileCase{"a\r\r\nb", "a\r\n\r\nb"}, FileCase{"\n\r\r\n", "\n\r\n"}));
 
 TEST(DocumentFile, GivesBackEveryByteOfADocument) {
     // A lone CR is the one thing that a file turns into a line end.

@@ -13,11 +13,13 @@ using namespace testing_support;
 
 class CommandTables : public ProgramTest {
 protected:
-    static void expectSlotsAndIcons(const QObject &receiver, const char *name, const char *slot, const char *icon) {
+    static void expectSlotsAndIcons(const QObject &receiver, const char *name, const char *slot,
+                                    const char *icon) {
         const QByteArray signature = QByteArray(slot) + "()";
         EXPECT_TRUE(!slot || receiver.metaObject()->indexOfSlot(signature.constData()) >= 0)
             << name << " calls " << slot;
-        EXPECT_TRUE(!icon || QFile::exists(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(icon)))) << icon;
+        EXPECT_TRUE(!icon || QFile::exists(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(icon))))
+            << icon;
     }
 };
 
@@ -67,9 +69,10 @@ TEST_F(CommandTables, LeaveOnlyTheFramesOwnCommandsWithoutADocument) {
     for (const auto &row : frameMenuTable())
         if (row.level > 0 && qstrcmp(row.caption, "-") != 0 && row.slot)
             enabled << QString::fromUtf8(row.name);
-    EXPECT_EQ(enabled, QStringList({QStringLiteral("MnuFicheiroNovo"), QStringLiteral("MnuFicheiroSair"),
-                                    QStringLiteral("MnuVerBarradeferramentas"), QStringLiteral("MnuAjudadozolt"),
-                                    QStringLiteral("MnuAjudaAcercadoZOLT")}));
+    EXPECT_EQ(enabled,
+              QStringList({QStringLiteral("MnuFicheiroNovo"), QStringLiteral("MnuFicheiroSair"),
+                           QStringLiteral("MnuVerBarradeferramentas"), QStringLiteral("MnuAjudadozolt"),
+                           QStringLiteral("MnuAjudaAcercadoZOLT")}));
     EXPECT_EQ(frame.toolbar(1)->actions().size(), 5);
 }
 

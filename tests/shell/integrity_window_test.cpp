@@ -27,15 +27,21 @@ protected:
 };
 
 TEST_F(IntegrityWindow, ReportsAndCorrectsWhatWasTyped) {
-    auto &window = test("It's \"\x0B" "Bhi\x0B" "B\"");
+    auto &window = test("It's \"\x0B"
+                        "Bhi\x0B"
+                        "B\"");
     EXPECT_FALSE(loaded<MDIFrm>()->isEnabled());
-    EXPECT_EQ(box(window, "Text1").Text(), "\"It's '\x0B" "Bhi\x0B" "B\"");
+    EXPECT_EQ(box(window, "Text1").Text(), "\"It's '\x0B"
+                                           "Bhi\x0B"
+                                           "B\"");
     EXPECT_EQ(box(window, "Text2").Text(),
               "\r\n** Beginning verification **\r\n\r\n-Superior ('') character inserted \r\n"
               "-Ilegal character found (\") in position (7). Substituted by (')\r\n"
               "\r\n** Verification ended **\r\n\r\nNumber of errors found: 1\r\n");
     EXPECT_EQ(box(window, "Text2").palette().color(QPalette::Text), QColor(Qt::red));
-    EXPECT_EQ(m_document.activePane().Text(), "It's \"\x0B" "Bhi\x0B" "B\"");
+    EXPECT_EQ(m_document.activePane().Text(), "It's \"\x0B"
+                                              "Bhi\x0B"
+                                              "B\"");
     press(window, "Command4");
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
 }
@@ -57,7 +63,9 @@ TEST_F(IntegrityWindow, AskedToCorrectReplacesTheDocument) {
 }
 
 TEST_F(IntegrityWindow, SavesTheStringUnderANameThatPasses) {
-    auto &window = test("\x0B" "BHi\x0B" "B");
+    auto &window = test("\x0B"
+                        "BHi\x0B"
+                        "B");
     // The first name is refused and the dialog comes again, with the second name.
     answerFileDialog(path("SWAP"));
     QString refusal;
@@ -67,8 +75,11 @@ TEST_F(IntegrityWindow, SavesTheStringUnderANameThatPasses) {
         message->close();
     });
     press(window, "Command1");
-    EXPECT_EQ(refusal, QStringLiteral("Command names are not allowed (SWAP) \r\nPlease re-enter the filename."));
-    EXPECT_EQ(fileBytes("hello"), "\"\x0B" "BHi\x0B" "B\"\r\n");
+    EXPECT_EQ(refusal,
+              QStringLiteral("Command names are not allowed (SWAP) \r\nPlease re-enter the filename."));
+    EXPECT_EQ(fileBytes("hello"), "\"\x0B"
+                                  "BHi\x0B"
+                                  "B\"\r\n");
     EXPECT_EQ(fileBytes("SWAP"), "");
     EXPECT_EQ(shared::settings.DfDirFHP, path(""));
     EXPECT_FALSE(window.isVisible());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "images/dot_surface.h"
+#include "support/other_programs.h"
 #include "support/temporary_folder.h"
 
 #include <cstdint>
@@ -10,11 +11,6 @@
 #include <vector>
 
 namespace zolt::test {
-
-/// Whether a program can be called.
-inline bool hasProgram(const std::string &name) {
-    return std::system(("command -v " + name + " >/dev/null 2>&1").c_str()) == 0;
-}
 
 /// Runs ImageMagick's convert with `arguments`.
 inline bool runConvert(const std::string &arguments) {

@@ -26,7 +26,9 @@ QTimer *newPoll() {
 
 } // namespace
 
-ProgramTest::ProgramTest() { qputenv("ZOLT_HOME", m_folder.path().toLocal8Bit()); }
+ProgramTest::ProgramTest() {
+    qputenv("ZOLT_HOME", m_folder.path().toLocal8Bit());
+}
 
 ProgramTest::~ProgramTest() {
     leave();
@@ -34,7 +36,9 @@ ProgramTest::~ProgramTest() {
     qDeleteAll(qApp->findChildren<QTimer *>(kPoll, Qt::FindDirectChildrenOnly));
 }
 
-MDIFrm &ProgramTest::start(const std::string &commandLine) { return startProgram(commandLine); }
+MDIFrm &ProgramTest::start(const std::string &commandLine) {
+    return startProgram(commandLine);
+}
 
 EditTextFrm &ProgramTest::startTextEdition() {
     start();
@@ -63,7 +67,9 @@ std::string ProgramTest::path(const std::string &name) const {
     return m_folder.path().toStdString() + "/" + name;
 }
 
-std::string ProgramTest::fileBytes(const std::string &name) const { return readFile(path(name)).bytes; }
+std::string ProgramTest::fileBytes(const std::string &name) const {
+    return readFile(path(name)).bytes;
+}
 
 void ProgramTest::writeBytes(const std::string &name, std::string_view bytes) const {
     ASSERT_EQ(writeFile(path(name), bytes), "");
@@ -91,9 +97,15 @@ Answer::Answer(QMessageBox::StandardButton button) : m_state(std::make_shared<St
     });
 }
 
-Answer::~Answer() { m_state->over = true; }
-bool Answer::came() const { return m_state->came; }
-QString Answer::text() const { return m_state->text; }
+Answer::~Answer() {
+    m_state->over = true;
+}
+bool Answer::came() const {
+    return m_state->came;
+}
+QString Answer::text() const {
+    return m_state->text;
+}
 
 void whenModal(const char *className, std::function<void(QWidget *)> act) {
     QTimer *poll = newPoll();

@@ -1,0 +1,2 @@
+add_executable(preview_bench preview_bench.cpp)
+target_link_libraries(preview_bench PRIVATE zolt_hp48)

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "core/progress.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zolt {
+
+/// A line of a compiled text that begins with "*".
+struct MenuEntry {
+    /// Counted from 1; each line end of the text begins a line.
+    int line;
+    /// At most 33 characters, the "*" included.
+    std::string text;
+
+    bool operator==(const MenuEntry &) const = default;
+};
+
+/// The menu entries of a compiled text's characters. The first line is never one,
+/// since no line end stands in front of it. No value when `progress` asked to stop.
+std::optional<std::vector<MenuEntry>> menuEntries(std::string_view characters, const Progress &progress = {});
+
+} // namespace zolt

@@ -1,0 +1,131 @@
+#include "hp48/styles_and_pictures.h"
+
+#include "hp48/picture_block.h"
+#include "hp48/picture_chain.h"
+#include "hp48/reporter.h"
+#include "hp48/style_marks.h"
+
+#include <algorithm>
+
+namespace zolt {
+
+namespace {
+
+class Compiler {
+public:
+    Compiler(std::string_view text, const Progress &pictureProgress)
+        : m_text(text), m_marks(text), m_ends(text.size()), m_pictureProgress(pictureProgress) {
+        m_result.text.characters.reserve(text.size());
+    }
+
+    bool atEnd() const { return m_marks.atEnd(m_at); }
+    std::size_t position() const { return m_at.position; }
+    StyledPictures finish() { return std::move(m_result); }
+
+    /// Compiles what stands at the position: a stretch of plain characters, or codes
+    /// and the character behind them, or a picture. False when asked to stop.
+    bool compileNext() {
+        if (m_marks.at(m_at) == kStyleMark) {
+            takeCodes();
+            if (atEnd())
+                return true;
+            if (m_marks.at(m_at) != kCellMark) {
+                copyUpTo(m_at.position + 1);
+                return true;
+            }
+        }
+        if (m_marks.at(m_at) == kCellMark)
+            return takePicture();
+        copyUpTo(endOfStretch());
+        return true;
+    }
+
+private:
+    /// A style that holds up to `end`. Runs opened later lie on top of it.
+    struct OpenRun {
+        std::size_t end;
+        Style style;
+    };
+
+    void takeCodes() {
+        char letter = letterHere();
+        for (std::size_t i = 0; i < kStyleCodes.size(); ++i) {
+            if (letter != kStyleCodes[i].letter)
+                continue;
+            m_at = m_marks.advance(m_at, 2);
+            if (const auto partner = m_marks.takeFirst(i, m_at)) {
+                m_ends.forget(m_at.position, *partner);
+                m_at = m_marks.settled(m_at);
+                m_openRuns.push_back({*partner, kStyleCodes[i].style});
+            }
+            letter = letterHere();
+        }
+    }
+
+    /// The letter behind a mark at the position; a zero byte where no mark stands.
+    char letterHere() const {
+        return m_marks.at(m_at) == kStyleMark ? m_marks.at(m_marks.advance(m_at, 1)) : '\0';
+    }
+
+    bool takePicture() {
+        const StyleMarks::Place end = endOfPicture(m_marks, m_at, m_ends);
+        PictureBlock block;
+        block.position = m_result.text.characters.size();
+        block.cells = m_marks.between(m_at, end);
+        const ImageTextSize size = measureImageText(block.cells);
+        block.columns = size.columns;
+        block.lines = size.lines;
+        auto drawn = DesenhoDaFigura(block.cells, size, m_pictureProgress);
+        if (!drawn)
+            return false;
+        m_result.drawn.push_back(std::move(*drawn));
+        m_result.text.pictures.push_back(std::move(block));
+        m_result.text.append({&kPicturePlace, 1}, styleHere());
+        m_at = end;
+        return true;
+    }
+
+    /// Where the plain characters from the position on end, or their style.
+    std::size_t endOfStretch() {
+        std::size_t end = m_marks.nextMark(m_at);
+        styleHere();
+        if (!m_openRuns.empty())
+            end = std::min(end, m_openRuns.back().end);
+        const std::string_view stretch = m_text.substr(m_at.position, end - m_at.position);
+        return m_at.position + std::min(stretch.find(kCellMark), stretch.size());
+    }
+
+    void copyUpTo(std::size_t end) {
+        const std::size_t length = end - m_at.position;
+        m_result.text.append(m_text.substr(m_at.position, length), styleHere());
+        m_at = m_marks.advance(m_at, length);
+    }
+
+    Style styleHere() {
+        while (!m_openRuns.empty() && m_openRuns.back().end <= m_at.position)
+            m_openRuns.pop_back();
+        return m_openRuns.empty() ? Style::Plain : m_openRuns.back().style;
+    }
+
+    std::string_view m_text;
+    StyleMarks m_marks;
+    KnownEnds m_ends;
+    const Progress &m_pictureProgress;
+    StyleMarks::Place m_at;
+    std::vector<OpenRun> m_openRuns;
+    StyledPictures m_result;
+};
+
+} // namespace
+
+std::optional<StyledPictures> compileStylesAndPictures(std::string_view text, const Progress &progress,
+                                                       const Progress &pictureProgress) {
+    Compiler compiler(text, pictureProgress);
+    Reporter reporter(progress, text.size());
+    while (!compiler.atEnd())
+        if (!reporter.goOn(compiler.position()) || !compiler.compileNext())
+            return std::nullopt;
+    return compiler.finish();
+}
+
+} // namespace zolt

@@ -1,0 +1,94 @@
+// The text edition's commands that hand the document on as a Web page or PDF file,
+// and those that open the symbol window.
+
+#include "core/file.h"
+#include "export/html_writer.h"
+#include "platform/colours.h"
+#include "platform/desktop.h"
+#include "platform/message_box.h"
+#include "platform/text_pane.h"
+#include "shell/dialog_frm.h"
+#include "shell/edit_text_frm.h"
+#include "shell/mdi_frm.h"
+#include "shell/shared_values.h"
+#include "shell/symbol_frm.h"
+
+namespace zolt {
+
+namespace {
+
+WebPageLook lookOf(const TextPane &pane) {
+    const QFont &font = pane.font();
+    return {.ForeColor = colourValue(pane.palette().color(QPalette::Text)),
+            .BackColor = colourValue(pane.palette().color(QPalette::Base)),
+            .FontName = windowsBytes(font.family()),
+            .FontSize = font.pointSizeF(),
+            .FontBold = font.bold(),
+            .FontItalic = font.italic(),
+            .FontUnderline = font.underline(),
+            .FontStrikethru = font.strikeOut()};
+}
+
+/// Asks where the Web page goes; nothing on Cancel. The document's own dialog asks,
+/// and keeps the document's name.
+std::string askForWebPage() {
+    CommonDialog &dialog = commonDialog(DialogFrm::Document);
+    const std::string document = dialog.FileName;
+    const std::string title = dialog.FileTitle();
+    dialog.DialogTitle = QStringLiteral("Save As");
+    dialog.Filter = QStringLiteral("Web Page (*.htm;*.html)|*.htm|");
+    dialog.FilterIndex = 2;
+    dialog.InitDir = shared::settings.DefltDir;
+    dialog.Flags = kOverwritePrompt;
+    // The document's name itself would be overwritten by a quick Enter.
+    if (!title.empty())
+        dialog.FileName = title.substr(0, title.rfind('.')) + ".htm";
+    const std::string chosen = dialog.ShowSave() == kDialogDone ? dialog.FileName : std::string();
+    dialog.FileName = document;
+    return chosen;
+}
+
+} // namespace
+
+std::optional<std::string> EditTextFrm::buildWebPage() {
+    const WebPage page = webPage(activePane().Text(), lookOf(activePane()));
+    if (page.ok())
+        return page.file;
+    showMessage(this, QString::fromStdString(page.message));
+    return std::nullopt;
+}
+
+void EditTextFrm::ExportarHTML() {
+    const auto page = buildWebPage();
+    if (!page)
+        return;
+    shared::GuardarCancelado = 1;
+    const std::string path = askForWebPage();
+    if (path.empty() || !writeFile(path, *page).empty())
+        return;
+    shared::settings.DefltDir = folderOf(path);
+    shared::GuardarCancelado = 0;
+}
+
+void EditTextFrm::FicheiroExportarPrevisualizarpaginaWeb() {
+    const auto page = buildWebPage();
+    const std::string path = shared::programFolder + "/Temp.html";
+    if (page && writeFile(path, *page).empty())
+        openInDesktop(path);
+}
+
+void EditTextFrm::MnuFicheiroExportarPDF() {
+    m_frame->MostrarEditTextExportPDFFrm();
+}
+
+void EditTextFrm::MnuInserirListadesímbolos() {
+    m_frame->MostrarSymbolFrm();
+    loaded<SymbolFrm>()->showPage(SymbolFrm::ListPage);
+}
+
+void EditTextFrm::MnuInserirCriarnovosímbolo() {
+    m_frame->MostrarSymbolFrm();
+    loaded<SymbolFrm>()->showPage(SymbolFrm::EditionPage);
+}
+
+} // namespace zolt

@@ -1,0 +1,71 @@
+#include "symbols/symbol_cell.h"
+
+#include "core/codes.h"
+
+#include <gtest/gtest.h>
+
+namespace zolt {
+namespace {
+
+/// The squares that are on, as the grid shows them: six rows of four.
+std::string picture(const CellDots &dots) {
+    std::string text;
+    for (int square = 1; square <= kCellSquares; ++square)
+        text +=
+            std::string(squareIsOn(dots, square) ? "#" : ".") + (square % 4 == 0 && square < 24 ? "/" : "");
+    return text;
+}
+
+std::string cell(std::string_view digits) {
+    return kCellMark + std::string(digits);
+}
+
+struct CellCase {
+    std::string expression;
+    std::string_view grid;
+    std::string_view preview;
+};
+
+class ReadsExpression : public testing::TestWithParam<CellCase> {};
+
+TEST_P(ReadsExpression, OntoTheGridAndIntoThePreview) {
+    EXPECT_EQ(picture(Transferir(GetParam().expression)), GetParam().grid);
+    EXPECT_EQ(picture(Thumbnail(GetParam().expression)), GetParam().preview);
+}
+
+constexpr std::string_view kNothing = "..../..../..../..../..../....";
+
+INSTANTIATE_TEST_SUITE_P(
+    Cells, ReadsExpression,
+    testing::Values(
+        CellCase{cell("F00000"), "####/..../..../..../..../....", "####/..../..../..../..../...."},
+        CellCase{cell("842100"), "...#/..#./.#../#.../..../....", "...#/..#./.#../#.../..../...."},
+        CellCase{"", kNothing, kNothing}, CellCase{"\x9E", kNothing, kNothing},
+        // Small letters are no digits: a blank row, and nothing in the preview.
+        CellCase{cell("1a2f3F"), "#.../..../.#../..../##../####", "#.../.#../##../####/..../...."},
+        // The grid goes by position and never looks at the first character.
+        CellCase{"F1", "#.../..../..../..../..../....", "####/#.../..../..../..../...."},
+        CellCase{cell("00000012"), kNothing, kNothing}));
+
+TEST(SymbolCell, ComesBackFromItsDots) {
+    for (const std::string &expression : {cell("012345"), cell("6789AB"), cell("CDEF00")})
+        EXPECT_EQ(Expressao(Transferir(expression)), expression);
+    EXPECT_EQ(Expressao(Transferir("any text")), cell("000000"));
+    EXPECT_EQ(Expressao(filled()), cell("FFFFFF"));
+}
+
+TEST(SymbolCell, TogglesOneSquareAtATime) {
+    CellDots dots{};
+    toggleSquare(dots, 1);
+    toggleSquare(dots, 8);
+    toggleSquare(dots, 24);
+    EXPECT_EQ(picture(dots), "#.../...#/..../..../..../...#");
+    EXPECT_EQ(picture(inverted(dots)), ".###/###./####/####/####/###.");
+    toggleSquare(dots, 8);
+    toggleSquare(dots, 0);
+    toggleSquare(dots, 25);
+    EXPECT_EQ(picture(dots), "#.../..../..../..../..../...#");
+}
+
+} // namespace
+} // namespace zolt

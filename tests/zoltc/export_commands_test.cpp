@@ -1,0 +1,104 @@
+#include "support/temporary_folder.h"
+#include "zoltc/command.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace zolt::cli {
+namespace {
+
+class ExportCommands : public testing::Test {
+protected:
+    test::TemporaryFolder m_folder;
+    std::string m_output;
+    std::string m_errors;
+
+    std::string path(const std::string &name) const { return m_folder.file(name); }
+    void put(const std::string &name, const std::string &bytes) const { test::putBytes(path(name), bytes); }
+    std::string get(const std::string &name) const { return test::bytesOf(path(name)); }
+    bool exists(const std::string &name) const { return std::filesystem::exists(path(name)); }
+
+    /// Runs a command line; a word that begins with "@" is a file of the folder.
+    int zoltc(std::vector<std::string> words) {
+        for (std::string &word : words)
+            if (word.starts_with("@"))
+                word = path(word.substr(1));
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        const int code = run(words);
+        m_output = testing::internal::GetCapturedStdout();
+        m_errors = testing::internal::GetCapturedStderr();
+        return code;
+    }
+};
+
+TEST_F(ExportCommands, SymbolsListsAndJoins) {
+    put("a.zls", " 1 \r\nLeft, \x8E\r\n\x9EZ\r\n");
+    put("b.zls", " 3 \r\nb\r\nB\r\nc\r\n");
+    EXPECT_EQ(zoltc({"symbols", "@a.zls"}), Done);
+    EXPECT_EQ(m_output, "Left, \x8E\t\x9EZ\n");
+    EXPECT_EQ(zoltc({"symbols", "@a.zls", "--import", "@b.zls", "--import=" + path("a.zls"), "@out.zls"}),
+              Done);
+    EXPECT_EQ(m_output + m_errors, "");
+    EXPECT_EQ(get("out.zls"),
+              " 5 \r\nLeft, \x8E\r\n\x9EZ\r\nb\r\nB\r\nc\r\n\r\n\r\n\r\nLeft, \x8E\r\n\x9EZ\r\n");
+    EXPECT_EQ(zoltc({"symbols", "@none.zls"}), Unusable);
+    EXPECT_EQ(zoltc({"symbols", "@a.zls", "--import", "@none.zls", "@new.zls"}), Unusable);
+    EXPECT_FALSE(exists("new.zls"));
+}
+
+TEST_F(ExportCommands, HtmlTakesTheLookFromItsOptions) {
+    put("a.zlt", "a\rb\r\n");
+    EXPECT_EQ(zoltc({"html", "@a.zlt", "@a.html", "--font", "Sans Serif", "--size", "14.25", "--color",
+                     "12aBcD", "--background=0000FF", "--underline", "--strikethrough"}),
+              Done);
+    EXPECT_EQ(get("a.html"), "<html>\r\n<body text=\"#12ABCD\" bgcolor=\"#0000FF\">\r\n"
+                             "<p><font face=\"Sans Serif\" size=\"4\"><strike><u>\r\n"
+                             "a<br>\r\nb</u></strike></font></p>\r\n</body>\r\n</html>\r\n");
+    put("empty.zlt", "\r\n");
+    EXPECT_EQ(zoltc({"html", "@empty.zlt", "@empty.html"}), Refused);
+    EXPECT_NE(m_errors.find("Empty document"), std::string::npos);
+    EXPECT_FALSE(exists("empty.html"));
+}
+
+TEST_F(ExportCommands, PdfTakesItsFormFromItsOptions) {
+    put("a.zlt", "a\rb\r\n");
+    EXPECT_EQ(zoltc({"pdf",        "@a.zlt",   "@a.pdf", "--font",     "Courier", "--size",    "8",
+                     "--rotation", "270",      "--page", "14x11",      "--title", "T",         "--subject",
+                     "S",          "--author", "A",      "--keywords", "K",       "--creator", "C"}),
+              Done);
+    const std::string pdf = get("a.pdf");
+    for (const char *part :
+         {"/Author (A)\r/CreationDate (D:2", "/Creator (C)\r", "/Title (T)\r/Subject (S)\r/Keywords (K)\r",
+          "/BaseFont /Courier\r", "/Rotate 270\r", "/MediaBox [ 0 0 1008 792 ]\r",
+          "9.6 TL\rT* (a\r\n) Tj\rT* (b\r\n) Tj\r"})
+        EXPECT_NE(pdf.find(part), std::string::npos) << part;
+
+    put("long.zlt", std::string(1665 * 60, '\r'));
+    EXPECT_EQ(zoltc({"pdf", "@long.zlt", "@long.pdf"}), Refused);
+    EXPECT_NE(m_errors.find("page 1665"), std::string::npos);
+    EXPECT_NE(get("long.pdf").find("/Count 1665\r"), std::string::npos);
+}
+
+TEST_F(ExportCommands, RefuseValuesOutOfRange) {
+    put("a.zlt", "a\r\n");
+    const std::vector<std::string> bad[] = {
+        {"pdf", "--font", "Helvetica"}, {"pdf", "--size", "7"},
+        {"pdf", "--size", "21"},        {"pdf", "--size", "10.5"},
+        {"pdf", "--size", ""},          {"pdf", "--rotation", "45"},
+        {"pdf", "--page", "A4"},        {"html", "--size", "0"},
+        {"html", "--size", "ten"},      {"html", "--size", "nan"},
+        {"html", "--color", "12345"},   {"html", "--color", "12345G"},
+        {"html", "--background", ""},   {"html", "--background", "1234567"}};
+    for (std::vector<std::string> words : bad) {
+        words.insert(words.end(), {"@a.zlt", "@out"});
+        EXPECT_EQ(zoltc(words), Unusable) << words[0] << words[1] << words[2];
+        EXPECT_FALSE(exists("out"));
+    }
+    EXPECT_EQ(zoltc({"pdf", "@none.zlt", "@out"}), Unusable);
+    EXPECT_EQ(zoltc({"pdf", "@a.zlt", "@none/out"}), Unusable);
+    EXPECT_EQ(zoltc({"html", "@a.zlt", "@none/out"}), Unusable);
+}
+
+} // namespace
+} // namespace zolt::cli
