@@ -1,5 +1,7 @@
 #include "hp48/menu_entries.h"
 
+#include <algorithm>
+
 #include "core/codes.h"
 #include "hp48/reporter.h"
 
@@ -26,6 +28,13 @@ std::optional<std::vector<MenuEntry>> menuEntries(std::string_view characters, c
             entries.push_back({line, std::string(text.substr(0, end))});
         }
     }
+}
+
+std::size_t endOfLine(std::string_view characters, int line) {
+    std::size_t end = characters.find(kLineEnd);
+    while (end != std::string_view::npos && --line > 0)
+        end = characters.find(kLineEnd, end + kLineEnd.size());
+    return std::min(end, characters.size());
 }
 
 } // namespace zolt

@@ -2,6 +2,7 @@
 
 #include "core/progress.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,5 +23,9 @@ struct MenuEntry {
 /// The menu entries of a compiled text's characters. The first line is never one,
 /// since no line end stands in front of it. No value when `progress` asked to stop.
 std::optional<std::vector<MenuEntry>> menuEntries(std::string_view characters, const Progress &progress = {});
+
+/// The offset, from 0, of the line end of line `line`, from 1; the text's length if it
+/// has fewer line ends.
+std::size_t endOfLine(std::string_view characters, int line);
 
 } // namespace zolt

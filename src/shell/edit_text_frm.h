@@ -95,6 +95,13 @@ public slots:
 
     void TesteDeIntegridade();
 
+    void MnuVerPrévisualizartudoNormal();
+    void MnuVerPrévisualizartudoComquebrasdelinha();
+    void MnuVerPrévisualizartudoEstiloHP48();
+    void VerPrévisualizarselecçãoNormal();
+    void VerPrévisualizarselecçãoComquebrasdelinha();
+    void VerPrévisualizarselecçãoEstiloHP48();
+
     void MnuInserirImagemBmpgifjpg();
     void MnuInserirImagemGrob();
     void MnuInserirImagemFormatovelda();
@@ -138,6 +145,8 @@ private:
     void recordCompanions();
     void closeCompanions();
 
+    /// Compiles a text and shows it in the preview that `open` brings.
+    void preview(const std::string &text, void (MDIFrm::*open)());
     /// Puts text into the active pane for good: an opened document has no history.
     void showDocument(const std::string &document, const QString &caption);
     bool writeDocument();

@@ -118,6 +118,34 @@ const QList<MenuRow> kViewRows{
      nullptr, MenuRow::Checked},
     {1, "MnuVerSeparador1", "-"},
     {1, "MnuVerSemprenotopo", "Always on Top", "MnuVerSemprenotopo", nullptr, nullptr, MenuRow::Unchecked},
+    {1, "MnuVerSeparador2", "-"},
+};
+
+const QList<MenuRow> kPreviewRows{
+    {1, "MnuVerPrévisualizartudo", "Preview &all"},
+    {2, "MnuVerPrévisualizartudoNormal", "Normal", "MnuVerPrévisualizartudoNormal", nullptr,
+     "preview-normal"},
+    {2, "MnuVerPrévisualizartudoComquebrasdelinha", "With Word Wrap",
+     "MnuVerPrévisualizartudoComquebrasdelinha", nullptr, "preview-wrap"},
+    {2, "MnuVerPrévisualizartudoEstiloHP48", "HP48 Style", "MnuVerPrévisualizartudoEstiloHP48", nullptr,
+     "preview-hp48"},
+    {1, "MnuVerPrévisualizarselecção", "Preview selection"},
+    {2, "MnuVerPrévisualizarselecçãoNormal", "Normal", "VerPrévisualizarselecçãoNormal", nullptr,
+     "preview-normal"},
+    {2, "MnuVerPrévisualizarselecçãoComquebrasdelinha", "With Word Wrap",
+     "VerPrévisualizarselecçãoComquebrasdelinha", nullptr, "preview-wrap"},
+    {2, "MnuVerPrévisualizarselecçãoEstiloHP48", "HP48 Style", "VerPrévisualizarselecçãoEstiloHP48", nullptr,
+     "preview-hp48"},
+};
+
+const QList<MenuRow> kPopUpPreviewRows{
+    {1, "MnuPopUpPrévisualizarseleccao", "Preview &selection"},
+    {2, "MnuPopUpPrevisualizarseleccaoNormal", "Normal", "VerPrévisualizarselecçãoNormal", nullptr,
+     "preview-normal"},
+    {2, "MnuPopUpPrevisualizarseleccaoComquebrasdelinha", "With Word Wrap",
+     "VerPrévisualizarselecçãoComquebrasdelinha", nullptr, "preview-wrap"},
+    {2, "MnuPopUpPrevisualizarseleccaoEstiloHP48", "HP48 Style", "VerPrévisualizarselecçãoEstiloHP48",
+     nullptr, "preview-hp48"},
 };
 
 const QList<MenuRow> kInsertRows{
@@ -189,8 +217,8 @@ const QList<MenuRow> kHelpRows{
 } // namespace
 
 const QList<MenuRow> &textMenuTable() {
-    static const QList<MenuRow> table = kFileRows + kEditRows + kViewRows + kInsertRows + kFormatRows +
-                                        kToolRows + windowMenuRows(true) + kHelpRows;
+    static const QList<MenuRow> table = kFileRows + kEditRows + kViewRows + kPreviewRows + kInsertRows +
+                                        kFormatRows + kToolRows + windowMenuRows(true) + kHelpRows;
     return table;
 }
 
@@ -215,8 +243,8 @@ const QList<MenuRow> &textPopUpTable() {
              "insert-zolt-image"},
             {2, "MnuPopUpInserirSímbolo", "&Symbol", "MnuInserirListadesímbolos", nullptr, "symbol-list"},
             {2, "MnuPopUpInserirLinhahorizontal", "&Horizontal line", "MnuInserirLinhahorizontal"},
-            {1, "MnuPopUpEstilo", "&Style"},
         } +
+        kPopUpPreviewRows + QList<MenuRow>{{1, "MnuPopUpEstilo", "&Style"}} +
         styleRows(2, &StyleCommand::popUpItem);
     return table;
 }
@@ -238,6 +266,12 @@ const QList<ToolRow> &textStandardToolbarTable() {
         {"", "", nullptr},
         {"Barra de caracteres", "Quick Bar", "quick-bar", "VerBarradecaracteres"},
         {"Tabela de caracteres", "Character table", "character-table", "VerTabeladecaracteres"},
+        {"", "", nullptr},
+        {"Pré-visualizar normal", "Preview normally", "preview-normal", "VerPrévisualizarselecçãoNormal"},
+        {"Pré-visualizar com quebras de linha", "Preview with Word Wrap", "preview-wrap",
+         "VerPrévisualizarselecçãoComquebrasdelinha"},
+        {"Pré-visualizar HP48", "Preview in HP48 style", "preview-hp48",
+         "VerPrévisualizarselecçãoEstiloHP48"},
         {"", "", nullptr},
         {"Pré-visualizar a página Web", "Preview Web page", "preview-web",
          "FicheiroExportarPrevisualizarpaginaWeb"},

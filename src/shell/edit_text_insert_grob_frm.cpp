@@ -40,7 +40,7 @@ EditTextInsertGrobFrm::EditTextInsertGrobFrm(QWidget *owner)
             &InsertFrm::Command3_Click);
 }
 
-bool EditTextInsertGrobFrm::open(const std::string &path) {
+bool EditTextInsertGrobFrm::openFile(const std::string &path) {
     const FileContents file = readFile(path, kLargestImageText);
     if (!file.ok())
         return false;

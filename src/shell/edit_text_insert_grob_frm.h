@@ -13,7 +13,7 @@ public:
     explicit EditTextInsertGrobFrm(QWidget *owner);
 
 protected:
-    bool open(const std::string &path) override;
+    bool openFile(const std::string &path) override;
     std::optional<std::string> imageText() override;
 
 private:

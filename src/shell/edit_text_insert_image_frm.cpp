@@ -55,7 +55,7 @@ EditTextInsertImageFrm::EditTextInsertImageFrm(QWidget *owner)
     RefreshPicture();
 }
 
-bool EditTextInsertImageFrm::open(const std::string &path) {
+bool EditTextInsertImageFrm::openFile(const std::string &path) {
     const LoadedPicture picture = loadPicture(path);
     if (!picture.ok()) {
         showMessage(this, QString::fromUtf8(kPictureNotRecognised.data()), QMessageBox::Critical);

@@ -26,7 +26,7 @@ public slots:
     void RefreshPicture();
 
 protected:
-    bool open(const std::string &path) override;
+    bool openFile(const std::string &path) override;
     std::optional<std::string> imageText() override;
 
 private:

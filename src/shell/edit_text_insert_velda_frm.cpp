@@ -37,7 +37,7 @@ EditTextInsertVeldaFrm::EditTextInsertVeldaFrm(QWidget *owner)
             &InsertFrm::Command3_Click);
 }
 
-bool EditTextInsertVeldaFrm::open(const std::string &path) {
+bool EditTextInsertVeldaFrm::openFile(const std::string &path) {
     const FileContents file = readFile(path, kLargestImageText);
     if (!file.ok())
         return false;

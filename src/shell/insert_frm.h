@@ -57,7 +57,7 @@ public slots:
 
 protected:
     /// Reads a file and shows it. False if it can't be read.
-    virtual bool open(const std::string &path) = 0;
+    virtual bool openFile(const std::string &path) = 0;
     /// The image text to insert; nothing if the reading was stopped.
     virtual std::optional<std::string> imageText() = 0;
 

@@ -18,12 +18,15 @@
 #include "shell/edit_text_insert_grob_frm.h"
 #include "shell/edit_text_insert_image_frm.h"
 #include "shell/edit_text_insert_velda_frm.h"
+#include "shell/edit_text_preview_frm.h"
+#include "shell/edit_text_preview_normal_frm.h"
 #include "shell/edit_text_word_count_frm.h"
 #include "shell/mdi_frm_tables.h"
 #include "shell/mensagem_frm.h"
 #include "shell/question_frm.h"
 #include "shell/shared_values.h"
 #include "shell/symbol_frm.h"
+#include "shell/wait_frm.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -165,6 +168,25 @@ void MDIFrm::MostrarEditTextExportPDFFrm() {
 }
 void MDIFrm::MostrarEditTextGuardarHPFrm() {
     mostrar<EditTextGuardarHPFrm>();
+}
+template <class Window> void MDIFrm::mostrarPreview() {
+    unload<Window>();
+    if (load<Window>(this).compile()) {
+        mostrar<Window>();
+        return;
+    }
+    shared::CancelarOperação = 0;
+    unload<Window>();
+}
+
+void MDIFrm::MostrarWaitFrm() {
+    mostrar<WaitFrm>();
+}
+void MDIFrm::MostrarEditTextPreviewFrm() {
+    mostrarPreview<EditTextPreviewFrm>();
+}
+void MDIFrm::MostrarEditTextPreviewNormalFrm() {
+    mostrarPreview<EditTextPreviewNormalFrm>();
 }
 void MDIFrm::MostrarAboutFrm() {
     mostrar<AboutFrm>();

@@ -58,6 +58,10 @@ public slots:
     void MostrarEditTextInsertGrobFrm();
     void MostrarEditTextInsertVeldaFrm();
     void MostrarEditTextConvImgFrm();
+    void MostrarWaitFrm();
+    /// Both compile TextoPrevisualizar first; a cancelled preview doesn't show.
+    void MostrarEditTextPreviewFrm();
+    void MostrarEditTextPreviewNormalFrm();
     void MostrarAboutFrm();
     void MostrarCaracterToolbar();
     void MostrarCaracterTableFrm();
@@ -114,6 +118,9 @@ private:
             window.begin();
         mostrar<Window>();
     }
+
+    /// The same for a new preview, if it is compiled to its end.
+    template <class Window> void mostrarPreview();
 
     QMdiArea *m_area;
     QList<QToolBar *> m_toolbars;

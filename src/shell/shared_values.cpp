@@ -16,6 +16,9 @@ std::int16_t TipoDeOptimização = 0;
 std::string TextoPrevisualizar;
 std::int16_t PrevisualizarComQuebras = 0;
 std::int16_t CancelarOperação = 0;
+std::int32_t NúmeroDeEntradas = 0;
+std::vector<std::int32_t> LinhasDasEntradas;
+std::vector<std::string> TextosDasEntradas;
 std::int16_t LarguraFigura = 0;
 std::int16_t AlturaFigura = 0;
 std::int16_t TipoDeConversão = 0;
@@ -40,6 +43,9 @@ void reset() {
           &CancelarOperação, &LarguraFigura, &AlturaFigura, &TipoDeConversão, &TipoAnterior, &PararLeitura})
         *number = 0;
     PosiçãoCursor = 0;
+    NúmeroDeEntradas = 0;
+    LinhasDasEntradas.clear();
+    TextosDasEntradas.clear();
 }
 
 } // namespace zolt::shared

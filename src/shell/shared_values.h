@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 /// The values that windows hand to each other. Only windows and the start-up
 /// read them; logic functions take what they need as arguments.
@@ -42,6 +43,11 @@ extern std::string TextoPrevisualizar;
 extern std::int16_t PrevisualizarComQuebras;
 /// 1 once the Cancel button of a compiler was pressed.
 extern std::int16_t CancelarOperação;
+/// The compiled document's menu entries: how many, the line of each, from 1, and its
+/// text. Entry 1 stands at index 0.
+extern std::int32_t NúmeroDeEntradas;
+extern std::vector<std::int32_t> LinhasDasEntradas;
+extern std::vector<std::string> TextosDasEntradas;
 
 /// The size in work in the image windows, in dots.
 extern std::int16_t LarguraFigura;

@@ -1,4 +1,4 @@
-#include "platform/bytes_edit.h"
+#include "platform/byte_line.h"
 #include "shell/edit_text_find_frm.h"
 #include "support/program.h"
 

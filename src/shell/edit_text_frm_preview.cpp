@@ -1,0 +1,40 @@
+// The text edition's previews, of the whole document and of the selection.
+
+#include "platform/text_pane.h"
+#include "shell/edit_text_frm.h"
+#include "shell/mdi_frm.h"
+#include "shell/shared_values.h"
+
+namespace zolt {
+
+void EditTextFrm::preview(const std::string &text, void (MDIFrm::*open)()) {
+    shared::TextoPrevisualizar = text;
+    m_frame->MostrarWaitFrm();
+    (m_frame->*open)();
+}
+
+void EditTextFrm::MnuVerPrévisualizartudoNormal() {
+    shared::PrevisualizarComQuebras = 0;
+    preview(activePane().Text(), &MDIFrm::MostrarEditTextPreviewNormalFrm);
+}
+void EditTextFrm::MnuVerPrévisualizartudoComquebrasdelinha() {
+    shared::PrevisualizarComQuebras = 1;
+    preview(activePane().Text(), &MDIFrm::MostrarEditTextPreviewNormalFrm);
+}
+void EditTextFrm::MnuVerPrévisualizartudoEstiloHP48() {
+    preview(activePane().Text(), &MDIFrm::MostrarEditTextPreviewFrm);
+}
+
+void EditTextFrm::VerPrévisualizarselecçãoNormal() {
+    shared::PrevisualizarComQuebras = 0;
+    preview(activePane().SelText(), &MDIFrm::MostrarEditTextPreviewNormalFrm);
+}
+void EditTextFrm::VerPrévisualizarselecçãoComquebrasdelinha() {
+    shared::PrevisualizarComQuebras = 1;
+    preview(activePane().SelText(), &MDIFrm::MostrarEditTextPreviewNormalFrm);
+}
+void EditTextFrm::VerPrévisualizarselecçãoEstiloHP48() {
+    preview(activePane().SelText(), &MDIFrm::MostrarEditTextPreviewFrm);
+}
+
+} // namespace zolt

@@ -1,0 +1,74 @@
+#include "shell/edit_text_preview_normal_menu_frm.h"
+
+#include "platform/fonts.h"
+#include "platform/held_text.h"
+#include "platform/rich_text_box.h"
+#include "shell/edit_text_preview_normal_frm.h"
+#include "shell/preview_compilation.h"
+#include "shell/shared_values.h"
+#include "shell/windows.h"
+
+#include <QIcon>
+#include <QLabel>
+#include <QListWidget>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace zolt {
+
+EditTextPreviewNormalMenuFrm::EditTextPreviewNormalMenuFrm(QWidget *owner)
+    : QDialog(owner), List1(new QListWidget) {
+    setWindowTitle(QStringLiteral("Menu"));
+    setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
+    List1->setObjectName(QStringLiteral("List1"));
+    List1->setFont(zoltFont(QStringLiteral("ZOLT"), 10));
+    List1->setUniformItemSizes(true);
+    auto *StatusBar1 = new QStatusBar;
+    StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
+    StatusBar1->setSizeGripEnabled(false);
+    for (std::size_t i = 0; i < m_panels.size(); ++i) {
+        m_panels[i] = new QLabel;
+        m_panels[i]->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
+        m_panels[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        m_panels[i]->setAlignment(Qt::AlignCenter);
+        m_panels[i]->setMargin(2);
+        StatusBar1->addWidget(m_panels[i], 1);
+    }
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(List1);
+    column->addWidget(StatusBar1);
+    connect(List1, &QListWidget::currentRowChanged, this, &EditTextPreviewNormalMenuFrm::showPanels);
+    connect(List1, &QListWidget::itemDoubleClicked, this, &EditTextPreviewNormalMenuFrm::goToCurrent);
+    connect(new QShortcut(Qt::Key_Return, List1), &QShortcut::activated, this,
+            &EditTextPreviewNormalMenuFrm::goToCurrent);
+    resize(320, 260);
+}
+
+void EditTextPreviewNormalMenuFrm::fill() {
+    List1->clear();
+    for (const std::string &text : shared::TextosDasEntradas)
+        List1->addItem(heldText(text));
+    m_panels[0]->setVisible(shared::PrevisualizarComQuebras == 1);
+    List1->setCurrentRow(0);
+    List1->setFocus();
+}
+
+void EditTextPreviewNormalMenuFrm::showPanels() {
+    const int row = List1->currentRow();
+    if (row < 0)
+        return;
+    if (shared::PrevisualizarComQuebras == 1)
+        m_panels[0]->setText(QString::number(shared::LinhasDasEntradas[static_cast<std::size_t>(row)]));
+    m_panels[1]->setText(QStringLiteral("%1/%2").arg(row + 1).arg(shared::NúmeroDeEntradas));
+}
+
+void EditTextPreviewNormalMenuFrm::goToCurrent() {
+    if (auto *preview = loaded<EditTextPreviewNormalFrm>(); preview && List1->currentRow() >= 0)
+        goToEntry(preview->text(), List1->currentRow(), 0);
+    hide();
+}
+
+} // namespace zolt
