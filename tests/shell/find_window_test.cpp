@@ -1,8 +1,8 @@
-#include "platform/byte_line.h"
 #include "shell/edit_text_find_frm.h"
 #include "support/program.h"
 
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>

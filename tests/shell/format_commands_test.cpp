@@ -202,9 +202,21 @@ TEST_F(FormatCommands, SchemesAndFontsHoldAfterARestart) {
     leave();
     EditTextFrm &again = startTextEdition();
     EXPECT_EQ(again.pane(2).palette().color(QPalette::Base), QColor(0x3D, 0x60, 0x3C));
-    EXPECT_EQ(again.pane(2).font().family().toStdString(), name);
+    EXPECT_EQ(shared::settings.TFntName, name);
+    EXPECT_EQ(again.pane(2).font().pointSizeF(), 18);
     EXPECT_TRUE(again.pane(1).font().italic());
     EXPECT_EQ(control<QComboBox>(loaded<MDIFrm>(), "Combo2")->currentText(), QStringLiteral("18"));
+}
+
+TEST_F(FormatCommands, AFontThatIsNotInstalledIsKeptByName) {
+    shared::settings.TFntName = "A font that is nowhere";
+    leave();
+    EditTextFrm &again = startTextEdition();
+    EXPECT_EQ(shared::settings.TFntName, "A font that is nowhere");
+    EXPECT_EQ(control<QComboBox>(loaded<MDIFrm>(), "Combo1")->currentText(), QString());
+    EXPECT_TRUE(again.pane(1).font().families().contains(QStringLiteral("ZOLT")));
+    again.pane(1).setText("a\x8C");
+    EXPECT_EQ(again.pane(1).Text(), "a\x8C");
 }
 
 TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
