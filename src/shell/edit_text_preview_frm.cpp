@@ -26,6 +26,8 @@ constexpr QRect kLine(pixels(750), pixels(3300), pixels(3855), pixels(255));
 constexpr int kRowsInSight = 10;
 /// The glass of the drawn display.
 constexpr QColor kGlass(0xB4, 0xC6, 0xA5);
+/// The drawn body, which goes on below the picture's foot.
+constexpr QColor kBody(0x34, 0x3D, 0x48);
 
 const QList<MenuRow> kPopUpRows{
     {0, "MnuPopUp", "PopUp"},
@@ -49,6 +51,9 @@ EditTextPreviewFrm::EditTextPreviewFrm(QWidget *owner)
       Grid1(new QTableWidget(0, 1, this)),
       Label1(new QLabel(QStringLiteral("1"), this)) {
     setFixedSize(kWindow);
+    QPalette body = palette();
+    body.setColor(QPalette::Window, kBody);
+    setPalette(body);
     auto *Image1 = new QLabel(this);
     Image1->setObjectName(QStringLiteral("Image1"));
     Image1->setPixmap(QIcon(QStringLiteral(":/icons/calculator.svg")).pixmap(kPicture.size()));
