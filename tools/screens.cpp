@@ -10,6 +10,7 @@
 #include "shell/caracter_table_frm.h"
 #include "shell/caracter_toolbar_frm.h"
 #include "shell/date_time_frm.h"
+#include "shell/edit_text_export_pdf_frm.h"
 #include "shell/edit_text_find_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/edit_text_guardar_hp_frm.h"
@@ -20,6 +21,7 @@
 #include "shell/shared_values.h"
 #include "shell/splash_frm.h"
 #include "shell/start_up.h"
+#include "shell/symbol_frm.h"
 
 #include <QApplication>
 #include <QDir>
@@ -67,6 +69,14 @@ const QList<Scene> &scenes() {
         {"EditTextFindFrm", [] { return open<EditTextFindFrm>("MostrarEditTextFindFrm"); }},
         {"DateTimeFrm", [] { return open<DateTimeFrm>("MostrarDateTimeFrm"); }},
         {"EditTextWordCountFrm", [] { return open<EditTextWordCountFrm>("MostrarEditTextWordCountFrm"); }},
+        {"EditTextExportPDFFrm", [] { return open<EditTextExportPDFFrm>("MostrarEditTextExportPDFFrm"); }},
+        {"SymbolFrmList", [] { return open<SymbolFrm>("MostrarSymbolFrm"); }},
+        {"SymbolFrmEdition",
+         [] {
+             QWidget *window = open<SymbolFrm>("MostrarSymbolFrm");
+             loaded<SymbolFrm>()->Command8_Click();
+             return window;
+         }},
         {"CaracterTableFrm", [] { return open<CaracterTableFrm>("MostrarCaracterTableFrm"); }},
         {"CaracterToolbarFrmTall", [] { return showBar(1); }},
         {"CaracterToolbarFrmWide", [] { return showBar(2); }},

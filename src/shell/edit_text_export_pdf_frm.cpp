@@ -105,6 +105,7 @@ EditTextExportPDFFrm::EditTextExportPDFFrm(QWidget *owner)
     cmbPageSize = addChoice(form, "cmbPageSize", "Label4", "Page Size:", pageSizeNames(), 0);
     auto *heading = new QLabel(QStringLiteral("Document properties"));
     heading->setObjectName(QStringLiteral("Label5"));
+    heading->setContentsMargins(0, 8, 0, 0);
     form->addRow(heading);
     txtTitle = addText(form, "txtTitle", "lblTitle", "Title:");
     txtSubject = addText(form, "txtSubject", "lblSubject", "Subject:");

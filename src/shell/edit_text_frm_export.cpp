@@ -1,5 +1,4 @@
-// The text edition's commands that hand the document on as a Web page or PDF file,
-// and those that open the symbol window.
+// The text edition's commands that hand the document on as a Web page or PDF file.
 
 #include "core/file.h"
 #include "export/html_writer.h"
@@ -11,7 +10,6 @@
 #include "shell/edit_text_frm.h"
 #include "shell/mdi_frm.h"
 #include "shell/shared_values.h"
-#include "shell/symbol_frm.h"
 
 namespace zolt {
 
@@ -79,16 +77,6 @@ void EditTextFrm::FicheiroExportarPrevisualizarpaginaWeb() {
 
 void EditTextFrm::MnuFicheiroExportarPDF() {
     m_frame->MostrarEditTextExportPDFFrm();
-}
-
-void EditTextFrm::MnuInserirListadesímbolos() {
-    m_frame->MostrarSymbolFrm();
-    loaded<SymbolFrm>()->showPage(SymbolFrm::ListPage);
-}
-
-void EditTextFrm::MnuInserirCriarnovosímbolo() {
-    m_frame->MostrarSymbolFrm();
-    loaded<SymbolFrm>()->showPage(SymbolFrm::EditionPage);
 }
 
 } // namespace zolt

@@ -9,7 +9,6 @@
 #include "shell/edit_text_frm.h"
 #include "shell/mdi_frm.h"
 #include "shell/shared_values.h"
-#include "shell/symbol_frm.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -158,8 +157,6 @@ void EditTextFrm::OperaçõesDeSaída() {
     m_frame->showTextToolbars(false, false);
     m_frame->toolbar(1)->show();
     m_frame->showMenus({});
-    if (auto *symbols = loaded<SymbolFrm>(); symbols && symbols->isVisible())
-        unload<SymbolFrm>();
     m_frame->checkOwnToolbar();
 }
 

@@ -6,6 +6,7 @@
 #include "shell/edit_text_frm.h"
 #include "shell/mdi_frm.h"
 #include "shell/shared_values.h"
+#include "shell/symbol_frm.h"
 
 #include <QScreen>
 
@@ -28,6 +29,16 @@ void EditTextFrm::MnuInserirDataehora() {
 }
 void EditTextFrm::MnuFerramentasContarpalavras() {
     m_frame->MostrarEditTextWordCountFrm();
+}
+
+void EditTextFrm::MnuInserirListadesímbolos() {
+    m_frame->MostrarSymbolFrm();
+    loaded<SymbolFrm>()->showPage(SymbolFrm::ListPage);
+}
+
+void EditTextFrm::MnuInserirCriarnovosímbolo() {
+    m_frame->MostrarSymbolFrm();
+    loaded<SymbolFrm>()->showPage(SymbolFrm::EditionPage);
 }
 
 void EditTextFrm::recordCompanions() {
@@ -54,6 +65,7 @@ void EditTextFrm::closeCompanions() {
     unload<CaracterTableFrm>();
     unload<CaracterToolbarFrm>();
     unload<EditTextFindFrm>();
+    unload<SymbolFrm>();
 }
 
 } // namespace zolt

@@ -117,6 +117,7 @@ QWidget *SymbolFrm::buildListPage() {
     Label2 = named("Label2", new QLabel);
     List1 = named("List1", new QListWidget);
     List1->setFont(zoltFont(QStringLiteral("ZOLT"), kListPoints));
+    List1->setSpacing(1);
     List1->setUniformItemSizes(true);
     List1->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(List1, &QListWidget::currentRowChanged, this, &SymbolFrm::followSelection);
@@ -219,6 +220,10 @@ void SymbolFrm::buildPopUp() {
 
 void SymbolFrm::showPage(Page page) {
     SSTab1->setCurrentIndex(page);
+    if (page == ListPage)
+        List1->setFocus();
+    else
+        Picture25->setFocus();
 }
 
 void SymbolFrm::followPage() {

@@ -100,7 +100,6 @@ void SymbolFrm::Command2_Click() {
     ActualizarLista();
     showPage(ListPage);
     selectSymbol(symbol);
-    List1->setFocus();
 }
 
 void SymbolFrm::Command8_Click() {
@@ -110,7 +109,6 @@ void SymbolFrm::Command8_Click() {
     showPage(EditionPage);
     Text2->setText(m_symbols.NomesDosSimbolos(symbol));
     Transferir();
-    Picture25->setFocus();
 }
 
 void SymbolFrm::Command9_Click() {

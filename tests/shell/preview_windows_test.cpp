@@ -1,0 +1,215 @@
+#include "core/file.h"
+#include "graphic/rtf_reader.h"
+#include "hp48/preview_compiler.h"
+#include "hp48/screen.h"
+#include "platform/rich_text_box.h"
+#include "shell/edit_text_preview_frm.h"
+#include "shell/edit_text_preview_normal_frm.h"
+#include "shell/edit_text_preview_normal_menu_frm.h"
+#include "shell/wait_frm.h"
+#include "support/program.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+
+namespace zolt {
+namespace {
+
+using namespace testing_support;
+
+constexpr std::string_view kDocument = "first\r\n*ONE\r\nplain \x0B"
+                                       "Bbold\x0B"
+                                       "B\r\n*TWO\r\n"
+                                       "\x9E"
+                                       "F9999F\x9E"
+                                       "111111\r\n\x9E"
+                                       "FFFFFF\x9E"
+                                       "888888\r\n*";
+
+class PreviewWindows : public ProgramTest {
+protected:
+    PreviewWindows() : m_document(startTextEdition()) {}
+
+    EditTextPreviewFrm &showHp48(std::string_view text) {
+        m_document.activePane().setText(text);
+        call(&m_document, "MnuVerPrévisualizartudoEstiloHP48");
+        return *loaded<EditTextPreviewFrm>();
+    }
+    EditTextPreviewNormalFrm &showNormal(std::string_view text, bool wraps) {
+        m_document.activePane().setText(text);
+        call(&m_document,
+             wraps ? "MnuVerPrévisualizartudoComquebrasdelinha" : "MnuVerPrévisualizartudoNormal");
+        return *loaded<EditTextPreviewNormalFrm>();
+    }
+    static RichTextBox &text(QWidget &window) { return *control<RichTextBox>(&window, "Text4"); }
+    static QString lineShown(QWidget &window) { return control<QLabel>(&window, "Label1")->text(); }
+
+    EditTextFrm &m_document;
+};
+
+/// The dots of the first lines in sight, two pixels each, from the text's corner.
+void expectDots(EditTextPreviewFrm &window, std::string_view document, int height) {
+    auto &box = *control<RichTextBox>(&window, "Text4");
+    box.setCursorWidth(0);
+    const QImage shown = box.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const Preview preview = compilePreview(document, PreviewFlavour::Hp48);
+    const auto lines = screenLines(preview.styled);
+    DotSurface dots(static_cast<int>(screenWidth(lines)), height);
+    drawLines(dots, preview.styled, lines, glyph);
+    const int margin = static_cast<int>(box.document()->documentMargin());
+    int wrong = 0;
+    for (int y = 0; y < 2 * height; ++y)
+        for (int x = 0; x < 2 * dots.width(); ++x)
+            wrong += dots.dot(x / 2, y / 2) != (shown.pixel(x + margin, y + margin) == qRgb(0, 0, 0));
+    EXPECT_EQ(wrong, 0);
+}
+
+TEST_F(PreviewWindows, ShowTheCalculatorsDots) {
+    const FileContents welcome = readFile(ZOLT_EXAMPLES "/welcome.zlt");
+    ASSERT_TRUE(welcome.ok());
+    for (const std::string_view document : {std::string_view(welcome.bytes), kDocument}) {
+        auto &window = showHp48(document);
+        expectDots(window, document, 60);
+        window.close();
+    }
+}
+
+TEST_F(PreviewWindows, ReturnTheFrameAndAreNotTypedInto) {
+    auto &window = showHp48(kDocument);
+    EXPECT_FALSE(loaded<MDIFrm>()->isEnabled());
+    EXPECT_EQ(loaded<WaitFrm>(), nullptr);
+    const std::string before = text(window).Text();
+    QTest::keyClicks(&text(window), QStringLiteral("x"));
+    EXPECT_EQ(text(window).Text(), before);
+    EXPECT_EQ(lineShown(window), QStringLiteral("1"));
+    QTest::keyClick(&text(window), Qt::Key_Down);
+    EXPECT_EQ(lineShown(window), QStringLiteral("2"));
+    window.close();
+    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
+}
+
+TEST_F(PreviewWindows, JumpFromTheListToAnEntrysLine) {
+    auto &window = showHp48(kDocument);
+    QTest::mousePress(text(window).viewport(), Qt::RightButton);
+    auto *popUp = control<QMenu>(&window, "MnuPopUp");
+    EXPECT_TRUE(popUp->isVisible());
+    popUp->close();
+    call(&window, "MnuPopUpMenu");
+    auto *list = control<QTableWidget>(&window, "Grid1");
+    EXPECT_TRUE(list->isVisible());
+    ASSERT_EQ(list->rowCount(), 3);
+    EXPECT_EQ(list->item(2, 0)->text(), QStringLiteral("*"));
+    list->setCurrentCell(1, 0);
+    EXPECT_EQ(lineShown(window), QStringLiteral("4"));
+    EXPECT_TRUE(list->isVisible());
+    const QPoint place = list->visualItemRect(list->item(1, 0)).center();
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_FALSE(list->isVisible());
+    const std::string compiled = text(window).Text();
+    EXPECT_EQ(text(window).SelStart(), static_cast<qsizetype>(compiled.find("*TWO") + 4));
+}
+
+TEST_F(PreviewWindows, AnEmptyListOnlyCloses) {
+    auto &window = showHp48("no entries here");
+    call(&window, "MnuPopUpMenu");
+    auto *list = control<QTableWidget>(&window, "Grid1");
+    EXPECT_TRUE(list->isVisible());
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton);
+    EXPECT_FALSE(list->isVisible());
+    EXPECT_EQ(lineShown(window), QStringLiteral("1"));
+}
+
+TEST_F(PreviewWindows, ATextOfTwoCharactersShowsUnchanged) {
+    auto &window = showHp48("\"a");
+    EXPECT_EQ(text(window).Text(), "\"a");
+    EXPECT_EQ(text(window).SelStart(), 1);
+}
+
+TEST_F(PreviewWindows, ACancelledPreviewNeverShows) {
+    std::string text;
+    for (int i = 0; i < 40000; ++i)
+        text += "*line \x0B"
+                "Bbold\x0B"
+                "B and \x9E"
+                "F0F0F0 more\r\n";
+    m_document.activePane().setText(text);
+    for (int phase = 1; phase <= kPreviewPhases; ++phase) {
+        // Cancel is pressed as soon as the phase's name stands in the window.
+        QTimer press;
+        QObject::connect(&press, &QTimer::timeout, [phase] {
+            WaitFrm *wait = loaded<WaitFrm>();
+            const QString name = QString::fromStdString(phaseLabel(phase));
+            if (wait && control<QLabel>(wait, "Label2")->text().startsWith(name))
+                QTest::mouseClick(control<QPushButton>(wait, "Command1"), Qt::LeftButton);
+        });
+        press.start(0);
+        call(&m_document, "MnuVerPrévisualizartudoEstiloHP48");
+        press.stop();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr) << phase;
+        EXPECT_EQ(shared::CancelarOperação, 0);
+        EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
+        EXPECT_EQ(loaded<WaitFrm>(), nullptr);
+    }
+}
+
+TEST_F(PreviewWindows, TheReadingCopyFoldsOnlyWhenAsked) {
+    const std::string line(50, 'x');
+    EXPECT_EQ(text(showNormal(line, false)).Text(), line + "\r\n");
+    EXPECT_EQ(text(showNormal(line, true)).Text(), line.substr(0, 33) + "\r\n" + line.substr(33) + "\r\n");
+}
+
+TEST_F(PreviewWindows, AStoredReadingCopyOpensTheSame) {
+    auto &window = showNormal(kDocument, false);
+    const RichText compiled = text(window).richText();
+    answerFileDialog(path("copy.rtf"));
+    call(&window, "GuardarComoFicheiro");
+    EXPECT_EQ(shared::settings.DfDirPrN, path(""));
+    EXPECT_EQ(plainText(richTextFromRtf(fileBytes("copy.rtf"))), text(window).Text());
+    text(window).setText("something else");
+    answerFileDialog(path("copy.rtf"));
+    call(&window, "AbrirFicheiro");
+    EXPECT_EQ(plainText(text(window).richText()), plainText(compiled));
+    EXPECT_EQ(text(window).TextRTF().find("{\\pict") == std::string::npos, false);
+}
+
+TEST_F(PreviewWindows, CopyTakesAllAndSelectsNothing) {
+    auto &window = showNormal(kDocument, false);
+    call(&window, "Copy");
+    EXPECT_EQ(text(window).SelLength(), 0);
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    ASSERT_TRUE(data->hasFormat(QStringLiteral("text/rtf")));
+    EXPECT_EQ(plainText(richTextFromRtf(data->data(QStringLiteral("text/rtf")).toStdString())),
+              text(window).Text());
+}
+
+TEST_F(PreviewWindows, TheMenuWindowCountsAndJumps) {
+    for (const bool wraps : {false, true}) {
+        auto &window = showNormal(kDocument, wraps);
+        call(&window, "MenuPreview");
+        auto *menu = loaded<EditTextPreviewNormalMenuFrm>();
+        ASSERT_NE(menu, nullptr);
+        auto *list = control<QListWidget>(menu, "List1");
+        EXPECT_EQ(list->count(), 3);
+        list->setCurrentRow(1);
+        EXPECT_EQ(control<QLabel>(menu, "Panel1")->isVisible(), wraps);
+        EXPECT_EQ(control<QLabel>(menu, "Panel2")->text(), QStringLiteral("2/3"));
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
+                           list->visualItemRect(list->item(1)).center());
+        EXPECT_FALSE(menu->isVisible());
+        EXPECT_EQ(text(window).SelStart(), static_cast<qsizetype>(text(window).Text().find("*TWO") + 4));
+        window.close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+} // namespace
+} // namespace zolt

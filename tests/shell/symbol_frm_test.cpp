@@ -1,0 +1,381 @@
+#include "platform/byte_line.h"
+#include "platform/held_text.h"
+#include "shell/cell_views.h"
+#include "shell/symbol_frm.h"
+#include "support/program.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTest>
+
+namespace zolt {
+namespace {
+
+using namespace testing_support;
+
+constexpr char kThree[] = " 3 \r\nOne\r\n\x9E"
+                          "100000\r\nTwo\r\n\x9E"
+                          "200000\r\nThree\r\n\x9E"
+                          "300000\r\n";
+
+class SymbolWindow : public ProgramTest {
+protected:
+    SymbolWindow() {
+        writeBytes("Default.zls", kThree);
+        m_document = &startTextEdition();
+        open("MnuInserirListadesímbolos");
+    }
+
+    void open(const char *menuItem) {
+        m_document->menuItem(menuItem)->trigger();
+        m_window = loaded<SymbolFrm>();
+        ASSERT_NE(m_window, nullptr);
+        // The frame may still be on its way to the front.
+        QCoreApplication::processEvents();
+        m_window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(m_window));
+    }
+    /// Closes the window by a button and opens it again.
+    void reopen(const char *button) {
+        press(button);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        ASSERT_EQ(loaded<SymbolFrm>(), nullptr);
+        open("MnuInserirListadesímbolos");
+    }
+
+    void press(const char *button) {
+        QTest::mouseClick(control<QPushButton>(m_window, button), Qt::LeftButton);
+    }
+    void type(const char *box, const char *keys) {
+        auto *line = control<ByteLine>(m_window, box);
+        line->selectAll();
+        QTest::keyClicks(line, QString::fromUtf8(keys));
+    }
+    std::string text(const char *box) { return control<ByteLine>(m_window, box)->Text(); }
+    QString label(const char *name) { return control<QLabel>(m_window, name)->text(); }
+    QListWidget &list() { return *control<QListWidget>(m_window, "List1"); }
+    int page() { return control<QTabWidget>(m_window, "SSTab1")->currentIndex(); }
+    void setPage(int page) { control<QTabWidget>(m_window, "SSTab1")->setCurrentIndex(page); }
+    QWidget *square(int number) {
+        return control<QWidget>(m_window, qPrintable(QStringLiteral("Picture%1").arg(number)));
+    }
+    /// The titles, with the selected one in brackets.
+    std::string shown() {
+        std::string titles;
+        for (int row = 0; row < list().count(); ++row) {
+            const std::string title = bytesOfHeldText(list().item(row)->text());
+            titles += row == list().currentRow() ? "[" + title + "] " : title + " ";
+        }
+        return titles;
+    }
+    /// The dots of a preview as its pixels show them; each dot is 2 by 2.
+    std::string drawnExpression(const char *preview) {
+        const QImage picture = control<CellPreview>(m_window, preview)->grab().toImage();
+        EXPECT_EQ(picture.size(), QSize(8, 12));
+        CellDots dots{};
+        for (int square = 1; square <= kCellSquares; ++square) {
+            const QPoint corner((square - 1) % 4 * 2, (square - 1) / 4 * 2);
+            const QColor dot = picture.pixelColor(corner);
+            for (const QPoint pixel : {QPoint(1, 0), QPoint(0, 1), QPoint(1, 1)})
+                EXPECT_EQ(picture.pixelColor(corner + pixel), dot);
+            if (dot == QColor(Qt::black))
+                toggleSquare(dots, square);
+        }
+        return Expressao(dots);
+    }
+
+    EditTextFrm *m_document;
+    SymbolFrm *m_window = nullptr;
+};
+
+std::string cell(const char *digits) {
+    return std::string("\x9E") + digits;
+}
+
+TEST_F(SymbolWindow, ShowsTheCurrentFile) {
+    EXPECT_EQ(page(), SymbolFrm::ListPage);
+    EXPECT_EQ(shown(), "[One] Two Three ");
+    EXPECT_EQ(label("Label1"), QStringLiteral("Default"));
+    EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:3"));
+    EXPECT_EQ(text("Text2"), "Symbol4");
+    QTest::keyClick(&list(), Qt::Key_End);
+    EXPECT_EQ(drawnExpression("Picture29"), cell("300000"));
+    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
+    open("MnuInserirCriarnovosímbolo");
+    EXPECT_EQ(page(), SymbolFrm::EditionPage);
+}
+
+TEST_F(SymbolWindow, StartsEmptyWithoutItsFile) {
+    QFile::remove(QString::fromStdString(path("Default.zls")));
+    shared::settings.DefltSmb = path("none.zls");
+    reopen("Command3");
+    EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:0"));
+    for (const char *command : {"Command8", "Command9", "Command10", "Command15", "Command16", "Command4"})
+        press(command);
+    setPage(SymbolFrm::EditionPage);
+    press("Command2");
+    EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:0"));
+    press("Command18");
+    EXPECT_EQ(fileBytes("none.zls"), " 0 \r\n");
+}
+
+TEST_F(SymbolWindow, ClicksAndKeysDraw) {
+    setPage(SymbolFrm::EditionPage);
+    for (const int number : {4, 7, 10, 13})
+        QTest::mouseClick(square(number), number == 4 ? Qt::RightButton : Qt::LeftButton);
+    EXPECT_EQ(text("Text3"), cell("842100"));
+    EXPECT_EQ(drawnExpression("Picture26"), cell("842100"));
+    EXPECT_EQ(square(4)->grab().toImage().pixelColor(16, 16), QColor(Qt::black));
+    EXPECT_EQ(square(1)->grab().toImage().pixelColor(16, 16), square(1)->palette().color(QPalette::Base));
+
+    // Letting go elsewhere draws nothing.
+    QTest::mousePress(square(1), Qt::LeftButton);
+    QTest::mouseRelease(square(1), Qt::LeftButton, {}, QPoint(60, 10));
+    EXPECT_EQ(text("Text3"), cell("842100"));
+
+    QWidget *grid = square(25);
+    QTest::keyClick(grid, Qt::Key_Space);
+    EXPECT_EQ(text("Text3"), cell("842000"));
+    for (const auto key :
+         {Qt::Key_Left, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Right, Qt::Key_Space})
+        QTest::keyClick(grid, key);
+    EXPECT_EQ(text("Text3"), cell("A42000"));
+
+    press("Command7");
+    EXPECT_EQ(text("Text3"), cell("5BDFFF"));
+    EXPECT_EQ(drawnExpression("Picture26"), cell("5BDFFF"));
+    press("Command6");
+    EXPECT_EQ(drawnExpression("Picture26"), cell("FFFFFF"));
+    press("Command5");
+    EXPECT_EQ(text("Text3"), cell("000000"));
+    EXPECT_TRUE(grid->hasFocus());
+}
+
+TEST_F(SymbolWindow, AddsWhatTheBoxesHold) {
+    setPage(SymbolFrm::EditionPage);
+    press("Command6");
+    type("Text2", "Block, \"full\"");
+    press("Command1");
+    type("Text3", "by hand");
+    press("Command1");
+    EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:5"));
+    press("Command11");
+    EXPECT_EQ(text("Text2"), "Symbol6");
+    EXPECT_EQ(text("Text3"), cell("000000"));
+    reopen("Command18");
+    EXPECT_EQ(shown(), "[One] Two Three Block, \"full\" Block, \"full\" ");
+    EXPECT_TRUE(fileBytes("Default.zls").ends_with("FFFFFF\r\nBlock, \"full\"\r\nby hand\r\n"));
+}
+
+TEST_F(SymbolWindow, EditsAndReplacesTheSelectedSymbol) {
+    list().setCurrentRow(1);
+    press("Command8");
+    EXPECT_EQ(page(), SymbolFrm::EditionPage);
+    EXPECT_EQ(text("Text2"), "Two");
+    EXPECT_EQ(text("Text3"), cell("200000"));
+    QTest::mouseClick(square(24), Qt::LeftButton);
+    type("Text2", "2");
+    press("Command2");
+    EXPECT_EQ(page(), SymbolFrm::ListPage);
+    EXPECT_EQ(shown(), "One [2] Three ");
+    EXPECT_EQ(drawnExpression("Picture29"), cell("200008"));
+
+    // Going to the page by its tab names the symbol too, and brings no dots.
+    list().setCurrentRow(2);
+    setPage(SymbolFrm::EditionPage);
+    EXPECT_EQ(text("Text3"), cell("200008"));
+    press("Command2");
+    EXPECT_EQ(shown(), "One 2 [2] ");
+}
+
+TEST_F(SymbolWindow, EditAndReplaceKeepEveryByteOfATitle) {
+    std::string title;
+    for (int byte = 1; byte < 256; ++byte)
+        if (byte != '\r' && byte != '\n')
+            title += static_cast<char>(byte);
+    const std::string file = " 1 \r\n" + title + "\r\n" + cell("0F0F0F") + "\r\n";
+    writeBytes("Default.zls", file);
+    reopen("Command3");
+    press("Command8");
+    press("Command2");
+    press("Command18");
+    EXPECT_EQ(fileBytes("Default.zls"), file);
+}
+
+TEST_F(SymbolWindow, MovesDoublesAndRemovesWithTheSelection) {
+    press("Command10");
+    EXPECT_EQ(shown(), "[One] Two Three ");
+    press("Command15");
+    press("Command15");
+    EXPECT_EQ(shown(), "Two Three [One] ");
+    press("Command15");
+    EXPECT_EQ(shown(), "Two Three [One] ");
+    press("Command10");
+    press("Command16");
+    EXPECT_EQ(shown(), "Two [One] One Three ");
+    EXPECT_TRUE(list().hasFocus());
+    QTest::keyClick(&list(), Qt::Key_Delete);
+    EXPECT_EQ(shown(), "Two [One] Three ");
+    list().setCurrentRow(2);
+    press("Command9");
+    EXPECT_EQ(shown(), "Two [One] ");
+    EXPECT_EQ(drawnExpression("Picture29"), cell("100000"));
+    press("Command9");
+    press("Command9");
+    EXPECT_EQ(drawnExpression("Picture29"), cell("000000"));
+    press("Command9");
+    EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:0"));
+}
+
+TEST_F(SymbolWindow, CleansTheListAndCancelKeepsTheFile) {
+    press("Command14");
+    EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:0"));
+    EXPECT_EQ(drawnExpression("Picture29"), cell("000000"));
+    reopen("Command3");
+    EXPECT_EQ(shown(), "[One] Two Three ");
+    EXPECT_EQ(fileBytes("Default.zls"), kThree);
+}
+
+TEST_F(SymbolWindow, ItsPopUpActsOnTheSelectedLine) {
+    list().setCurrentRow(1);
+    const QPoint place = list().visualItemRect(list().item(1)).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, list().viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list().viewport(), &event);
+    auto *menu = control<QMenu>(m_window, "MnuPopUpSymbol");
+    EXPECT_TRUE(menu->isVisible());
+    menu->close();
+    const auto choose = [&](const char *item) { control<QAction>(menu, item)->trigger(); };
+    choose("MnuPopUpSymbolMoverparacima");
+    EXPECT_EQ(shown(), "[Two] One Three ");
+    choose("MnuPopUpSymbolMoverparabaixo");
+    EXPECT_EQ(shown(), "One [Two] Three ");
+    choose("MnuPopUpSymbolDuplicar");
+    EXPECT_EQ(shown(), "One [Two] Two Three ");
+    choose("MnuPopUpSymbolRemover");
+    EXPECT_EQ(shown(), "One [Two] Three ");
+    choose("MnuPopUpSymbolEditar");
+    EXPECT_EQ(text("Text2"), "Two");
+}
+
+TEST_F(SymbolWindow, InsertsIntoBothPanes) {
+    for (const int number : {1, 2}) {
+        m_document->pane(number).setText("abcd");
+        m_document->pane(number).setSelStart(number);
+        m_document->pane(number).setSelLength(2);
+    }
+    QTest::keyClick(&list(), Qt::Key_Down);
+    press("Command4");
+    EXPECT_EQ(m_document->pane(1).Text(), "a" + cell("200000") + "d");
+    EXPECT_EQ(m_document->pane(2).Text(), "ab" + cell("200000"));
+
+    const QPoint third = list().visualItemRect(list().item(2)).center();
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, third);
+    QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, third);
+    EXPECT_EQ(m_document->pane(1).Text(), "a" + cell("200000") + cell("300000") + "d");
+
+    setPage(SymbolFrm::EditionPage);
+    type("Text3", "<x>");
+    press("Command4");
+    EXPECT_EQ(m_document->pane(1).Text(), "a" + cell("200000") + cell("300000") + "<x>d");
+    EXPECT_TRUE(m_window->isVisible());
+
+    // Without a selected line there is nothing to insert: the selection stays.
+    setPage(SymbolFrm::ListPage);
+    press("Command14");
+    m_document->EditarSeleccionarTudo();
+    press("Command4");
+    EXPECT_NE(m_document->pane(1).Text(), "");
+}
+
+TEST_F(SymbolWindow, OpensAnotherFileAndOkWritesThere) {
+    writeBytes("other.zls", "1\r\nA, b\r\n\x9E"
+                            "0\r\n");
+    answerFileDialog(path("other.zls"));
+    press("Command12");
+    EXPECT_EQ(shown(), "A, b ");
+    EXPECT_EQ(label("Label1"), QStringLiteral("other"));
+    setPage(SymbolFrm::EditionPage);
+    press("Command1");
+    press("Command18");
+    EXPECT_EQ(fileBytes("other.zls"), " 2 \r\nA, b\r\n\x9E"
+                                      "0\r\nSymbol4\r\n\x9E"
+                                      "000000\r\n");
+    EXPECT_EQ(fileBytes("Default.zls"), kThree);
+    EXPECT_EQ(shared::settings.DefltSmb, path("other.zls"));
+}
+
+TEST_F(SymbolWindow, SavesUnderAnotherName) {
+    press("Command9");
+    answerFileDialog({});
+    press("Command13");
+    EXPECT_EQ(label("Label1"), QStringLiteral("Default"));
+    answerFileDialog(path("mine.zls"));
+    press("Command13");
+    EXPECT_EQ(label("Label1"), QStringLiteral("mine"));
+    EXPECT_EQ(shown(), "[Two] Three ");
+    EXPECT_TRUE(fileBytes("mine.zls").starts_with(" 2 \r\nTwo\r\n"));
+    EXPECT_EQ(fileBytes("Default.zls"), kThree);
+
+    // A name that stands there is asked about.
+    answerFileDialog(path("Default.zls"));
+    whenModal("QMessageBox", [](QWidget *question) {
+        question->close();
+        answerFileDialog({});
+    });
+    press("Command13");
+    EXPECT_EQ(fileBytes("Default.zls"), kThree);
+    EXPECT_EQ(shared::settings.DefltSmb, path("mine.zls"));
+}
+
+TEST_F(SymbolWindow, ImportsBehindTheList) {
+    writeBytes("more.zls", "2\r\nX\r\n1\r\nY\r\n2\r\n");
+    {
+        Answer ok(QMessageBox::Ok);
+        answerFileDialog(path("more.zls"));
+        press("Command17");
+        EXPECT_EQ(ok.text(), QStringLiteral("Added 2 symbols to the list"));
+    }
+    EXPECT_EQ(shown(), "One Two Three X Y ");
+    EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:5"));
+    EXPECT_EQ(shared::settings.DefltSmb, path("Default.zls"));
+}
+
+TEST_F(SymbolWindow, DamagedFilesSayNothing) {
+    writeBytes("text.zls", "no count\r\n");
+    answerFileDialog(path("text.zls"));
+    press("Command12");
+    EXPECT_EQ(shown(), "[One] Two Three ");
+    EXPECT_EQ(shared::settings.DefltSmb, path("Default.zls"));
+
+    writeBytes("short.zls", "3\r\nX\r\n1\r\nY\r\n");
+    answerFileDialog(path("short.zls"));
+    press("Command17");
+    EXPECT_EQ(shown(), "One Two Three X Y  ");
+    // What was read stands in the list, so that OK must not write it to the old file.
+    answerFileDialog(path("short.zls"));
+    press("Command12");
+    EXPECT_EQ(shown(), "X Y  ");
+    press("Command18");
+    EXPECT_EQ(fileBytes("Default.zls"), kThree);
+}
+
+TEST_F(SymbolWindow, StaysWithItsSymbolsIfTheyCannotBeWritten) {
+    shared::settings.DefltSmb = path("missing/list.zls");
+    press("Command18");
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_EQ(shown(), "[One] Two Three ");
+}
+
+TEST_F(SymbolWindow, GoesWithItsDocument) {
+    m_document->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(loaded<SymbolFrm>(), nullptr);
+}
+
+} // namespace
+} // namespace zolt

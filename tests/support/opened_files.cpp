@@ -1,0 +1,19 @@
+#include "support/opened_files.h"
+
+#include <QDesktopServices>
+
+namespace zolt::testing_support {
+
+OpenedFiles::OpenedFiles() {
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
+}
+
+OpenedFiles::~OpenedFiles() {
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+}
+
+void OpenedFiles::open(const QUrl &url) {
+    paths << url.toLocalFile();
+}
+
+} // namespace zolt::testing_support
