@@ -149,6 +149,8 @@ void EditTextFrm::closeEvent(QCloseEvent *event) {
         return;
     }
     QMdiSubWindow::closeEvent(event);
+    if (event->isAccepted())
+        markClosed(*this);
 }
 
 void EditTextFrm::OperaçõesDeSaída() {

@@ -30,6 +30,7 @@ void ToolFrm::reject() {
 void ToolFrm::closeEvent(QCloseEvent *event) {
     closing();
     event->accept();
+    markClosed(*this);
     if (MDIFrm *frame = loaded<MDIFrm>()) {
         if (m_kind == DisablesTheFrame)
             frame->setEnabled(true);

@@ -13,17 +13,25 @@ template <class Window> QPointer<Window> &instance() {
     static QPointer<Window> window;
     return window;
 }
+inline constexpr char kClosed[] = "closed";
 } // namespace detail
+
+/// A window that has closed is no longer the one of its class, though it is deleted
+/// only when the event loop comes round.
+inline void markClosed(QWidget &window) {
+    window.setProperty(detail::kClosed, true);
+}
 
 /// Each window exists at most once. The one of this class, or null while it isn't loaded.
 template <class Window> Window *loaded() {
-    return detail::instance<Window>().data();
+    Window *window = detail::instance<Window>().data();
+    return window && !window->property(detail::kClosed).toBool() ? window : nullptr;
 }
 
 /// The window of this class, made by its first use. `owner` is what it stands before.
 template <class Window> Window &load(QWidget *owner = nullptr) {
     QPointer<Window> &window = detail::instance<Window>();
-    if (!window) {
+    if (!loaded<Window>()) {
         window = new Window(owner);
         window->setObjectName(Window::staticMetaObject.className() + qstrlen("zolt::"));
         window->setAttribute(Qt::WA_DeleteOnClose);

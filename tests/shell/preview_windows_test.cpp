@@ -111,6 +111,7 @@ TEST_F(PreviewWindows, JumpFromTheListToAnEntrysLine) {
     EXPECT_EQ(lineShown(window), QStringLiteral("4"));
     EXPECT_TRUE(list->isVisible());
     const QPoint place = list->visualItemRect(list->item(1, 0)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
     EXPECT_FALSE(list->isVisible());
     const std::string compiled = text(window).Text();
