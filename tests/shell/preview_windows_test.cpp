@@ -203,8 +203,9 @@ TEST_F(PreviewWindows, TheMenuWindowCountsAndJumps) {
         list->setCurrentRow(1);
         EXPECT_EQ(control<QLabel>(menu, "Panel1")->isVisible(), wraps);
         EXPECT_EQ(control<QLabel>(menu, "Panel2")->text(), QStringLiteral("2/3"));
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
-                           list->visualItemRect(list->item(1)).center());
+        const QPoint place = list->visualItemRect(list->item(1)).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
         EXPECT_FALSE(menu->isVisible());
         EXPECT_EQ(text(window).SelStart(), static_cast<qsizetype>(text(window).Text().find("*TWO") + 4));
         window.close();
