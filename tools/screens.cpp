@@ -10,10 +10,17 @@
 #include "shell/caracter_table_frm.h"
 #include "shell/caracter_toolbar_frm.h"
 #include "shell/date_time_frm.h"
+#include "shell/edit_text_conv_img_frm.h"
 #include "shell/edit_text_export_pdf_frm.h"
 #include "shell/edit_text_find_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/edit_text_guardar_hp_frm.h"
+#include "shell/edit_text_insert_grob_frm.h"
+#include "shell/edit_text_insert_image_frm.h"
+#include "shell/edit_text_insert_velda_frm.h"
+#include "shell/edit_text_preview_frm.h"
+#include "shell/edit_text_preview_normal_frm.h"
+#include "shell/edit_text_preview_normal_menu_frm.h"
 #include "shell/edit_text_word_count_frm.h"
 #include "shell/mdi_frm.h"
 #include "shell/mensagem_frm.h"
@@ -22,6 +29,7 @@
 #include "shell/splash_frm.h"
 #include "shell/start_up.h"
 #include "shell/symbol_frm.h"
+#include "shell/wait_frm.h"
 
 #include <QApplication>
 #include <QDir>
@@ -66,6 +74,40 @@ const QList<Scene> &scenes() {
              loaded<EditTextFrm>()->TesteDeIntegridade();
              return loaded<EditTextGuardarHPFrm>();
          }},
+        {"EditTextPreviewFrm",
+         [] {
+             loaded<EditTextFrm>()->MnuVerPrévisualizartudoEstiloHP48();
+             return loaded<EditTextPreviewFrm>();
+         }},
+        {"EditTextPreviewNormalFrm",
+         [] {
+             loaded<EditTextFrm>()->MnuVerPrévisualizartudoNormal();
+             return loaded<EditTextPreviewNormalFrm>();
+         }},
+        {"EditTextPreviewNormalMenuFrm",
+         []() -> QWidget * {
+             loaded<EditTextFrm>()->MnuVerPrévisualizartudoComquebrasdelinha();
+             loaded<EditTextPreviewNormalFrm>()->MenuPreview();
+             return loaded<EditTextPreviewNormalMenuFrm>();
+         }},
+        {"WaitFrm", [] { return open<WaitFrm>("MostrarWaitFrm"); }},
+        {"EditTextInsertImageFrm",
+         []() -> QWidget * {
+             load<EditTextInsertImageFrm>(loaded<MDIFrm>()).show();
+             loaded<EditTextInsertImageFrm>()->Command1_Click();
+             return loaded<EditTextInsertImageFrm>();
+         }},
+        {"EditTextInsertGrobFrm",
+         []() -> QWidget * {
+             load<EditTextInsertGrobFrm>(loaded<MDIFrm>()).show();
+             return loaded<EditTextInsertGrobFrm>();
+         }},
+        {"EditTextInsertVeldaFrm",
+         []() -> QWidget * {
+             load<EditTextInsertVeldaFrm>(loaded<MDIFrm>()).show();
+             return loaded<EditTextInsertVeldaFrm>();
+         }},
+        {"EditTextConvImgFrm", [] { return open<EditTextConvImgFrm>("MostrarEditTextConvImgFrm"); }},
         {"EditTextFindFrm", [] { return open<EditTextFindFrm>("MostrarEditTextFindFrm"); }},
         {"DateTimeFrm", [] { return open<DateTimeFrm>("MostrarDateTimeFrm"); }},
         {"EditTextWordCountFrm", [] { return open<EditTextWordCountFrm>("MostrarEditTextWordCountFrm"); }},
