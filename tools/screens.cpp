@@ -165,6 +165,8 @@ int main(int argc, char **argv) {
     prepareApplication();
     QApplication application(argc, argv);
     startProgram(std::string(argv[2]) + "/welcome.zlt");
+    // With a file on the command line, the PDF window asks for a name by itself.
+    shared::commandLine.clear();
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(folder);
     int failed = 0;
