@@ -73,6 +73,8 @@ void SurfaceView::fit() {
 }
 
 void SurfaceView::showDots(DotSurface surface) {
+    if (surface.isEmpty())
+        return clear();
     const QSize dots(surface.width(), surface.height());
     m_surface->show(dots,
                     [surface = std::move(surface)](int scale) { return imageOfSurface(surface, scale); });

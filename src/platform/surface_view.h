@@ -22,7 +22,7 @@ public:
     /// Makes a picture in colour at so many pixels to the dot.
     using PictureAtScale = std::function<QImage(int pixelsPerDot)>;
 
-    /// Shows dots, black on white.
+    /// Shows dots, black on white; an empty surface clears the view.
     void showDots(DotSurface surface);
     /// Shows a picture in colour on a surface of `width` by `height` dots.
     void showPicture(int width, int height, PictureAtScale picture);

@@ -135,7 +135,7 @@ void EditTextConvImgFrm::AbrirImagemHP() {
 void EditTextConvImgFrm::showSource(const DotSurface &surface) {
     m_picture = {};
     m_dots = surface;
-    surface.isEmpty() ? Picture1->clear() : Picture1->showDots(surface);
+    Picture1->showDots(surface);
 }
 
 void EditTextConvImgFrm::RefreshPicture() {

@@ -57,7 +57,7 @@ bool EditTextInsertGrobFrm::openFile(const std::string &path) {
     if (!picture.reason.empty())
         showMessage(this, QString::fromStdString(picture.reason), QMessageBox::Warning);
     m_dots = std::move(picture.surface);
-    m_dots.isEmpty() ? Picture1->clear() : Picture1->showDots(m_dots);
+    Picture1->showDots(m_dots);
     return true;
 }
 

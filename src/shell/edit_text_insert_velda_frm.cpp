@@ -44,7 +44,7 @@ bool EditTextInsertVeldaFrm::openFile(const std::string &path) {
     Text1->setText(documentFromFile(file.bytes));
     const PictureOfText picture = VerVelda(Text1->Text(), progress());
     ProgressBar1->reset();
-    picture.surface.isEmpty() ? Picture1->clear() : Picture1->showDots(picture.surface);
+    Picture1->showDots(picture.surface);
     return true;
 }
 

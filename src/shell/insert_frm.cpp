@@ -36,6 +36,7 @@ InsertFrm::InsertFrm(const Form &form, QWidget *owner)
     auto *row = new QHBoxLayout;
     row->addLayout(m_grid);
     row->addLayout(m_buttons);
+    m_buttons->addStretch();
     auto *column = new QVBoxLayout(this);
     column->addLayout(row);
     column->addWidget(ProgressBar1);
@@ -48,7 +49,7 @@ QPushButton *InsertFrm::addButton(const char *name, const QString &caption) {
     auto *button = new QPushButton(caption);
     button->setObjectName(QString::fromUtf8(name));
     button->setAutoDefault(false);
-    m_buttons->addWidget(button);
+    m_buttons->insertWidget(m_buttons->count() - 1, button);
     return button;
 }
 
