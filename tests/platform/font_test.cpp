@@ -81,6 +81,7 @@ TEST_P(Fonts, ShowAByteForItsCharactersInBothSets) {
         };
         for (int code = 32; code < 256; ++code) {
             const auto byte = static_cast<unsigned char>(code);
+            EXPECT_NE(picture(0xE000 + byte), 0U) << name << ' ' << code;
             EXPECT_EQ(picture(windowsCharacter(byte)), picture(0xE000 + byte)) << name << ' ' << code;
             if (byteOfCharacter(calculatorCharacter(byte)) == byte) {
                 EXPECT_EQ(picture(calculatorCharacter(byte)), picture(0xE000 + byte)) << name << ' ' << code;
