@@ -19,22 +19,6 @@ constexpr std::array<char32_t, 33> kCalculator{
     0x2265, 0x2260, 0x03B1, 0x2192, 0x2190, 0x2193, 0x2191, 0x03B3, 0x03B4, 0x03B5, 0x03B7,
     0x03B8, 0x03BB, 0x03C1, 0x03C3, 0x03C4, 0x03C9, 0x0394, 0x03A0, 0x03A9, 0x25A0, 0x221E};
 
-struct Alias {
-    char32_t character;
-    unsigned char byte;
-};
-
-/// Characters that Unicode has twice and the calculator once.
-constexpr Alias kAliases[]{
-    {0x03BC, 181}, // Greek mu, the micro sign
-    {0x03B2, 223}, // Greek beta, drawn as the sharp s
-    {0x2206, 155}, // increment, capital delta
-    {0x220F, 156}, // product, capital pi
-    {0x2126, 157}, // ohm, capital omega
-    {0x2211, 133}, // sum, capital sigma
-    {0x2212, '-'}, // minus
-};
-
 } // namespace
 
 char32_t windowsCharacter(unsigned char byte) {
@@ -55,8 +39,6 @@ std::optional<unsigned char> byteOfCharacter(char32_t character) {
             table.emplace(windowsCharacter(static_cast<unsigned char>(byte)), byte);
         for (int byte = 31; byte < 160; ++byte)
             table.emplace(calculatorCharacter(static_cast<unsigned char>(byte)), byte);
-        for (const Alias &alias : kAliases)
-            table.emplace(alias.character, alias.byte);
         return table;
     }();
     const auto found = bytes.find(character);

@@ -15,8 +15,7 @@ char32_t calculatorCharacter(unsigned char byte);
 char32_t windowsCharacter(unsigned char byte);
 
 /// The byte of a character that is typed or pasted: its byte in code page 1252
-/// if it has one, else its byte in the calculator's set, also for a character that
-/// Unicode has twice (sum and capital sigma), else none.
+/// if it has one, else its byte in the calculator's set, else none.
 std::optional<unsigned char> byteOfCharacter(char32_t character);
 
 } // namespace zolt
