@@ -14,6 +14,7 @@ from fontTools.pens.ttGlyphPen import TTGlyphPen
 from fontTools.ttLib.tables.O_S_2f_2 import Panose
 
 WIDTH, HEIGHT = 4, 6          # dots of a cell
+SMALL_HEIGHT = 4              # of exponent and index
 DOT = 128                     # font units a dot
 # 6.5 dots to the em: 10 points are 13 pixels at 96 dots to the inch, and so a dot
 # is exactly 2 by 2 pixels. At 832 units the scale is a whole number in the 26.6
@@ -34,27 +35,30 @@ CALCULATOR = [0x2592, 0x2220, None, 0x2207, 0x221A, 0x222B, 0x03A3, 0x25B6, 0x03
 
 
 def read_glyphs(path):
-    """The 256 glyphs, each a list of rows of booleans, and the small forms by code."""
-    glyphs, small = {}, {}
-    lines = [line.rstrip("\n") for line in open(path, encoding="utf-8") if not line.startswith("# ")]
-    lines = [line for line in lines if line and line != "#"]
-    i = 0
-    while i < len(lines):
-        kind, name = lines[i].split(" ", 1)
-        count = HEIGHT if kind == "codes" else 4
-        rows = [line.split(" ") for line in lines[i + 1:i + 1 + count]]
-        for column in range(len(rows[0])):
-            dots = [[c == "#" for c in row[column]] for row in rows]
-            if any(len(row) != WIDTH for row in dots):
-                sys.exit(f"{path}: a row of {kind} {name} isn't {WIDTH} dots wide")
-            if kind == "codes":
-                glyphs[int(name) + column] = dots
-            else:
-                small[ord(name)] = dots
-        i += 1 + count
-    if sorted(glyphs) != list(range(256)):
-        sys.exit(f"{path}: not 256 glyphs")
-    return glyphs, small
+    """The file's sections by name, each a dictionary of code and glyph: "codes" and
+    "small" with all 256, and the hand-drawn exceptions under their font's name. A
+    glyph is a list of rows of booleans."""
+    sections = {}
+    with open(path, encoding="utf-8") as source:
+        lines = [line.rstrip("\n") for line in source]
+    lines = [line for line in lines if line and not line.startswith("# ") and line != "#"]
+    while lines:
+        kind, *codes = lines.pop(0).split(" ")
+        height = SMALL_HEIGHT if kind == "small" else HEIGHT
+        picture = [line.split(" ") for line in lines[:height]]
+        del lines[:height]
+        first = int(codes[0])
+        if kind in ("codes", "small"):
+            codes = range(first, first + 16)
+        for column, code in enumerate(codes):
+            rows = [row[column] for row in picture]
+            if any(len(row) != WIDTH or row.strip("#.") for row in rows):
+                sys.exit(f"{path}: {kind} {code} isn't {WIDTH} dots wide, each # or .")
+            sections.setdefault(kind, {})[int(code)] = [[c == "#" for c in row] for row in rows]
+    for kind in ("codes", "small"):
+        if sorted(sections[kind]) != list(range(256)):
+            sys.exit(f"{path}: not 256 glyphs in {kind}")
+    return sections
 
 
 def shifted(row):
@@ -63,7 +67,11 @@ def shifted(row):
 
 
 def bold(rows):
-    """Strokes twice as wide. Two stems with one dot between keep it open."""
+    """Strokes twice as wide. Two stems with one dot between keep it open, and a glyph
+    that stands on a stem at its left keeps the column that parts it from the next."""
+    if all(row[0] and not (row[2] and not row[1]) for row in rows[:-1]):
+        return [[dot or (0 < x < 3 and row[x - 1]) for x, dot in enumerate(row)] for row in rows]
+
     def thick(row):
         if row == [True, False, True, False]:
             return [True, True, False, True]
@@ -72,7 +80,7 @@ def bold(rows):
 
 
 def italic_right(rows):
-    return [shifted(row) for row in rows[:2]] + rows[2:]
+    return [shifted(row) for row in rows[:3]] + rows[3:]
 
 
 def italic_left(rows):
@@ -90,57 +98,42 @@ def inverse(rows):
     return [[not dot for dot in row] for row in rows]
 
 
-def compressed(rows):
-    """The glyph's rows in four: what lies between the first and the last row with a
-    dot loses rows that stand twice, from the middle on."""
-    rows = [list(row) for row in rows]
-    while len(rows) > 4:
-        if not any(rows[-1]):
-            rows.pop()
-            continue
-        if not any(rows[0]):
-            rows.pop(0)
-            continue
-        middle = (len(rows) - 1) / 2
-        twice = [y for y in range(1, len(rows)) if rows[y] == rows[y - 1]]
-        candidates = twice or range(1, len(rows) - 1)
-        rows.pop(min(candidates, key=lambda y: abs(y - middle)))
-    return rows
-
-
-def small_form(code, rows, small):
-    return small.get(code) or compressed(rows)
-
-
 BLANK = [[False] * WIDTH]
 
 
-def style_glyphs(glyphs, small):
+def style_glyphs(sections):
     """The fonts in the order of the styles: name and glyphs by code."""
     def derived(rule):
-        return {code: rule(rows) for code, rows in glyphs.items()}
-    smalls = {code: small_form(code, rows, small) for code, rows in glyphs.items()}
-    return [
-        ("ZOLT", glyphs),
+        return {code: rule(rows) for code, rows in sections["codes"].items()}
+    small = sections["small"].items()
+    fonts = [
+        ("ZOLT", sections["codes"]),
         ("ZOLTInverse", derived(inverse)),
         ("ZOLTBold", derived(bold)),
         ("ZOLTDouble", derived(lambda rows: [[dot for dot in row for _ in (0, 1)] for row in rows])),
         ("ZOLTItalicRight", derived(italic_right)),
         ("ZOLTItalicLeft", derived(italic_left)),
         ("ZOLTUnderline", derived(underline)),
-        ("ZOLTExponent", {code: rows + BLANK * 2 for code, rows in smalls.items()}),
-        ("ZOLTIndice", {code: BLANK * 2 + rows for code, rows in smalls.items()}),
+        ("ZOLTExponent", {code: rows + BLANK * 2 for code, rows in small}),
+        ("ZOLTIndice", {code: BLANK * 2 + rows for code, rows in small}),
     ]
+    return [(name, {**glyphs, **sections.get(name, {})}) for name, glyphs in fonts]
 
 
-def check_told_apart(name, glyphs):
-    """All letters and digits of a font have pictures of their own."""
-    seen = {}
-    for code in [c for c in range(48, 123) if chr(c).isalnum()]:
-        picture = str(glyphs[code])
-        if picture in seen:
-            sys.exit(f"{name}: '{chr(seen[picture])}' and '{chr(code)}' look alike")
-        seen[picture] = code
+def check_told_apart(fonts):
+    """Every character of the plain font has a picture of its own but the two blanks;
+    in every font the letters and digits have, and bold shows."""
+    fonts = dict(fonts)
+    letters = [code for code in range(48, 123) if chr(code).isalnum()]
+    for name, glyphs in fonts.items():
+        seen = {}
+        for code in range(33, 256) if name == "ZOLT" else letters:
+            other = seen.setdefault(str(glyphs[code]), code)
+            if other != code:
+                sys.exit(f"{name}: {other} and {code} look alike")
+    for code, rows in fonts["ZOLT"].items():
+        if any(any(row) for row in rows) and fonts["ZOLTBold"][code] == rows:
+            sys.exit(f"ZOLTBold: {code} isn't bold")
 
 
 def rectangles(rows):
@@ -239,9 +232,9 @@ def write_table(fonts, path):
 
 def main():
     source, folder, table = sys.argv[1:]
-    fonts = style_glyphs(*read_glyphs(source))
+    fonts = style_glyphs(read_glyphs(source))
+    check_told_apart(fonts)
     for name, glyphs in fonts:
-        check_told_apart(name, glyphs)
         build_font(name, glyphs, os.path.join(folder, name + ".ttf"))
     write_table(fonts, table)
 

@@ -1,18 +1,17 @@
+#include "core/charset.h"
 #include "core/glyphs.h"
 #include "platform/fonts.h"
 #include "platform/program_folder.h"
 #include "platform/text_pane.h"
 
 #include <QImage>
+#include <QRawFont>
 #include <gtest/gtest.h>
 
 namespace zolt {
 namespace {
 
-constexpr int kPixelsPerDotHere = 2;
-
-/// All codes, 33 to a line; a pane turns CR LF into a line end, so the two that
-/// would stand in that order don't follow each other.
+/// All codes, 16 to a line, so that 10 and 13 end no line of their own.
 std::string allCodes() {
     std::string text;
     for (int code = 0; code < 256; ++code) {
@@ -24,9 +23,7 @@ std::string allCodes() {
 }
 
 QImage drawn(TextPane &pane) {
-    const QImage picture = pane.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    EXPECT_EQ(picture.devicePixelRatio(), 1.0);
-    return picture;
+    return pane.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
 class Fonts : public testing::TestWithParam<double> {
@@ -53,16 +50,16 @@ TEST_P(Fonts, DrawEveryCodeInEveryStyleDotForDot) {
         prepare(pane, fontOfStyle(s));
         pane.setText(allCodes());
         const QImage picture = drawn(pane);
+        const int size = 2 * static_cast<int>(picture.devicePixelRatio()); // pixels a dot
+        const int width = glyphWidth(s) * size, height = kCellHeight * size;
         int wrong = 0;
         for (int code = 0; code < 256; ++code) {
-            for (int y = 0; y < kCellHeight * kPixelsPerDotHere; ++y) {
-                for (int x = 0; x < glyphWidth(s) * kPixelsPerDotHere; ++x) {
-                    const bool on = glyph(s, static_cast<unsigned char>(code)).dot(x / 2, y / 2);
-                    const QRgb pixel = picture.pixel(code % 16 * glyphWidth(s) * kPixelsPerDotHere + x,
-                                                     code / 16 * kCellHeight * kPixelsPerDotHere + y);
-                    wrong += pixel != (on ? qRgb(0, 0, 0) : qRgb(255, 255, 255));
-                }
-            }
+            const Glyph &dots = glyph(s, static_cast<unsigned char>(code));
+            const QPoint corner(code % 16 * width, code / 16 * height);
+            for (int y = 0; y < height; ++y)
+                for (int x = 0; x < width; ++x)
+                    wrong += picture.pixel(corner + QPoint(x, y)) !=
+                             (dots.dot(x / size, y / size) ? qRgb(0, 0, 0) : qRgb(255, 255, 255));
         }
         EXPECT_EQ(wrong, 0) << fontOfStyle(s);
     }
@@ -72,6 +69,25 @@ TEST_P(Fonts, GiveThirtyThreeColumnsIn264Pixels) {
     const QFontMetricsF metrics(zoltFont(QStringLiteral("ZOLT"), GetParam()));
     EXPECT_EQ(metrics.horizontalAdvance(QString(33, u'M')), 264);
     EXPECT_EQ(metrics.lineSpacing(), 12);
+}
+
+TEST_P(Fonts, ShowAByteForItsCharactersInBothSets) {
+    for (int style = 0; style < kStyleCount; ++style) {
+        const std::string_view name = fontOfStyle(static_cast<Style>(style));
+        const QRawFont font = QRawFont::fromFont(
+            zoltFont(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())), GetParam()));
+        const auto picture = [&font](char32_t character) {
+            return font.glyphIndexesForString(QString::fromUcs4(&character, 1)).value(0);
+        };
+        for (int code = 32; code < 256; ++code) {
+            const auto byte = static_cast<unsigned char>(code);
+            EXPECT_NE(picture(0xE000 + byte), 0U) << name << ' ' << code;
+            EXPECT_EQ(picture(windowsCharacter(byte)), picture(0xE000 + byte)) << name << ' ' << code;
+            if (byteOfCharacter(calculatorCharacter(byte)) == byte) {
+                EXPECT_EQ(picture(calculatorCharacter(byte)), picture(0xE000 + byte)) << name << ' ' << code;
+            }
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(PointSizes, Fonts, testing::Values(10.0, 9.75));
