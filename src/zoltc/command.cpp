@@ -41,7 +41,7 @@ void printHelp(const Command &command) {
     put(stdout, text);
 }
 
-void printOverview(std::FILE *stream) {
+void printOverview() {
     std::string text = "usage: zoltc COMMAND [OPTIONS] INPUT [OUTPUT]\n\n";
     for (const Command &command : commands()) {
         std::string name = "  " + std::string(command.name);
@@ -50,16 +50,14 @@ void printOverview(std::FILE *stream) {
     }
     text += "\n\"zoltc COMMAND --help\" tells more.\n"
             "Exit: 0 done, 1 refused by the rules, 2 bad usage or a file that can't be read or written.\n";
-    put(stream, text);
+    put(stdout, text);
 }
 
-int badUsage(const std::string &about, const std::string &reason, const Command *command) {
-    unusable(about, reason);
-    if (command)
-        put(stderr, "usage: " + usageLine(*command) + "\n");
-    else
-        printOverview(stderr);
-    return Unusable;
+/// Bad usage is one line as any other failure; the help is asked for.
+int badUsage(const std::string &about, const std::string &reason) {
+    const bool known = std::any_of(commands().begin(), commands().end(),
+                                   [&](const Command &command) { return command.name == about; });
+    return unusable(about, reason + "; see zoltc " + (known ? about + " " : "") + "--help");
 }
 
 /// Takes the words behind the command apart. Gives the reason of bad usage, else nothing.
@@ -169,16 +167,16 @@ bool writeOutput(const std::string &file, std::string_view bytes) {
 
 int run(const std::vector<std::string> &words) {
     if (words.empty())
-        return badUsage("COMMAND", "missing", nullptr);
+        return badUsage("COMMAND", "missing");
     if (words.front() == "--help" || words.front() == "-h" || words.front() == "help") {
-        printOverview(stdout);
+        printOverview();
         return Done;
     }
     const auto &table = commands();
     const auto command =
         std::find_if(table.begin(), table.end(), [&](const Command &c) { return c.name == words.front(); });
     if (command == table.end())
-        return badUsage(words.front(), "no such command", nullptr);
+        return badUsage(words.front(), "no such command");
     const std::vector<std::string> rest(words.begin() + 1, words.end());
     if (std::find(rest.begin(), rest.end(), "--help") != rest.end()) {
         printHelp(*command);
@@ -186,7 +184,7 @@ int run(const std::vector<std::string> &words) {
     }
     Arguments arguments;
     if (const auto reason = takeApart(*command, rest, arguments))
-        return badUsage(std::string(command->name), *reason, &*command);
+        return badUsage(std::string(command->name), *reason);
     try {
         return command->run(arguments);
     } catch (const std::bad_alloc &) {
