@@ -162,13 +162,7 @@ DotSurface EditTextConvImgFrm::surfaceDots() const {
 }
 
 Progress EditTextConvImgFrm::progress() const {
-    QProgressBar *bar = ProgressBar1;
-    return livelyProgress(
-        [bar](std::size_t step, std::size_t total) {
-            bar->setRange(0, static_cast<int>(total));
-            bar->setValue(static_cast<int>(step));
-        },
-        [] { return shared::PararLeitura != 0; });
+    return readingProgress(ProgressBar1);
 }
 
 void EditTextConvImgFrm::Command7_Click() {

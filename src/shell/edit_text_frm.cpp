@@ -41,6 +41,9 @@ EditTextFrm::EditTextFrm(QWidget *frame)
     m_frame->toolbar(1)->hide();
     m_frame->showTextToolbars(true, true);
     m_frame->showMenus(m_menus);
+    for (QMenu *menu : m_menus)
+        if (menu->objectName() == QStringLiteral("MnuJanela"))
+            m_frame->listChildWindows(menu);
     m_frame->applyCharTool();
     if (shared::settings.ChrTbExi == 1)
         m_frame->MostrarCaracterTableFrm();

@@ -84,13 +84,7 @@ void InsertFrm::AbrirImagem() {
 }
 
 Progress InsertFrm::progress() const {
-    QProgressBar *bar = ProgressBar1;
-    return livelyProgress(
-        [bar](std::size_t step, std::size_t total) {
-            bar->setRange(0, static_cast<int>(total));
-            bar->setValue(static_cast<int>(step));
-        },
-        [] { return shared::PararLeitura != 0; });
+    return readingProgress(ProgressBar1);
 }
 
 std::optional<std::string> InsertFrm::readSurface(const DotSurface &surface) {

@@ -1,7 +1,10 @@
 #include "shell/long_work.h"
 
+#include "shell/shared_values.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QProgressBar>
 #include <memory>
 
 namespace zolt {
@@ -19,6 +22,15 @@ Progress livelyProgress(std::function<void(std::size_t, std::size_t)> show, std:
             }
             return !stopped();
         };
+}
+
+Progress readingProgress(QProgressBar *bar) {
+    return livelyProgress(
+        [bar](std::size_t step, std::size_t total) {
+            bar->setRange(0, static_cast<int>(total));
+            bar->setValue(static_cast<int>(step));
+        },
+        [] { return shared::PararLeitura != 0; });
 }
 
 } // namespace zolt

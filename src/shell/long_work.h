@@ -2,6 +2,8 @@
 
 #include "core/progress.h"
 
+class QProgressBar;
+
 namespace zolt {
 
 /// How often long work lets the windows live, in milliseconds.
@@ -12,5 +14,8 @@ inline constexpr int kYieldEvery = 10;
 /// true; the work then ends at once.
 Progress livelyProgress(std::function<void(std::size_t step, std::size_t total)> show,
                         std::function<bool()> stopped);
+
+/// The same for the reading of a picture, shown in `bar`; PararLeitura stops it.
+Progress readingProgress(QProgressBar *bar);
 
 } // namespace zolt

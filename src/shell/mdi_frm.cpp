@@ -28,6 +28,7 @@
 #include "shell/symbol_frm.h"
 #include "shell/wait_frm.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -120,6 +121,19 @@ void MDIFrm::showTitle() {
                               : own;
     if (windowTitle() != title)
         setWindowTitle(title);
+}
+
+void MDIFrm::listChildWindows(QMenu *menu) {
+    auto *children = new QActionGroup(menu);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu, children] {
+        qDeleteAll(children->actions());
+        for (QMdiSubWindow *child : m_area->subWindowList()) {
+            QAction *action = menu->addAction(child->windowTitle(), child, [child] { child->setFocus(); });
+            action->setCheckable(true);
+            action->setChecked(child == m_area->activeSubWindow());
+            children->addAction(action);
+        }
+    });
 }
 
 void MDIFrm::takeFocusBack() {

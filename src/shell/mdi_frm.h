@@ -22,6 +22,8 @@ public:
 
     /// Puts a document window into the frame.
     void adopt(QWidget *documentWindow);
+    /// Lists the open document windows at the end of a Window menu, each time it opens.
+    void listChildWindows(QMenu *menu);
     /// Activates the frame and gives the focus to the document's pane, or to the frame
     /// itself without a document.
     void takeFocusBack();

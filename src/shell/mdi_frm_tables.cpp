@@ -12,6 +12,7 @@ QList<MenuRow> windowMenuRows(bool enabled) {
         {1, "MnuJanelaMinimizartudo", "&Minimize All", "MinimizeAll"},
         {1, "MnuJanelaRestaurartudo", "&Restore All ", "RestoreAll"},
         {1, "MnuJanelaFechartudo", "Close &All", "CloseAll"},
+        {1, "MnuJanelaSeparador2", "-"},
     };
     if (!enabled)
         for (MenuRow &row : rows)
