@@ -3,8 +3,12 @@
 #include "core/file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstdio>
+#include <cstring>
+#include <memory>
+#include <sys/stat.h>
 
 namespace zolt::cli {
 
@@ -97,6 +101,42 @@ std::optional<std::string> takeApart(const Command &command, const std::vector<s
     return std::nullopt;
 }
 
+/// What can't be replaced whole, such as a shell's pipe or /dev/null.
+bool isPipeOrDevice(const std::string &file) {
+    struct stat status {};
+    return ::stat(file.c_str(), &status) == 0 && (S_ISFIFO(status.st_mode) || S_ISCHR(status.st_mode));
+}
+
+struct CloseFile {
+    void operator()(std::FILE *stream) const { std::fclose(stream); }
+};
+using Stream = std::unique_ptr<std::FILE, CloseFile>;
+
+bool readStream(std::FILE *stream, std::string_view name, std::string &bytes) {
+    bytes.clear();
+    char piece[1 << 16];
+    while (const std::size_t got = std::fread(piece, 1, sizeof piece, stream)) {
+        bytes.append(piece, got);
+        if (bytes.size() > kLargestFile) {
+            unusable(name, "too large");
+            return false;
+        }
+    }
+    if (std::ferror(stream)) {
+        unusable(name, "can't be read");
+        return false;
+    }
+    return true;
+}
+
+bool writeStream(std::FILE *stream, std::string_view name, std::string_view bytes) {
+    const bool written = stream && std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() &&
+                         std::fflush(stream) == 0;
+    if (!written)
+        unusable(name, "can't be written");
+    return written;
+}
+
 } // namespace
 
 std::string Arguments::value(std::string_view option, std::string_view otherwise) const {
@@ -126,43 +166,36 @@ std::string extensionOf(std::string_view file) {
 }
 
 bool readInput(const std::string &file, std::string &bytes) {
-    if (file != "-") {
-        FileContents contents = readFile(file);
-        if (!contents.ok()) {
-            unusable(file, contents.reason);
+    if (file == "-")
+        return readStream(stdin, "standard input", bytes);
+    if (isPipeOrDevice(file)) {
+        const Stream stream(std::fopen(file.c_str(), "rb"));
+        if (!stream) {
+            unusable(file, std::strerror(errno));
             return false;
         }
-        bytes = std::move(contents.bytes);
-        return true;
+        return readStream(stream.get(), file, bytes);
     }
-    bytes.clear();
-    char piece[1 << 16];
-    while (std::size_t got = std::fread(piece, 1, sizeof piece, stdin)) {
-        bytes.append(piece, got);
-        if (bytes.size() > kLargestFile) {
-            unusable("standard input", "too large");
-            return false;
-        }
-    }
-    if (std::ferror(stdin)) {
-        unusable("standard input", "can't be read");
+    FileContents contents = readFile(file);
+    if (!contents.ok()) {
+        unusable(file, contents.reason);
         return false;
     }
+    bytes = std::move(contents.bytes);
     return true;
 }
 
 bool writeOutput(const std::string &file, std::string_view bytes) {
-    if (file != "-") {
-        const std::string reason = writeFile(file, bytes);
-        if (!reason.empty())
-            unusable(file, reason);
-        return reason.empty();
+    if (file == "-")
+        return writeStream(stdout, "standard output", bytes);
+    if (isPipeOrDevice(file)) {
+        const Stream stream(std::fopen(file.c_str(), "wb"));
+        return writeStream(stream.get(), file, bytes);
     }
-    const bool written =
-        std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() && std::fflush(stdout) == 0;
-    if (!written)
-        unusable("standard output", "can't be written");
-    return written;
+    const std::string reason = writeFile(file, bytes);
+    if (!reason.empty())
+        unusable(file, reason);
+    return reason.empty();
 }
 
 int run(const std::vector<std::string> &words) {

@@ -113,6 +113,11 @@ TEST_F(DocumentCommands, WorkInAPipe) {
     const std::string pipe = std::string("'" ZOLTC "' hp - - <'") + input + "' >'" + file("out") + "'";
     EXPECT_EQ(std::system(pipe.c_str()), 0);
     EXPECT_EQ(bytesOf(file("out")), "\"a'b\"\r\n");
+    // A named pipe serves as well as "-".
+    const std::string named = "mkfifo '" + file("fifo") + "' && (cat '" + input + "' >'" + file("fifo") +
+                              "' & '" ZOLTC "' hp '" + file("fifo") + "' '" + file("out2") + "')";
+    EXPECT_EQ(std::system(named.c_str()), 0);
+    EXPECT_EQ(bytesOf(file("out2")), "\"a'b\"\r\n");
     // A full disk behind standard output is a failure that is told.
     const std::string full =
         std::string("'" ZOLTC "' hp '") + input + "' - >/dev/full 2>'" + file("err") + "'";
