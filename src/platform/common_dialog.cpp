@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QPointer>
 #include <algorithm>
 
 namespace zolt {
@@ -35,17 +36,36 @@ QString pathFromBytes(const std::string &path) { return QFile::decodeName(QByteA
 
 std::string bytesFromPath(const QString &path) { return QFile::encodeName(path).toStdString(); }
 
+/// What a dialog stands before: a window that isn't shown yet can't own one.
+QWidget *ownerFor(QWidget *asker) {
+    while (asker && !asker->window()->isVisible() && asker->window()->parentWidget())
+        asker = asker->window()->parentWidget();
+    return asker;
+}
+
 } // namespace
 
-CommonDialog::CommonDialog(const QString &name, QWidget *owner) : QObject(owner), m_owner(owner) {
+CommonDialog::CommonDialog(const QString &name, QObject *parent) : QObject(parent) {
     setObjectName(name);
+}
+
+bool CommonDialog::run(QDialog &dialog) {
+    dialog.setObjectName(objectName());
+    const QPointer<QWidget> asker = dialog.parentWidget();
+    const QPointer<QWidget> focus = asker ? asker->window()->focusWidget() : nullptr;
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    // Without a window manager nothing else brings the asking window back to the fore.
+    if (asker)
+        asker->window()->activateWindow();
+    if (focus)
+        focus->setFocus();
+    return accepted;
 }
 
 std::string CommonDialog::FileTitle() const { return titleOf(FileName); }
 
 int CommonDialog::showFileDialog(QFileDialog &dialog) {
     const QStringList filters = nameFilters(Filter);
-    dialog.setObjectName(objectName());
     dialog.setNameFilters(filters);
     if (!filters.isEmpty())
         dialog.selectNameFilter(filters[std::clamp<qsizetype>(FilterIndex - 1, 0, filters.size() - 1)]);
@@ -57,41 +77,39 @@ int CommonDialog::showFileDialog(QFileDialog &dialog) {
     if (!FileName.empty())
         dialog.selectFile(pathFromBytes(titleOf(FileName)));
 
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    if (!run(dialog) || dialog.selectedFiles().isEmpty())
         return kDialogCancelled;
     FileName = bytesFromPath(dialog.selectedFiles().first());
     FilterIndex = static_cast<int>(std::max<qsizetype>(filters.indexOf(dialog.selectedNameFilter()), 0)) + 1;
     return kDialogDone;
 }
 
-int CommonDialog::ShowOpen() {
-    QFileDialog dialog(m_owner, DialogTitle);
+int CommonDialog::ShowOpen(QWidget *asker) {
+    QFileDialog dialog(ownerFor(asker), DialogTitle);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(Flags & kFileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     return showFileDialog(dialog);
 }
 
-int CommonDialog::ShowSave() {
-    QFileDialog dialog(m_owner, DialogTitle);
+int CommonDialog::ShowSave(QWidget *asker) {
+    QFileDialog dialog(ownerFor(asker), DialogTitle);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !(Flags & kOverwritePrompt));
     return showFileDialog(dialog);
 }
 
-int CommonDialog::ShowColor() {
-    QColorDialog dialog(qtColour(Color, QPalette::WindowText), m_owner);
-    dialog.setObjectName(objectName());
-    if (dialog.exec() != QDialog::Accepted)
+int CommonDialog::ShowColor(QWidget *asker) {
+    QColorDialog dialog(qtColour(Color, QPalette::WindowText), ownerFor(asker));
+    if (!run(dialog))
         return kDialogCancelled;
     Color = colourValue(dialog.selectedColor());
     return kDialogDone;
 }
 
-int CommonDialog::ShowFont() {
-    QFontDialog dialog(Font, m_owner);
-    dialog.setObjectName(objectName());
-    if (dialog.exec() != QDialog::Accepted)
+int CommonDialog::ShowFont(QWidget *asker) {
+    QFontDialog dialog(Font, ownerFor(asker));
+    if (!run(dialog))
         return kDialogCancelled;
     Font = dialog.selectedFont();
     return kDialogDone;

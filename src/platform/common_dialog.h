@@ -7,7 +7,9 @@
 #include <QString>
 #include <string>
 
+class QDialog;
 class QFileDialog;
+class QWidget;
 
 namespace zolt {
 
@@ -24,7 +26,7 @@ class CommonDialog : public QObject {
     Q_OBJECT
 
 public:
-    explicit CommonDialog(const QString &name, QWidget *owner);
+    explicit CommonDialog(const QString &name, QObject *parent = nullptr);
 
     QString DialogTitle;
     /// Pairs of caption and patterns, "Text (*.txt)|*.txt|GROB|*.grb;*.gro|".
@@ -44,17 +46,18 @@ public:
     std::string FileTitle() const;
 
     /// Both show the dialog and return kDialogDone with FileName set, or
-    /// kDialogCancelled with nothing changed.
-    int ShowOpen();
-    int ShowSave();
+    /// kDialogCancelled with nothing changed. The asking window owns the dialog, and
+    /// the control that had the keyboard has it again afterwards.
+    int ShowOpen(QWidget *asker);
+    int ShowSave(QWidget *asker);
     /// Color or Font takes the choice; the same results.
-    int ShowColor();
-    int ShowFont();
+    int ShowColor(QWidget *asker);
+    int ShowFont(QWidget *asker);
 
 private:
     int showFileDialog(QFileDialog &dialog);
-
-    QWidget *m_owner;
+    /// Runs a dialog and gives the keyboard back. True if it was accepted.
+    bool run(QDialog &dialog);
 };
 
 } // namespace zolt

@@ -8,7 +8,7 @@ namespace zolt {
 DialogFrm::DialogFrm(QWidget *owner) : QWidget(owner, Qt::Window | Qt::WindowStaysOnTopHint) {
     resize(pixels(100), pixels(100));
     for (std::size_t i = 0; i < m_dialogs.size(); ++i)
-        m_dialogs[i] = new CommonDialog(QStringLiteral("Dialog%1").arg(i + 1), owner);
+        m_dialogs[i] = new CommonDialog(QStringLiteral("Dialog%1").arg(i + 1), this);
     hide();
 }
 

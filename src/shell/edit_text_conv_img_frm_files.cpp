@@ -78,7 +78,7 @@ CommonDialog &EditTextConvImgFrm::sourceDialog(const QString &filter, int filter
 }
 
 bool EditTextConvImgFrm::askForSource(CommonDialog &dialog) {
-    if (dialog.ShowOpen() == kDialogDone)
+    if (dialog.ShowOpen(this) == kDialogDone)
         return true;
     shared::TipoDeConversão = shared::TipoAnterior;
     return false;
@@ -214,7 +214,7 @@ void EditTextConvImgFrm::saveText(const QString &filter) {
     if (shared::PararLeitura)
         return;
     CommonDialog &dialog = targetDialog(filter);
-    if (dialog.ShowSave() != kDialogDone)
+    if (dialog.ShowSave(this) != kDialogDone)
         return;
     if (writeFile(dialog.FileName, fileFromDocument(Text1->Text())).empty())
         shared::settings.DfDirCnv = folderOf(dialog.FileName);
@@ -242,7 +242,7 @@ void EditTextConvImgFrm::FicheiroGuardarGROB2() {
 
 void EditTextConvImgFrm::FicheiroGuardarBMP() {
     CommonDialog &dialog = targetDialog(QString::fromUtf8(kBitmapFilter));
-    if (dialog.ShowSave() != kDialogDone)
+    if (dialog.ShowSave(this) != kDialogDone)
         return;
     const auto type = static_cast<std::size_t>(dialog.FilterIndex - 1);
     const DotSurface dots = surfaceDots();

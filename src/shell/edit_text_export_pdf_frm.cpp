@@ -238,7 +238,7 @@ void EditTextExportPDFFrm::btnConvert_Click() {
     dialog.DialogTitle = QStringLiteral("Save");
     dialog.Filter = QStringLiteral("Adobe PDF Files (*.pdf)|*.pdf|");
     dialog.InitDir = shared::settings.DfDirPdf;
-    if (dialog.ShowSave() != kDialogDone)
+    if (dialog.ShowSave(this) != kDialogDone)
         return;
     txtOutputFile->setText(fromFileName(dialog.FileName));
     shared::settings.DfDirPdf = folderOf(dialog.FileName);

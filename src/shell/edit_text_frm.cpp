@@ -81,6 +81,7 @@ void EditTextFrm::buildPanes() {
 void EditTextFrm::followPane(TextPane *pane) {
     connect(pane, &TextPane::Change, this, &EditTextFrm::updateStatus);
     connect(pane, &TextPane::keyDown, this, &EditTextFrm::updateStatus);
+    connect(pane, &TextPane::keyDown, this, [this] { say({}); });
     connect(pane, &TextPane::keyUp, this, &EditTextFrm::updateStatus);
     connect(pane, &TextPane::mouseUp, this, &EditTextFrm::updateStatus);
     connect(pane, &TextPane::click, this,
@@ -172,6 +173,11 @@ void EditTextFrm::updateStatus() {
     caret->setFrameShadow(beyond ? QFrame::Raised : QFrame::Sunken);
     caret->setLineWidth(beyond ? 2 : 1);
     m_panels[Length]->setText(QString::number(pane.length()));
+}
+
+void EditTextFrm::say(const QString &message) {
+    m_panels[Progress]->setText(message);
+    m_panels[Progress]->setToolTip(message);
 }
 
 void EditTextFrm::updateClock() {

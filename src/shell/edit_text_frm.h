@@ -38,6 +38,9 @@ public:
     void setCaption(const QString &caption);
     void setCaption(const std::string &fileTitle);
 
+    /// Says something in panel 1 of the status bar, until the next save or key.
+    void say(const QString &message);
+
     /// Gives both panes the font and the colours of the settings.
     void applyPaneFont();
     void applyPaneColours();

@@ -29,7 +29,7 @@ WebPageLook lookOf(const TextPane &pane) {
 
 /// Asks where the Web page goes; nothing on Cancel. The document's own dialog asks,
 /// and keeps the document's name.
-std::string askForWebPage() {
+std::string askForWebPage(QWidget *asker) {
     CommonDialog &dialog = commonDialog(DialogFrm::Document);
     const std::string document = dialog.FileName;
     const std::string title = dialog.FileTitle();
@@ -41,7 +41,7 @@ std::string askForWebPage() {
     // The document's name itself would be overwritten by a quick Enter.
     if (!title.empty())
         dialog.FileName = title.substr(0, title.rfind('.')) + ".htm";
-    const std::string chosen = dialog.ShowSave() == kDialogDone ? dialog.FileName : std::string();
+    const std::string chosen = dialog.ShowSave(asker) == kDialogDone ? dialog.FileName : std::string();
     dialog.FileName = document;
     return chosen;
 }
@@ -61,7 +61,7 @@ void EditTextFrm::ExportarHTML() {
     if (!page)
         return;
     shared::GuardarCancelado = 1;
-    const std::string path = askForWebPage();
+    const std::string path = askForWebPage(this);
     if (path.empty() || !writeFile(path, *page).empty())
         return;
     shared::settings.DefltDir = folderOf(path);

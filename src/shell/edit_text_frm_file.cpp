@@ -9,6 +9,7 @@
 #include "shell/edit_text_frm.h"
 #include "shell/mdi_frm.h"
 #include "shell/shared_values.h"
+#include "shell/status_line.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -59,7 +60,7 @@ void EditTextFrm::FicheiroNovo() {
 void EditTextFrm::FicheiroAbrir() {
     CommonDialog &dialog = documentDialog(QStringLiteral("Open"), kFileMustExist);
     const std::string nameBefore = dialog.FileName;
-    if (dialog.ShowOpen() != kDialogDone)
+    if (dialog.ShowOpen(this) != kDialogDone)
         return;
     const FileContents file = readFile(dialog.FileName);
     if (!file.ok()) {
@@ -74,8 +75,10 @@ void EditTextFrm::FicheiroAbrir() {
 
 bool EditTextFrm::writeDocument() {
     const std::string document = activePane().Text();
-    if (!writeFile(commonDialog(DialogFrm::Document).FileName, fileFromDocument(document)).empty())
+    const std::string &path = commonDialog(DialogFrm::Document).FileName;
+    if (!savedOrSaid(path, writeFile(path, fileFromDocument(document))))
         return false;
+    say({});
     shared::TextoGuardado = document;
     return true;
 }
@@ -92,7 +95,7 @@ void EditTextFrm::FicheiroGuardarComo() {
     CommonDialog &dialog = documentDialog(QStringLiteral("Save As"), kFileMustExist | kOverwritePrompt);
     const std::string nameBefore = dialog.FileName;
     shared::GuardarCancelado = 1;
-    if (dialog.ShowSave() != kDialogDone)
+    if (dialog.ShowSave(this) != kDialogDone)
         return;
     if (!writeDocument()) {
         dialog.FileName = nameBefore;

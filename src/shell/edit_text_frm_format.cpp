@@ -61,7 +61,7 @@ void EditTextFrm::MnuInserirLinhahorizontal() {
 void EditTextFrm::chooseColour(std::string Settings::*setting, QPalette::ColorRole role) {
     CommonDialog &dialog = commonDialog(DialogFrm::ColourAndFont);
     dialog.Color = colourValue(qtColour(colourFromSetting(shared::settings.*setting), role));
-    if (dialog.ShowColor() != kDialogDone)
+    if (dialog.ShowColor(this) != kDialogDone)
         return;
     shared::settings.*setting = settingFromColour(dialog.Color);
     for (TextPane *pane : m_panes) {
@@ -81,7 +81,7 @@ void EditTextFrm::EscolherCorForeground() {
 void EditTextFrm::EscolherFonte() {
     CommonDialog &dialog = commonDialog(DialogFrm::ColourAndFont);
     dialog.Font = fontOfSettings();
-    if (dialog.ShowFont() == kDialogDone)
+    if (dialog.ShowFont(this) == kDialogDone)
         chooseFont(dialog.Font);
 }
 

@@ -104,7 +104,7 @@ std::string EditTextGuardarHPFrm::askForFile() {
         dialog.FilterIndex = 2;
         dialog.InitDir = shared::settings.DfDirFHP;
         dialog.Flags = kOverwritePrompt;
-        if (dialog.ShowSave() != kDialogDone)
+        if (dialog.ShowSave(this) != kDialogDone)
             return {};
         if (nameIsAllowed(dialog.FileTitle()))
             return dialog.FileName;

@@ -62,7 +62,7 @@ bool EditTextPreviewNormalFrm::compile() {
 
 void EditTextPreviewNormalFrm::AbrirFicheiro() {
     CommonDialog &dialog = previewDialog(QStringLiteral("Open"), kFileMustExist);
-    if (dialog.ShowOpen() != kDialogDone)
+    if (dialog.ShowOpen(this) != kDialogDone)
         return;
     shared::settings.DfDirPrN = folderOf(dialog.FileName);
     // A file that can't be read leaves the window as it was, silently.
@@ -71,7 +71,7 @@ void EditTextPreviewNormalFrm::AbrirFicheiro() {
 
 void EditTextPreviewNormalFrm::GuardarComoFicheiro() {
     CommonDialog &dialog = previewDialog(QStringLiteral("Save"), kOverwritePrompt);
-    if (dialog.ShowSave() != kDialogDone)
+    if (dialog.ShowSave(this) != kDialogDone)
         return;
     shared::settings.DfDirPrN = folderOf(dialog.FileName);
     static_cast<void>(Text4->SaveFile(dialog.FileName));

@@ -158,7 +158,7 @@ std::string SymbolFrm::askForFile(const QString &title, int flags) {
     dialog.FilterIndex = 1;
     dialog.Flags = flags;
     dialog.InitDir = dialog.FileName = shared::settings.DefltSmb;
-    const int ended = flags & kFileMustExist ? dialog.ShowOpen() : dialog.ShowSave();
+    const int ended = flags & kFileMustExist ? dialog.ShowOpen(this) : dialog.ShowSave(this);
     return ended == kDialogDone ? dialog.FileName : std::string();
 }
 
