@@ -120,22 +120,6 @@ def style_glyphs(sections):
     return [(name, {**glyphs, **sections.get(name, {})}) for name, glyphs in fonts]
 
 
-def check_told_apart(fonts):
-    """Every character of the plain font has a picture of its own but the two blanks;
-    in every font the letters and digits have, and bold shows."""
-    fonts = dict(fonts)
-    letters = [code for code in range(48, 123) if chr(code).isalnum()]
-    for name, glyphs in fonts.items():
-        seen = {}
-        for code in range(33, 256) if name == "ZOLT" else letters:
-            other = seen.setdefault(str(glyphs[code]), code)
-            if other != code:
-                sys.exit(f"{name}: {other} and {code} look alike")
-    for code, rows in fonts["ZOLT"].items():
-        if any(any(row) for row in rows) and fonts["ZOLTBold"][code] == rows:
-            sys.exit(f"ZOLTBold: {code} isn't bold")
-
-
 def rectangles(rows):
     """The dots as few rectangles (x, y, width, height), none touching another's inside:
     runs in a row, joined with equal runs below."""
@@ -233,7 +217,6 @@ def write_table(fonts, path):
 def main():
     source, folder, table = sys.argv[1:]
     fonts = style_glyphs(read_glyphs(source))
-    check_told_apart(fonts)
     for name, glyphs in fonts:
         build_font(name, glyphs, os.path.join(folder, name + ".ttf"))
     write_table(fonts, table)

@@ -8,6 +8,9 @@
 #include <QRawFont>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
+
 namespace zolt {
 namespace {
 
@@ -87,6 +90,39 @@ TEST_P(Fonts, ShowAByteForItsCharactersInBothSets) {
                 EXPECT_EQ(picture(calculatorCharacter(byte)), picture(0xE000 + byte)) << name << ' ' << code;
             }
         }
+    }
+}
+
+/// Characters that are one to the eye by nature, in every style.
+struct Alike {
+    int first, second;
+    const char *reason;
+};
+constexpr Alike kAlike[] = {{32, 160, "the space that breaks no line is a space"}};
+
+bool alikeByNature(int first, int second) {
+    return std::any_of(std::begin(kAlike), std::end(kAlike),
+                       [=](const Alike &pair) { return pair.first == first && pair.second == second; });
+}
+
+TEST(Glyphs, TellEveryCharacterFromTheOthersOfItsStyle) {
+    for (int style = 0; style < kStyleCount; ++style) {
+        const auto s = static_cast<Style>(style);
+        std::map<decltype(Glyph::rows), int> seen;
+        for (int code = 0; code < 256; ++code) {
+            const auto [first, isNew] = seen.emplace(glyph(s, static_cast<unsigned char>(code)).rows, code);
+            EXPECT_TRUE(isNew || alikeByNature(first->second, code))
+                << fontOfStyle(s) << ": " << first->second << " and " << code << " look alike";
+        }
+    }
+}
+
+TEST(Glyphs, ShowBoldInEveryCharacterThatHasDots) {
+    constexpr decltype(Glyph::rows) blank = {};
+    for (int code = 0; code < 256; ++code) {
+        const auto byte = static_cast<unsigned char>(code);
+        const auto &plain = glyph(Style::Plain, byte).rows;
+        EXPECT_TRUE(plain == blank || plain != glyph(Style::Bold, byte).rows) << code;
     }
 }
 
