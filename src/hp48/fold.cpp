@@ -59,11 +59,12 @@ private:
     }
 
     /// A code for double size leaves room for 16 characters at column 1, and for
-    /// fewer behind other columns. From column 19 on nothing would be left in front
-    /// of the break: the ordinary fold alone serves there.
+    /// fewer behind other columns; at column 19 it is itself the first behind the
+    /// break. Beyond that the break would lie in front of characters already taken:
+    /// the ordinary fold alone serves there.
     void breakDoubleLine() {
         constexpr std::ptrdiff_t kCodeAndRoom = kDoubleColumns + 3;
-        if (m_column >= kCodeAndRoom)
+        if (m_column > kCodeAndRoom)
             return;
         const std::size_t end = m_position + static_cast<std::size_t>(kCodeAndRoom - m_column);
         if (nextLineEnd() < end)

@@ -177,8 +177,8 @@ std::string fold(const std::string &s) {
             for (long q = pos; q <= pos + 18 - col; ++q)
                 lineEnds = lineEnds || stands(s, q, "\r\n");
             const long q = pos + 19 - col;
-            // A break at or before the code would take characters twice.
-            if (!lineEnds && q > pos) {
+            // A break before the code would take characters twice.
+            if (!lineEnds && q >= pos) {
                 for (; pos < q; ++pos)
                     out += at(s, pos);
                 out += "\r\n";

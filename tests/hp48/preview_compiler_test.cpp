@@ -166,8 +166,10 @@ INSTANTIATE_TEST_SUITE_P(
         CompileCase{"DoubleSizeAtColumn1", "@D12345678901234567890@D", "D{1234567890123456\r\n7890}\r\n"},
         CompileCase{"DoubleSizeAtColumn5", "abcd@D12345678901234567890@D",
                     "abcdD{123456789012\r\n34567890}\r\n"},
-        CompileCase{"DoubleSizeBehindColumn19", kText33.substr(0, 20) + "@Dx@D",
-                    kText33.substr(0, 20) + "D{x}\r\n"},
+        CompileCase{"DoubleSizeAtColumn19", kText33.substr(0, 18) + "@Dx@D",
+                    kText33.substr(0, 18) + "\r\nD{x}\r\n"},
+        CompileCase{"DoubleSizeBehindColumn19", kText33.substr(0, 19) + "@Dx@D",
+                    kText33.substr(0, 19) + "D{x}\r\n"},
         CompileCase{"BandOfCellsIsNotFolded",
                     [] {
                         std::string band;
