@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <vector>
 
 namespace zolt {
 
@@ -28,8 +29,9 @@ constexpr std::array<std::string_view, 27> kCommands{
     "LOG", "VAR",  "LN",    "MENU",    "HOME", "RCL",    "CLEAR", "STO", "TIME",
     "NUM", "DROP", "EVAL",  "PICTURE", "PICT", "EQ LIB", "CONT",  "OFF", "TEXT"};
 
+constexpr std::string_view kPi = "\x87";
 /// Constants of the calculator, told apart by case: the imaginary unit and pi.
-constexpr std::array<std::string_view, 2> kConstants{"i", "\x87"};
+constexpr std::array<std::string_view, 2> kConstants{"i", kPi};
 
 /// 133 is the calculator's capital sigma.
 constexpr std::array<std::string_view, 9> kReservedNames{"EQ",
@@ -70,49 +72,84 @@ std::string about(std::string_view beginning, std::string_view what, std::string
 
 constexpr std::string_view kEnterAgain = "\r\nPlease re-enter the filename";
 
-NameVerdict invalidCharacter(std::string_view character) {
-    return {NameVerdict::Refused, NameVerdict::InvalidCharacter,
-            about("The filename contains the invalid character", character, kEnterAgain)};
+/// The calculator's byte for a character: its own set first, then code page 1252,
+/// whose letters from 160 up it shares.
+std::optional<char> nameByte(char32_t character) {
+    struct Alias {
+        char32_t character;
+        unsigned char byte;
+    };
+    // The calculator has one sign for each of these and its Latin double.
+    constexpr std::array<Alias, 2> kGreekDoubles{{{U'\u03B2', 223}, {U'\u03BC', 181}}};
+    for (const Alias &alias : kGreekDoubles)
+        if (alias.character == character)
+            return static_cast<char>(alias.byte);
+    for (const auto characterOf : {calculatorCharacter, windowsCharacter})
+        for (int byte = 0; byte < 256; ++byte)
+            if (characterOf(static_cast<unsigned char>(byte)) == character)
+                return static_cast<char>(byte);
+    return std::nullopt;
 }
 
-std::optional<char> windowsByte(char32_t character) {
-    for (int byte = 0; byte < 256; ++byte)
-        if (windowsCharacter(static_cast<unsigned char>(byte)) == character)
-            return static_cast<char>(byte);
-    return std::nullopt;
+/// A name as the calculator's bytes, and as it was typed for the messages.
+struct Name {
+    std::string bytes;
+    std::string_view typed;
+    /// Where in `typed` the text of each byte ends.
+    std::vector<std::size_t> ends;
+
+    std::string_view typedByte(std::size_t i) const {
+        const std::size_t begin = i > 0 ? ends[i - 1] : 0;
+        return typed.substr(begin, ends[i] - begin);
+    }
+};
+
+Name nameOfBytes(std::string_view bytes) {
+    Name name{std::string(bytes), bytes, {}};
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        name.ends.push_back(i + 1);
+    return name;
+}
+
+Name nameOfUtf8(std::string_view typed) {
+    // What the calculator doesn't have is as invalid in a name as this.
+    constexpr char kStandIn = kInvalidCharacters.front();
+    Name name{{}, typed, {}};
+    for (std::string_view rest = typed; !rest.empty();) {
+        const std::optional<char32_t> character = takeCharacter(rest);
+        name.bytes += (character ? nameByte(*character) : std::nullopt).value_or(kStandIn);
+        name.ends.push_back(typed.size() - rest.size());
+    }
+    return name;
+}
+
+NameVerdict check(const Name &name) {
+    if (const std::size_t bad = name.bytes.find_first_of(kInvalidCharacters); bad != std::string::npos)
+        return {NameVerdict::Refused, NameVerdict::InvalidCharacter,
+                about("The filename contains the invalid character", name.typedByte(bad), kEnterAgain)};
+    if (!name.bytes.empty() && isDigit(name.bytes.front()))
+        return {NameVerdict::Refused, NameVerdict::FirstDigit,
+                about("The filename cannot begin with a digit", name.typedByte(0), kEnterAgain)};
+    const std::string capitalBytes = capitals(name.bytes);
+    // What is a command is typed in ASCII, but for pi, which has no capital here.
+    if (isAmong(kCommands, capitalBytes) || isAmong(kConstants, name.bytes))
+        return {NameVerdict::Refused, NameVerdict::CommandName,
+                about("Command names are not allowed", name.bytes == kPi ? name.typed : capitalBytes,
+                      std::string(kEnterAgain) + ".")};
+    if (isReserved(capitalBytes))
+        return {NameVerdict::Reserved, NameVerdict::ReservedVariable,
+                about("The filename", name.typed, "is a reserved variable\r\nContinue ?")};
+    return {};
 }
 
 } // namespace
 
 NameVerdict checkHpFileName(std::string_view title) {
-    if (const std::size_t bad = title.find_first_of(kInvalidCharacters); bad != std::string_view::npos)
-        return invalidCharacter(title.substr(bad, 1));
-    if (!title.empty() && isDigit(title.front()))
-        return {NameVerdict::Refused, NameVerdict::FirstDigit,
-                about("The filename cannot begin with a digit", title.substr(0, 1), kEnterAgain)};
-    const std::string capitalTitle = capitals(title);
-    if (isAmong(kCommands, capitalTitle) || isAmong(kConstants, title))
-        return {NameVerdict::Refused, NameVerdict::CommandName,
-                about("Command names are not allowed", capitalTitle, std::string(kEnterAgain) + ".")};
-    if (isReserved(capitalTitle))
-        return {NameVerdict::Reserved, NameVerdict::ReservedVariable,
-                about("The filename", title, "is a reserved variable\r\nContinue ?")};
-    return {};
+    return check(nameOfBytes(title));
 }
 
 NameVerdict checkHpFileTitle(std::string_view utf8Title) {
-    std::string title;
-    for (std::string_view rest = utf8Title; !rest.empty();) {
-        const std::string_view from = rest;
-        const std::optional<char32_t> character = takeCharacter(rest);
-        const std::optional<char> byte = character ? windowsByte(*character) : std::nullopt;
-        if (!byte)
-            return invalidCharacter(from.substr(0, from.size() - rest.size()));
-        title += *byte;
-    }
-    NameVerdict verdict = checkHpFileName(title);
-    verdict.message = utf8FromWindows(verdict.message);
-    return verdict;
+    return check(nameOfUtf8(utf8Title));
 }
 
 std::string hpFile(std::string_view text) {

@@ -29,8 +29,9 @@ struct NameVerdict {
 NameVerdict checkHpFileName(std::string_view title);
 
 /// The same for a name in UTF-8, as windows and command lines give it; the message
-/// is UTF-8 too. Its characters stand for their bytes in code page 1252; one that
-/// has none is an invalid character.
+/// is UTF-8 too and shows the name as typed. Its characters stand for their bytes in
+/// the calculator's set, or else in code page 1252; one that has none is an invalid
+/// character.
 NameVerdict checkHpFileTitle(std::string_view utf8Title);
 
 /// The HP file of a corrected document: its bytes and one CR LF.

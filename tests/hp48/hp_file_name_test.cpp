@@ -59,19 +59,38 @@ INSTANTIATE_TEST_SUITE_P(Names, ChecksName,
                                          reserved("derx"), reserved("DER"), allowed("ORDER"), reserved("S1"),
                                          reserved("n7"), allowed("S10"), allowed("S"), allowed("T1")));
 
-TEST(HpFileTitle, StandsForBytesOfTheCodePage) {
-    // 160 to 255 are the same in UTF-8's numbering, 128 to 159 are not.
-    EXPECT_EQ(checkHpFileTitle("r\u00E9sum\u00E9").kind, NameVerdict::Allowed);
-    EXPECT_EQ(checkHpFileTitle("\u2026DAT").kind, NameVerdict::Reserved);
-    EXPECT_EQ(checkHpFileTitle("\u2026dat").message,
-              "The filename (\u2026dat) is a reserved variable\r\nContinue ?");
-    EXPECT_EQ(checkHpFileTitle("a\u2030").message,
-              "The filename contains the invalid character (\u2030) " + kAgain);
+struct TitleCase {
+    const char *typed;
+    NameVerdict::Check check;
+    std::string message;
+};
+
+TEST(HpFileTitle, StandsForBytesOfTheCalculatorAndIsShownAsTyped) {
+    const auto invalid = [](const std::string &character) {
+        return "The filename contains the invalid character (" + character + ") " + kAgain;
+    };
+    const TitleCase cases[] = {
+        {"\u03B1\u03B2", NameVerdict::None, ""},
+        {"\u00DF\u03BC\u00B5\u03A9", NameVerdict::None, ""},
+        {"r\u00E9sum\u00E9", NameVerdict::None, ""},
+        {"\u03A3dat", NameVerdict::ReservedVariable,
+         "The filename (\u03A3dat) is a reserved variable\r\nContinue ?"},
+        {"\u03C0", NameVerdict::CommandName, "Command names are not allowed (\u03C0) " + kAgain + "."},
+        {"\u03B1\u2264", NameVerdict::InvalidCharacter, invalid("\u2264")},
+        {"a\u00AB.", NameVerdict::InvalidCharacter, invalid("\u00AB")},
+        // What isn't in the set is told where it stands.
+        {"a\u4E2D.", NameVerdict::InvalidCharacter, invalid("\u4E2D")},
+        {"a.\u4E2D", NameVerdict::InvalidCharacter, invalid(".")},
+        {"7\u03B1", NameVerdict::FirstDigit, "The filename cannot begin with a digit (7) " + kAgain},
+    };
+    for (const TitleCase &one : cases) {
+        const NameVerdict verdict = checkHpFileTitle(one.typed);
+        EXPECT_EQ(verdict.check, one.check) << one.typed;
+        EXPECT_EQ(verdict.message, one.message);
+    }
 }
 
-TEST(HpFileTitle, RefusesWhatHasNoByte) {
-    EXPECT_EQ(checkHpFileTitle("\u03B1\u03B2").message,
-              "The filename contains the invalid character (\u03B1) " + kAgain);
+TEST(HpFileTitle, RefusesWhatIsNoUtf8) {
     for (const std::string_view broken : {"A\xC3", "A\xC0\x80", "A\xED\xA0\x80", "A\xF8", "A\x80"})
         EXPECT_EQ(checkHpFileTitle(broken).kind, NameVerdict::Refused);
 }

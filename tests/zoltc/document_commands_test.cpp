@@ -71,7 +71,9 @@ TEST_F(DocumentCommands, HpRefusesNamesWithTheWindowsMessage) {
     EXPECT_EQ(point.complaint,
               "The filename contains the invalid character (.) \r\nPlease re-enter the filename\n");
     EXPECT_FALSE(std::filesystem::exists(file("a.hp")));
-    EXPECT_EQ(runCommand({"hp", input, file("\u03B1")}).code, 1);
+    EXPECT_EQ(runCommand({"hp", input, file("\u4E2D")}).code, 1);
+    EXPECT_EQ(runCommand({"hp", input, file("\u03B1\u03B2")}).code, 0);
+    EXPECT_EQ(bytesOf(file("\u03B1\u03B2")), "\"a\"\r\n");
 
     const Outcome reserved = runCommand({"hp", input, file("Cst")});
     EXPECT_EQ(reserved.code, 1);
