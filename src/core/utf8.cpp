@@ -45,6 +45,14 @@ std::optional<char32_t> decoded(std::string_view utf8, const Form &form) {
     return character;
 }
 
+/// The byte of a character in code page 1252, or "?".
+char windowsByte(std::optional<char32_t> character) {
+    for (int byte = 0; byte < 256; ++byte)
+        if (windowsCharacter(static_cast<unsigned char>(byte)) == character)
+            return static_cast<char>(byte);
+    return '?';
+}
+
 } // namespace
 
 std::optional<char32_t> takeCharacter(std::string_view &utf8) {
@@ -70,12 +78,11 @@ void appendCharacter(std::string &utf8, char32_t character) {
     }
 }
 
-std::string utf8FromWindows(std::string_view bytes) {
-    std::string utf8;
-    utf8.reserve(bytes.size());
-    for (const char byte : bytes)
-        appendCharacter(utf8, windowsCharacter(static_cast<unsigned char>(byte)));
-    return utf8;
+std::string windowsFromUtf8(std::string_view utf8) {
+    std::string bytes;
+    while (!utf8.empty())
+        bytes += windowsByte(takeCharacter(utf8));
+    return bytes;
 }
 
 } // namespace zolt

@@ -13,7 +13,8 @@ std::optional<char32_t> takeCharacter(std::string_view &utf8);
 
 void appendCharacter(std::string &utf8, char32_t character);
 
-/// Bytes of code page 1252 in UTF-8.
-std::string utf8FromWindows(std::string_view bytes);
+/// A text in UTF-8 as bytes of code page 1252: "?" for a character outside it and for
+/// a byte that is no character.
+std::string windowsFromUtf8(std::string_view utf8);
 
 } // namespace zolt

@@ -1,5 +1,6 @@
 #include "core/codes.h"
 #include "core/document.h"
+#include "core/utf8.h"
 #include "export/html_writer.h"
 #include "zoltc/command_table.h"
 
@@ -49,14 +50,15 @@ int runHtml(const Arguments &arguments) {
     std::string bytes;
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
-    const WebPage page = webPage(documentFromFile(bytes), {.ForeColor = *colour,
-                                                           .BackColor = *background,
-                                                           .FontName = arguments.value("font", "ZOLT"),
-                                                           .FontSize = *points,
-                                                           .FontBold = arguments.has("bold"),
-                                                           .FontItalic = arguments.has("italic"),
-                                                           .FontUnderline = arguments.has("underline"),
-                                                           .FontStrikethru = arguments.has("strikethrough")});
+    const WebPage page =
+        webPage(documentFromFile(bytes), {.ForeColor = *colour,
+                                          .BackColor = *background,
+                                          .FontName = windowsFromUtf8(arguments.value("font", "ZOLT")),
+                                          .FontSize = *points,
+                                          .FontBold = arguments.has("bold"),
+                                          .FontItalic = arguments.has("italic"),
+                                          .FontUnderline = arguments.has("underline"),
+                                          .FontStrikethru = arguments.has("strikethrough")});
     if (!page.ok()) {
         unusable(arguments.files[0], page.message);
         return Refused;

@@ -1,5 +1,6 @@
 #include "core/atomic_file.h"
 #include "core/document.h"
+#include "core/utf8.h"
 #include "export/pdf_writer.h"
 #include "zoltc/command_table.h"
 
@@ -56,11 +57,11 @@ std::optional<std::string_view> readOptions(const Arguments &arguments, PdfParam
     parameters.pageWidth = page->width;
     parameters.pageHeight = page->height;
 
-    parameters.title = arguments.value("title");
-    parameters.subject = arguments.value("subject");
-    parameters.author = arguments.value("author");
-    parameters.keywords = arguments.value("keywords");
-    parameters.creator = arguments.value("creator", parameters.creator);
+    parameters.title = windowsFromUtf8(arguments.value("title"));
+    parameters.subject = windowsFromUtf8(arguments.value("subject"));
+    parameters.author = windowsFromUtf8(arguments.value("author"));
+    parameters.keywords = windowsFromUtf8(arguments.value("keywords"));
+    parameters.creator = windowsFromUtf8(arguments.value("creator", parameters.creator));
     return std::nullopt;
 }
 
@@ -104,7 +105,7 @@ Command pdfCommand() {
     return {"pdf",
             "INPUT OUTPUT",
             "Writes a document as a PDF file.\n"
-            "Codes and pictures are not interpreted. Texts go into the file as their bytes.",
+            "Codes and pictures are not interpreted. Texts of options are stored in code page 1252.",
             {{"font", "NAME", "Courier, Times-Roman or Arial (Times-Roman)"},
              {"size", "POINTS", "font size, 8 to 20 (10)"},
              {"rotation", "DEGREES", "0, 90, 180 or 270 (0)"},

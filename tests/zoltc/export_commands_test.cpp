@@ -49,11 +49,11 @@ TEST_F(ExportCommands, SymbolsListsAndJoins) {
 
 TEST_F(ExportCommands, HtmlTakesTheLookFromItsOptions) {
     put("a.zlt", "a\rb\r\n");
-    EXPECT_EQ(zoltc({"html", "@a.zlt", "@a.html", "--font", "Sans Serif", "--size", "14.25", "--color",
+    EXPECT_EQ(zoltc({"html", "@a.zlt", "@a.html", "--font", "S\u00E3o \u03B1", "--size", "14.25", "--color",
                      "12aBcD", "--background=0000FF", "--underline", "--strikethrough"}),
               Done);
     EXPECT_EQ(get("a.html"), "<html>\r\n<body text=\"#12ABCD\" bgcolor=\"#0000FF\">\r\n"
-                             "<p><font face=\"Sans Serif\" size=\"4\"><strike><u>\r\n"
+                             "<p><font face=\"S\xE3o ?\" size=\"4\"><strike><u>\r\n"
                              "a<br>\r\nb</u></strike></font></p>\r\n</body>\r\n</html>\r\n");
     put("empty.zlt", "\r\n");
     EXPECT_EQ(zoltc({"html", "@empty.zlt", "@empty.html"}), Refused);
@@ -63,15 +63,16 @@ TEST_F(ExportCommands, HtmlTakesTheLookFromItsOptions) {
 
 TEST_F(ExportCommands, PdfTakesItsFormFromItsOptions) {
     put("a.zlt", "a\rb\r\n");
+    const std::string author = "\u00C2 \u2013 \u4E2D\x80.";
     EXPECT_EQ(zoltc({"pdf",        "@a.zlt",   "@a.pdf", "--font",     "Courier", "--size",    "8",
                      "--rotation", "270",      "--page", "14x11",      "--title", "T",         "--subject",
-                     "S",          "--author", "A",      "--keywords", "K",       "--creator", "C"}),
+                     "S",          "--author", author,   "--keywords", "K",       "--creator", "C"}),
               Done);
     const std::string pdf = get("a.pdf");
     for (const char *part :
-         {"/Author (A)\r/CreationDate (D:2", "/Creator (C)\r", "/Title (T)\r/Subject (S)\r/Keywords (K)\r",
-          "/BaseFont /Courier\r", "/Rotate 270\r", "/MediaBox [ 0 0 1008 792 ]\r",
-          "9.6 TL\rT* (a\r\n) Tj\rT* (b\r\n) Tj\r"})
+         {"/Author (\xC2 \x96 ??.)\r/CreationDate (D:2", "/Creator (C)\r",
+          "/Title (T)\r/Subject (S)\r/Keywords (K)\r", "/BaseFont /Courier\r", "/Rotate 270\r",
+          "/MediaBox [ 0 0 1008 792 ]\r", "9.6 TL\rT* (a\r\n) Tj\rT* (b\r\n) Tj\r"})
         EXPECT_NE(pdf.find(part), std::string::npos) << part;
 
     put("long.zlt", std::string(1665 * 60, '\r'));
