@@ -1,10 +1,13 @@
 #include "core/atomic_file.h"
 
+#include "core/descriptor.h"
 #include "core/file.h"
+#include "core/file_in_place.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -42,6 +45,14 @@ void keepOwner(int fd, const struct stat &old) {
         const int groupAlone = ::fchown(fd, static_cast<uid_t>(-1), old.st_gid);
 }
 
+/// Whether an error says that a folder or a file may not be changed in this way, while
+/// another way may be open: a folder of others, a sticky one, a read-only file system
+/// with a writable file on it, a file that is itself a mount.
+bool isRefusal(int error) {
+    constexpr std::array kRefusals{EACCES, EPERM, EROFS, EBUSY, EXDEV};
+    return std::find(kRefusals.begin(), kRefusals.end(), error) != kRefusals.end();
+}
+
 void flushFolder(const std::string &folder) {
     const int fd = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0)
@@ -58,31 +69,34 @@ AtomicFile::AtomicFile(const std::string &path) : m_target(linkTarget(path)) {
 
 void AtomicFile::open() {
     struct stat status {};
-    const bool exists = ::stat(m_target.c_str(), &status) == 0;
-    if (!exists && errno != ENOENT)
+    m_targetExists = ::stat(m_target.c_str(), &status) == 0;
+    if (!m_targetExists && errno != ENOENT)
         return fail(errno);
-    if (exists && !S_ISREG(status.st_mode)) {
-        m_reason = S_ISDIR(status.st_mode) ? std::strerror(EISDIR) : "Not a regular file";
+    if (m_targetExists && !S_ISREG(status.st_mode)) {
+        m_reason = S_ISDIR(status.st_mode) ? reasonOf(EISDIR) : "Not a regular file";
         return;
     }
     // A file that its owner made read-only is not replaced behind his back.
-    if (exists && ::access(m_target.c_str(), W_OK) != 0)
+    if (m_targetExists && ::access(m_target.c_str(), W_OK) != 0)
         return fail(errno);
-    m_beside = folderOf(m_target) + ".zolt-XXXXXX";
-    m_fd = ::mkostemp(m_beside.data(), O_CLOEXEC);
+    m_name = folderOf(m_target) + ".zolt-XXXXXX";
+    m_fd = ::mkostemp(m_name.data(), O_CLOEXEC);
+    if (m_fd < 0 && m_targetExists && isRefusal(errno)) {
+        m_isBeside = false;
+        m_fd = makeTemporaryFile(m_name);
+    }
     if (m_fd < 0)
         return fail(errno);
-    if (exists)
+    if (!m_isBeside)
+        return;
+    if (m_targetExists)
         keepOwner(m_fd, status);
-    if (::fchmod(m_fd, exists ? status.st_mode & 0777 : newFileMode()) != 0)
+    if (::fchmod(m_fd, m_targetExists ? status.st_mode & 0777 : newFileMode()) != 0)
         fail(errno);
 }
 
 AtomicFile::~AtomicFile() {
-    if (m_fd < 0)
-        return;
-    ::close(m_fd);
-    ::unlink(m_beside.c_str());
+    discard();
 }
 
 void AtomicFile::append(std::string_view bytes) {
@@ -96,19 +110,38 @@ void AtomicFile::append(std::string_view bytes) {
 }
 
 std::string AtomicFile::commit() {
-    if (m_reason.empty() && (::fsync(m_fd) != 0 || ::rename(m_beside.c_str(), m_target.c_str()) != 0))
+    if (m_reason.empty() && ::fsync(m_fd) != 0)
         fail(errno);
-    if (!m_reason.empty())
-        return m_reason;
+    if (m_reason.empty())
+        takePlace();
+    discard();
+    return m_reason;
+}
+
+void AtomicFile::takePlace() {
+    if (m_isBeside && ::rename(m_name.c_str(), m_target.c_str()) == 0) {
+        m_name.clear();
+        flushFolder(folderOf(m_target));
+    } else if (!m_isBeside || (m_targetExists && isRefusal(errno))) {
+        m_reason = overwriteInPlace(m_fd, m_target);
+    } else {
+        fail(errno);
+    }
+}
+
+/// Closes the new file, and takes it away unless it has become the target.
+void AtomicFile::discard() {
+    if (m_fd < 0)
+        return;
     ::close(m_fd);
     m_fd = -1;
-    flushFolder(folderOf(m_target));
-    return {};
+    if (!m_name.empty())
+        ::unlink(m_name.c_str());
 }
 
 void AtomicFile::fail(int error) {
     if (m_reason.empty())
-        m_reason = std::strerror(error);
+        m_reason = reasonOf(error);
 }
 
 } // namespace zolt

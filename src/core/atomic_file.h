@@ -9,6 +9,9 @@ namespace zolt {
 /// the bytes go into a new file beside it, and commit() puts that in its place.
 /// Symbolic links stay links, and an existing file keeps its permissions and, where
 /// the user may give it away, its owner; other hard links keep the old contents.
+/// Where the folder takes no new file or the system doesn't let the old one be
+/// replaced, the bytes wait in the folder of temporary files and commit() writes them
+/// over the old ones, as overwriteInPlace does.
 /// Only regular files that may be written are replaced. The first failure is kept;
 /// what is appended after it is dropped. Without a commit nothing has changed and
 /// the new file is gone.
@@ -26,10 +29,16 @@ public:
 
 private:
     void open();
+    void takePlace();
+    void discard();
     void fail(int error);
 
     std::string m_target;
-    std::string m_beside;
+    bool m_targetExists = false;
+    /// The new file: beside the target, or among the temporary files; empty once it
+    /// has become the target.
+    std::string m_name;
+    bool m_isBeside = true;
     int m_fd = -1;
     std::string m_reason;
 };

@@ -1,44 +1,17 @@
 #include "core/file.h"
 
 #include "core/atomic_file.h"
+#include "core/descriptor.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace zolt {
 
-namespace {
-
-std::string reasonOf(int error) {
-    return std::strerror(error);
-}
-
-/// An open file that closes itself.
-class Descriptor {
-public:
-    explicit Descriptor(int fd) : m_fd(fd) {}
-    ~Descriptor() {
-        if (m_fd >= 0)
-            ::close(m_fd);
-    }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-
-    int get() const { return m_fd; }
-    bool isOpen() const { return m_fd >= 0; }
-
-private:
-    int m_fd;
-};
-
-} // namespace
-
 FileContents readFile(const std::string &path, std::uint64_t largest) {
     FileContents contents;
-    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status {};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0) {
         contents.reason = reasonOf(errno);

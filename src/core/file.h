@@ -23,7 +23,8 @@ inline constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 30;
 FileContents readFile(const std::string &path, std::uint64_t largest = kLargestFile);
 
 /// Replaces the file `path` by `bytes`, or makes it, as an AtomicFile does: at every
-/// moment the old or the new contents stand there whole. Returns the reason of a
+/// moment the old or the new contents stand there whole, but for a file that can only
+/// be written in place. Returns the reason of a
 /// failure, else an empty text.
 std::string writeFile(const std::string &path, std::string_view bytes);
 

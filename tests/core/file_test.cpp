@@ -1,11 +1,11 @@
 #include "core/file.h"
 
+#include "support/other_user.h"
 #include "support/temporary_folder.h"
 
 #include <csignal>
 #include <gtest/gtest.h>
 #include <random>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -13,7 +13,9 @@
 namespace zolt {
 namespace {
 
+using test::asNobody;
 using test::bytesOf;
+using test::limitFiles;
 using test::putBytes;
 using test::TemporaryFolder;
 
@@ -88,17 +90,7 @@ TEST(WriteFile, RefusesAReadOnlyFile) {
     putBytes(path, "kept");
     chmod(path.c_str(), 0444);
     chmod(folder.path().c_str(), 0777);
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        // Root may write every file, and so becomes somebody else.
-        constexpr uid_t kNobody = 65534;
-        const bool ready = geteuid() != 0 || setuid(kNobody) == 0;
-        _exit(ready && writeFile(path, "lost") == "Permission denied" ? 0 : 1);
-    }
-    int status = -1;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(asNobody([&] { return writeFile(path, "lost") == "Permission denied"; }));
     EXPECT_EQ(bytesOf(path), "kept");
 }
 
@@ -106,16 +98,12 @@ TEST(WriteFile, LeavesTheOldFileOnAFullDisk) {
     const TemporaryFolder folder;
     const std::string path = folder.file("a");
     putBytes(path, "old");
-    // A limit on the size of files stops a write in the middle, as a full disk does.
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit small{4096, before.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &small);
-    const std::string reason = writeFile(path, std::string(100000, 'x'));
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(reason, "File too large");
+    chmod(path.c_str(), 0666);
+    chmod(folder.path().c_str(), 0777);
+    EXPECT_TRUE(asNobody([&] {
+        limitFiles(4096);
+        return writeFile(path, std::string(100000, 'x')) == "File too large";
+    }));
     EXPECT_EQ(bytesOf(path), "old");
     EXPECT_EQ(filesIn(folder.path()), 1u);
 }
