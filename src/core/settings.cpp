@@ -9,10 +9,13 @@
 #include <cmath>
 #include <limits>
 #include <variant>
+#include <vector>
 
 namespace zolt {
 
 namespace {
+
+using namespace std::string_view_literals;
 
 using IntegerField = std::int16_t Settings::*;
 using TextField = std::string Settings::*;
@@ -169,6 +172,22 @@ std::string valueText(const Field &field, const Settings &settings) {
     return settings.*std::get<TextField>(field.member);
 }
 
+std::vector<TextField> textFields() {
+    std::vector<TextField> members;
+    for (const Field &field : kFields)
+        if (const auto *member = std::get_if<TextField>(&field.member))
+            members.push_back(*member);
+    return members;
+}
+
+/// The settings of a file that couldn't hold all the defaults.
+Settings withMissingDefaults(Settings settings, const Settings &defaults) {
+    for (const TextField member : textFields())
+        if ((settings.*member).empty() && !fitsSetting(defaults.*member))
+            settings.*member = defaults.*member;
+    return settings;
+}
+
 std::optional<Settings> settingsFromPath(const std::string &path) {
     const FileContents file = readFile(path, kLargestSettingsFile);
     return file.ok() ? settingsFromFile(file.bytes) : std::nullopt;
@@ -203,13 +222,28 @@ std::string fileFromSettings(const Settings &settings) {
     return bytes;
 }
 
+bool fitsSetting(std::string_view value) {
+    return value.find_first_of(",\r\n\0"sv) == std::string_view::npos;
+}
+
+std::string writeSettings(const std::string &path, const Settings &settings) {
+    const std::optional<Settings> before = settingsFromPath(path);
+    Settings fitting = settings;
+    for (const TextField member : textFields())
+        if (!fitsSetting(fitting.*member))
+            fitting.*member = before ? (*before).*member : std::string();
+    return writeFile(path, fileFromSettings(fitting));
+}
+
 Settings readSettings(const std::string &path, std::string_view programFolder) {
-    if (const auto settings = settingsFromPath(path))
-        return *settings;
     const Settings defaults = defaultSettings(programFolder);
-    // Without a message: a folder that can't be written leaves the defaults in memory.
-    writeFile(path, fileFromSettings(defaults));
-    return settingsFromPath(path).value_or(defaults);
+    std::optional<Settings> settings = settingsFromPath(path);
+    if (!settings) {
+        // Without a message: a folder that can't be written leaves the defaults in memory.
+        writeSettings(path, defaults);
+        settings = settingsFromPath(path);
+    }
+    return settings ? withMissingDefaults(*settings, defaults) : defaults;
 }
 
 } // namespace zolt

@@ -81,11 +81,21 @@ Settings defaultSettings(std::string_view programFolder);
 /// fit its field.
 std::optional<Settings> settingsFromFile(std::string_view bytes);
 
+/// The file's bytes. Texts that don't fit would make it unreadable: see `writeSettings`.
 std::string fileFromSettings(const Settings &settings);
 
+/// Whether a text can stand in the file as a value: a field would end at a comma or
+/// at a line's end. Folders may have such names.
+bool fitsSetting(std::string_view value);
+
+/// Writes the file `path`. Where a text doesn't fit, the one in the file stays, or the
+/// value is left empty if there is none. Returns the reason of a failure, else an empty
+/// text.
+std::string writeSettings(const std::string &path, const Settings &settings);
+
 /// Reads the file `path`. If that fails, writes the defaults there and reads them;
-/// if they can't be read either, the defaults stand. Doesn't look at what the
-/// values mean: see `areSound`.
+/// if they can't be read either, the defaults stand. An empty text gets its default if
+/// that is one that doesn't fit. Doesn't look at what the values mean: see `areSound`.
 Settings readSettings(const std::string &path, std::string_view programFolder);
 
 /// The file's one validity mark: TxtWWrap names a pane. Settings that aren't sound

@@ -1,6 +1,5 @@
 #include "shell/mdi_frm.h"
 
-#include "core/file.h"
 #include "core/settings.h"
 #include "platform/desktop.h"
 #include "platform/message_box.h"
@@ -331,7 +330,7 @@ void MDIFrm::closeEvent(QCloseEvent *event) {
             return;
         }
     // A failure is silent: the settings of the last run then stand.
-    writeFile(shared::programFolder + "/ZOLT.ini", fileFromSettings(shared::settings));
+    writeSettings(shared::programFolder + "/ZOLT.ini", shared::settings);
     event->accept();
     for (QWidget *window : QApplication::topLevelWidgets())
         if (window != this)

@@ -136,11 +136,42 @@ TEST(ReadSettings, LeavesASoundFileAndAnUnsoundPaneAlone) {
     EXPECT_EQ(bytesOf(path), file);
 }
 
-TEST(ReadSettings, EndsWithTheDefaultsWhenNothingCanBeWrittenOrReadBack) {
+TEST(ReadSettings, EndsWithTheDefaultsWhenNothingCanBeWritten) {
     const TemporaryFolder folder;
     EXPECT_EQ(readSettings(folder.file("missing/ZOLT.ini"), kFolder), defaultSettings(kFolder));
-    // A comma in the folder's own name makes the defaults unreadable.
-    EXPECT_EQ(readSettings(folder.file("ZOLT.ini"), "/a,b"), defaultSettings("/a,b"));
+}
+
+TEST(WriteSettings, LeavesTheFilesTextWhereOneCannotStandInIt) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("ZOLT.ini");
+    Settings settings = readSettings(path, kFolder);
+    settings.DfDirPdf = "/before/";
+    settings.TFntSize = 14;
+    EXPECT_EQ(writeSettings(path, settings), "");
+    for (const char *unfit : {"/a,b/", "/a\rb/", "/a\nb/", ","}) {
+        Settings changed = settings;
+        changed.DfDirPdf = changed.TFntName = unfit;
+        changed.Question = 2;
+        EXPECT_EQ(writeSettings(path, changed), "");
+        changed.DfDirPdf = "/before/";
+        changed.TFntName = "ZOLT";
+        EXPECT_EQ(readSettings(path, kFolder), changed);
+    }
+}
+
+TEST(WriteSettings, SurviveInAProgramFolderThatCannotStandInTheFile) {
+    const TemporaryFolder folder;
+    const std::string path = folder.file("ZOLT.ini");
+    Settings settings = readSettings(path, "/a,b");
+    EXPECT_EQ(settings, defaultSettings("/a,b"));
+    settings.DfDirPdf = "/pdf/";
+    settings.CharTool = 0;
+    EXPECT_EQ(writeSettings(path, settings), "");
+    EXPECT_EQ(readSettings(path, "/a,b"), settings);
+    EXPECT_EQ(settingsFromFile(bytesOf(path))->DefltDir, "");
+    // An empty text is one like others where its default can stand.
+    putBytes(path, changed("DefltDir=/home/ana/zolt", "DefltDir="));
+    EXPECT_EQ(readSettings(path, kFolder).DefltDir, "");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <QRadioButton>
 #include <QTest>
 #include <QToolBar>
+#include <filesystem>
 
 namespace zolt {
 namespace {
@@ -115,6 +116,18 @@ TEST_F(StartUp, WritesTheSettingsAtTheFirstStartAndAtTheEnd) {
     EXPECT_EQ(fileBytes("ZOLT.ini"), first);
     call(loaded<EditTextFrm>(), "AbandonarPrograma");
     EXPECT_NE(fileBytes("ZOLT.ini").find("TxtWWrap=2\r\n"), std::string::npos);
+}
+
+TEST_F(StartUp, AFolderWithACommaCostsNoSettings) {
+    std::filesystem::create_directory(path("a,b"));
+    writeBytes("a,b/empty.zlt", "");
+    start(path("a,b/empty.zlt"));
+    EXPECT_EQ(shared::settings.DefltDir, path("a,b/"));
+    call(loaded<EditTextFrm>(), "EditarTranslinearpalavras");
+    leave();
+    start();
+    EXPECT_EQ(shared::settings.TxtWWrap, 2);
+    EXPECT_EQ(shared::settings.DefltDir, m_folder.path().toStdString());
 }
 
 TEST_F(StartUp, ASettingsFileOfNoUseGivesTheDefaults) {
