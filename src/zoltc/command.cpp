@@ -52,7 +52,7 @@ void printOverview() {
         name.resize(14, ' ');
         text += name + std::string(command.help.substr(0, command.help.find('\n'))) + "\n";
     }
-    text += "\n\"zoltc COMMAND --help\" tells more.\n"
+    text += "\n\"zoltc COMMAND --help\" tells more, \"zoltc --version\" the version.\n"
             "Exit: 0 done, 1 refused by the rules, 2 bad usage or a file that can't be read or written.\n";
     put(stdout, text);
 }
@@ -203,6 +203,10 @@ int run(const std::vector<std::string> &words) {
         return badUsage("COMMAND", "missing");
     if (words.front() == "--help" || words.front() == "-h" || words.front() == "help") {
         printOverview();
+        return Done;
+    }
+    if (words.front() == "--version") {
+        put(stdout, "zoltc " ZOLT_VERSION "\n");
         return Done;
     }
     const auto &table = commands();

@@ -1,6 +1,7 @@
 #include "support/temporary_folder.h"
 #include "zoltc/command.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 
@@ -125,6 +126,21 @@ TEST_F(DocumentCommands, WorkInAPipe) {
         std::string("'" ZOLTC "' hp '") + input + "' - >/dev/full 2>'" + file("err") + "'";
     EXPECT_EQ(WEXITSTATUS(std::system(full.c_str())), 2);
     EXPECT_EQ(bytesOf(file("err")), "zoltc: standard output: can't be written\n");
+}
+
+TEST_F(DocumentCommands, BothProgramsAnswerWithoutADisplay) {
+    for (const std::string program : {"zolt", "zoltc"}) {
+        const std::string start = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM '" +
+                                  std::string(program == "zolt" ? ZOLT : ZOLTC) + "' ";
+        const std::string end = " >'" + file("out") + "' 2>'" + file("err") + "'";
+        EXPECT_EQ(std::system((start + "--version" + end).c_str()), 0);
+        EXPECT_EQ(bytesOf(file("out")), program + " " ZOLT_VERSION "\n");
+        EXPECT_EQ(std::system((start + "--help" + end).c_str()), 0);
+        const std::string help = bytesOf(file("out"));
+        EXPECT_TRUE(help.starts_with("usage: " + program + " ")) << help;
+        EXPECT_LE(std::count(help.begin(), help.end(), '\n'), 24);
+        EXPECT_EQ(bytesOf(file("err")), "");
+    }
 }
 
 } // namespace
