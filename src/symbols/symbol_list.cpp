@@ -92,8 +92,8 @@ SymbolsRead SymbolList::import(std::string_view file) {
 }
 
 std::string SymbolList::save() const {
-    std::string file = " " + std::to_string(m_symbols.size()) + " ";
-    file += kLineEnd;
+    std::string file(" ");
+    file.append(std::to_string(m_symbols.size())).append(" ").append(kLineEnd);
     for (const auto &[title, expression] : m_symbols)
         file.append(title).append(kLineEnd).append(expression).append(kLineEnd);
     return file;

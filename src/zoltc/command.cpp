@@ -19,9 +19,10 @@ void put(std::FILE *stream, std::string_view text) {
 }
 
 std::string optionForm(const Option &option) {
-    std::string form = "--" + std::string(option.name);
+    std::string form("--");
+    form.append(option.name);
     if (!option.value.empty())
-        form += " " + std::string(option.value);
+        form.append(" ").append(option.value);
     return form;
 }
 
