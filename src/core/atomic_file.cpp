@@ -26,7 +26,7 @@ std::string linkTarget(const std::string &path) {
         if (length <= 0)
             break;
         const std::string next(buffer, static_cast<std::size_t>(length));
-        target = next.starts_with('/') ? next : folderOf(target) + next;
+        target = next.starts_with('/') ? next : folderOf(target).append(next);
     }
     return target;
 }

@@ -52,7 +52,7 @@ std::string replaceContents(int from, int to, int old, const std::string &oldNam
         ::unlink(oldName.c_str());
         return {};
     }
-    const std::string reason = reasonOf(errno);
+    std::string reason = reasonOf(errno);
     if (!copyContents(old, to))
         return reason + " (the old contents are in " + oldName + ")";
     ::unlink(oldName.c_str());
@@ -83,7 +83,7 @@ std::string overwriteInPlace(int from, const std::string &path) {
     if (!old.isOpen())
         return reasonOf(errno);
     if (!copyContents(target.get(), old.get())) {
-        const std::string reason = reasonOf(errno);
+        std::string reason = reasonOf(errno);
         ::unlink(oldName.c_str());
         return reason;
     }
