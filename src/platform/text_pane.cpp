@@ -66,7 +66,7 @@ void TextPane::setText(std::string_view bytes) {
     }
     m_undoSelections.clear();
     m_lastSelection = selection();
-    m_toggledBack = false;
+    m_lastStepUndid = false;
     emit Change();
 }
 
@@ -167,12 +167,7 @@ void TextPane::redo() {
 }
 
 void TextPane::undoToggle() {
-    if (m_toggledBack) {
-        redo();
-    } else if (document()->isUndoAvailable() && !isReadOnly()) {
-        undo();
-        m_toggledBack = true;
-    }
+    m_lastStepUndid ? redo() : undo();
 }
 
 void TextPane::walkHistory(void (QPlainTextEdit::*step)(),
@@ -187,7 +182,7 @@ void TextPane::walkHistory(void (QPlainTextEdit::*step)(),
     }
     if (document()->availableUndoSteps() == depth)
         return;
-    m_toggledBack = false;
+    m_lastStepUndid = step == &QPlainTextEdit::undo;
     if (const auto there = (m_undoSelections.*selectionAt)(document()->availableUndoSteps()))
         select(*there);
     emit Change();
@@ -266,7 +261,7 @@ void TextPane::followContents(int from, int /*removed*/, int added) {
         m_undoSelections.extendLatest(depth, selection());
         return;
     }
-    m_toggledBack = false;
+    m_lastStepUndid = false;
     m_undoSelections.recordChange(depth, m_lastSelection, selection());
     for (const int position : std::set{from, from + added}) {
         if (document()->characterAt(position - 1) == kHeldCr && document()->characterAt(position) == kHeldLf)

@@ -80,7 +80,8 @@ public slots:
     /// stood there.
     void undo();
     void redo();
-    /// Undoes the last change; called again with no change since, brings it back.
+    /// Brings back what the last step undid, whoever took that step; undoes the last
+    /// change if there was a change or a redo since.
     void undoToggle();
 
 signals:
@@ -149,7 +150,7 @@ private:
     bool m_holdsChange = false;       // Change is reported when the caret stands where it shall
     std::optional<int> m_typedNumber; // of a byte, while Alt is held
     bool m_walksHistory = false;      // an undo or redo is under way
-    bool m_toggledBack = false;       // the last change of all was the undo of undoToggle
+    bool m_lastStepUndid = false;     // no change and no redo since the last undo
 };
 
 } // namespace zolt

@@ -250,10 +250,20 @@ TEST(TextPaneUndo, TheCommandTogglesTheLastChange) {
     pane.setSelText("x"); // a change ends the toggling
     pane.undoToggle();
     EXPECT_EQ(pane.Text(), "1 two");
-    pane.undo(); // so does a step of the whole history
+    // A step by the keys counts like one by the command.
+    pane.undo();
     EXPECT_EQ(pane.Text(), "one two");
+    pane.undo();
+    EXPECT_EQ(pane.Text(), "one two") << "there is no more";
+    pane.undoToggle();
+    EXPECT_EQ(pane.Text(), "1 two");
     pane.undoToggle();
     EXPECT_EQ(pane.Text(), "one two");
+    pane.redo();
+    pane.redo();
+    EXPECT_EQ(pane.Text(), "1 x");
+    pane.undoToggle();
+    EXPECT_EQ(pane.Text(), "1 two");
 
     pane.setText("new");
     pane.undoToggle();

@@ -194,3 +194,14 @@ TEST_F(TextWindow, UndoAndRedoButtonsRunOneCommand) {
 
 } // namespace
 } // namespace zolt
+    // The keys' undo is the same one.
+    QTest::keyClick(&pane(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(pane().Text(), "");
+    auto *redo = loaded<MDIFrm>()->findChild<QAction *>(QStringLiteral("Refazer Introdução"));
+    ASSERT_NE(redo, nullptr);
+    redo->trigger();
+    EXPECT_EQ(pane().Text(), "a");
+    redo->trigger();
+    EXPECT_EQ(pane().Text(), "");
+    QTest::keyClick(&pane(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(pane().Text(), "a");
