@@ -4,6 +4,7 @@
 #include "graphic/rich_text_builder.h"
 #include "graphic/rtf_reader.h"
 #include "graphic/rtf_writer.h"
+#include "platform/colours.h"
 #include "platform/held_text.h"
 #include "platform/rich_text_document.h"
 #include "platform/text_offsets.h"
@@ -291,6 +292,7 @@ int RichTextBox::lineCount() const {
 void RichTextBox::setBackColour(const QColor &colour) {
     QPalette colours = palette();
     colours.setColor(QPalette::Base, colour);
+    colours.setColor(QPalette::Text, readableOn(colour));
     setPalette(colours);
 }
 

@@ -97,6 +97,7 @@ public:
     int lineOfOffset(qsizetype offset) const;
     int lineCount() const;
 
+    /// Text that sets no colour becomes black or white with it.
     void setBackColour(const QColor &colour);
 
 signals:

@@ -146,10 +146,10 @@ void EditTextFrm::applyPaneFont() {
 }
 
 void EditTextFrm::applyPaneColours() {
-    const QColor text = qtColour(colourFromSetting(shared::settings.TFntColr), QPalette::Text);
-    const QColor background = qtColour(colourFromSetting(shared::settings.TFntBckC), QPalette::Base);
+    const Colour background = colourFromSetting(shared::settings.TFntBckC);
+    const QColor text = textColourOn(colourFromSetting(shared::settings.TFntColr), background);
     for (TextPane *pane : m_panes)
-        pane->setColours(text, background);
+        pane->setColours(text, qtColour(background, QPalette::Base));
 }
 
 void EditTextFrm::showActivePane() {

@@ -6,7 +6,7 @@
 
 #include <QFont>
 #include <QMdiSubWindow>
-#include <QPalette>
+#include <QColor>
 #include <array>
 #include <optional>
 #include <string>
@@ -141,7 +141,8 @@ private:
     static QFont fontOfSettings();
     /// Takes a font into the settings, both panes and the frame's lists.
     void chooseFont(const QFont &font);
-    void chooseColour(std::string Settings::*setting, QPalette::ColorRole role);
+    /// Asks for a colour that a setting holds, beginning with the one shown; false on Cancel.
+    bool chooseColour(std::string Settings::*setting, const QColor &shown);
     void chooseColours(Colour text, Colour background);
     void changeCase(CaseCommand command);
     /// Notes in the settings which windows stand beside the document.

@@ -58,24 +58,30 @@ void EditTextFrm::MnuInserirLinhahorizontal() {
     activePane().setSelText(horizontalLine());
 }
 
-void EditTextFrm::chooseColour(std::string Settings::*setting, QPalette::ColorRole role) {
+bool EditTextFrm::chooseColour(std::string Settings::*setting, const QColor &shown) {
     CommonDialog &dialog = commonDialog(DialogFrm::ColourAndFont);
-    dialog.Color = colourValue(qtColour(colourFromSetting(shared::settings.*setting), role));
+    dialog.Color = colourValue(shown);
     if (dialog.ShowColor(this) != kDialogDone)
-        return;
+        return false;
     shared::settings.*setting = settingFromColour(dialog.Color);
-    for (TextPane *pane : m_panes) {
-        QPalette colours = pane->palette();
-        colours.setColor(role, qtColour(dialog.Color, role));
-        pane->setPalette(colours);
-    }
+    return true;
 }
 
 void EditTextFrm::EscolherCorBackground() {
-    chooseColour(&Settings::TFntBckC, QPalette::Base);
+    const Colour background = colourFromSetting(shared::settings.TFntBckC);
+    if (chooseColour(&Settings::TFntBckC, qtColour(background, QPalette::Base)))
+        applyPaneColours();
 }
+
 void EditTextFrm::EscolherCorForeground() {
-    chooseColour(&Settings::TFntColr, QPalette::Text);
+    const Colour text = colourFromSetting(shared::settings.TFntColr);
+    const Colour background = colourFromSetting(shared::settings.TFntBckC);
+    if (!chooseColour(&Settings::TFntColr, textColourOn(text, background)))
+        return;
+    // The pane without wrap may have the desktop's background.
+    const QColor chosen = qtColour(colourFromSetting(shared::settings.TFntColr), QPalette::Text);
+    for (TextPane *pane : m_panes)
+        pane->setColours(chosen, pane->palette().color(QPalette::Base));
 }
 
 void EditTextFrm::EscolherFonte() {
@@ -107,7 +113,8 @@ void EditTextFrm::MnuFormatarPadrão() {
     chooseFont(QFont(QStringLiteral("ZOLT"), 10));
     chooseColours(kSystemWindowText, 0xFFFFFF);
     // The pane without wrap follows the desktop until the next start.
-    pane(2).setColours(qtColour(kSystemWindowText, QPalette::Text), qtColour(kSystemWindow, QPalette::Base));
+    pane(2).setColours(textColourOn(kSystemWindowText, kSystemWindow),
+                       qtColour(kSystemWindow, QPalette::Base));
 }
 
 /// Light green on black.

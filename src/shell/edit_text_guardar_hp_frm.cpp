@@ -75,7 +75,7 @@ void EditTextGuardarHPFrm::testDocument() {
         return;
     const TextPane &pane = document->activePane();
     Text1->setPaneFont(pane.font());
-    Text1->setColours(pane.palette().color(QPalette::Text), palette().color(QPalette::Base));
+    Text1->setColours(pane.palette().color(QPalette::Text), pane.palette().color(QPalette::Base));
     const ResultadoDoTeste result = testarIntegridade(pane.Text());
     Text2->setText(result.relatório);
     if (result.númeroDeErros > 0)
