@@ -1,8 +1,8 @@
 #include "platform/text_pane.h"
 
 #include "platform/held_text.h"
-#include "platform/text_offsets.h"
 #include "platform/pane_layout.h"
+#include "platform/text_offsets.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -198,7 +198,9 @@ qsizetype TextPane::offsetOfPosition(int position) const {
 
 QTextLine TextPane::lineOfBlock(const QTextBlock &block, int position) const {
     m_layout->layOut(block);
-    return block.layout()->lineForTextPosition(position - block.position());
+    const QTextLayout *layout = block.layout();
+    const QTextLine line = layout->lineForTextPosition(position - block.position());
+    return line.isValid() ? line : layout->lineAt(layout->lineCount() - 1);
 }
 
 int TextPane::lineOfPosition(int position) const {
@@ -238,6 +240,13 @@ void TextPane::replaceRange(int from, int to, std::string_view bytes, std::optio
     select({position, position});
     m_undoSelections.setLatestAfter(selection());
     emit Change();
+}
+
+std::string TextPane::bytesBetween(int from, int to) const {
+    QTextCursor cursor(document());
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    return bytesOfHeldText(cursor.selectedText());
 }
 
 void TextPane::resizeEvent(QResizeEvent *event) {

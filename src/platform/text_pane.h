@@ -15,18 +15,16 @@ namespace zolt {
 
 class PaneLayout;
 
-/// Clipboard format that carries a pane's bytes exactly, for this program.
-inline constexpr char kPaneBytesMimeType[] = "application/x-zolt-bytes";
-
 /// The plain text box of the windows. Its text is bytes; a line end is CR LF and
 /// counts as two characters; soft wrap adds nothing. Offsets are counted in
 /// bytes from 0; one outside the text is taken as the nearest inside, and one
 /// between CR and LF as the one before the pair.
 ///
-/// Typed, pasted and dropped characters become bytes: that of code page 1252,
-/// else that of the calculator's set, else "?". Enter and any line end from
+/// Typed, pasted and dropped characters become the calculator's bytes, or the
+/// nearest signs that it has (see bytesOfCharacter). Enter and any line end from
 /// outside give CR LF; the Tab key types byte 9. Alt held while the keypad types
 /// a decimal number types the byte of that number, with or without leading zeros.
+/// Files, dropped or pasted, are not taken.
 ///
 /// A key costs the same in a long document as in a short one: length, SelStart,
 /// selEnd and lineOfOffset don't read the text.
@@ -85,7 +83,8 @@ public slots:
     void undoToggle();
 
 signals:
-    // Reported as they happen, after the pane has acted on them.
+    // Reported as they happen, after the pane has acted on them: text, caret and
+    // display lines agree.
     void Change();
     void keyDown();
     void keyUp();
@@ -105,6 +104,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     QMimeData *createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
@@ -125,6 +125,7 @@ private:
     int positionOfOffset(qsizetype offset) const;
     qsizetype offsetOfPosition(int position) const;
 
+    /// The display line that holds a position, always a valid one.
     QTextLine lineOfBlock(const QTextBlock &block, int position) const;
     int lineOfPosition(int position) const;
 
@@ -132,6 +133,9 @@ private:
     void select(PaneSelection selection);
     /// One undo step; the caret goes behind the new bytes if no place is given.
     void replaceRange(int from, int to, std::string_view bytes, std::optional<int> caret);
+    std::string bytesBetween(int from, int to) const;
+    /// The selection, which is `bytes`, goes to a place; nothing if that lies in it.
+    void moveSelection(int place, const std::string &bytes);
     void walkHistory(void (QPlainTextEdit::*step)(),
                      std::optional<PaneSelection> (UndoSelections::*selectionAt)(int depth));
 

@@ -1,8 +1,10 @@
+#include "platform/byte_mime.h"
 #include "platform/held_keys.h"
 #include "platform/held_text.h"
 #include "platform/text_pane.h"
 
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -111,25 +113,44 @@ void TextPane::contextMenuEvent(QContextMenuEvent *event) {
 }
 
 QMimeData *TextPane::createMimeDataFromSelection() const {
-    const std::string bytes = SelText();
-    auto *mimeData = new QMimeData;
-    mimeData->setData(QString::fromLatin1(kPaneBytesMimeType), QByteArray::fromStdString(bytes));
-    mimeData->setText(outsideText(bytes));
-    return mimeData;
+    return mimeOfBytes(SelText());
 }
 
 bool TextPane::canInsertFromMimeData(const QMimeData *source) const {
-    return source->hasFormat(QString::fromLatin1(kPaneBytesMimeType)) || source->hasText();
+    return offersBytes(*source);
 }
 
 void TextPane::insertFromMimeData(const QMimeData *source) {
-    if (isReadOnly() || !source || !canInsertFromMimeData(source))
+    if (!isReadOnly() && source && offersBytes(*source))
+        setSelText(bytesOfMime(*source));
+}
+
+/// Qt would insert within an edit of its own, at whose end only the layout knows the
+/// text, and Change would come before that.
+void TextPane::dropEvent(QDropEvent *event) {
+    QDragLeaveEvent over; // takes away the mark of the place and stops the scrolling
+    QPlainTextEdit::dragLeaveEvent(&over);
+    if (isReadOnly() || !offersBytes(*event->mimeData())) {
+        event->ignore();
         return;
-    const QString ownType = QString::fromLatin1(kPaneBytesMimeType);
-    if (source->hasFormat(ownType))
-        setSelText(source->data(ownType).toStdString());
+    }
+    const int place = cursorForPosition(event->position().toPoint()).position();
+    const std::string bytes = bytesOfMime(*event->mimeData());
+    if (event->dropAction() == Qt::MoveAction && event->source() == viewport())
+        moveSelection(place, bytes);
     else
-        setSelText(bytesOfOutsideText(source->text()));
+        replaceRange(place, place, bytes, std::nullopt);
+    event->acceptProposedAction();
+}
+
+void TextPane::moveSelection(int place, const std::string &bytes) {
+    const int from = textCursor().selectionStart();
+    const int to = textCursor().selectionEnd();
+    if (place < from)
+        replaceRange(place, to, bytes + bytesBetween(place, from),
+                     place + static_cast<int>(heldText(bytes).size()));
+    else if (place > to)
+        replaceRange(from, place, bytesBetween(to, place) + bytes, std::nullopt);
 }
 
 } // namespace zolt

@@ -5,7 +5,9 @@
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 
 namespace zolt {
@@ -25,6 +27,17 @@ protected:
     void saveAs(const std::string &name) {
         answerFileDialog(path(name));
         call(&m_window, "FicheiroGuardarComo");
+    }
+    QPoint placeOf(qsizetype offset) {
+        pane().setSelStart(offset);
+        return pane().cursorRect().center();
+    }
+    /// Drops as another program does, which keeps what it gives.
+    void drop(const QMimeData &mime, QPoint place) {
+        QDragEnterEvent enter(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(pane().viewport(), &enter);
+        QDropEvent drop(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(pane().viewport(), &drop);
     }
     bool windowIsGone() {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -184,16 +197,53 @@ TEST_F(TextWindow, TheStatusBarFollowsTheCaret) {
     EXPECT_EQ(panel(3).text(), QStringLiteral("36"));
 }
 
+TEST_F(TextWindow, DroppedTextMayStandInFrontOfOther) {
+    for (const bool wraps : {true, false}) {
+        if (!wraps)
+            call(&m_window, "EditarTranslinearpalavras");
+        pane().setText("ab");
+        QMimeData mime;
+        mime.setText(QStringLiteral("Hello"));
+        drop(mime, placeOf(1));
+        EXPECT_EQ(pane().Text(), "aHellob");
+        EXPECT_EQ(panel(2).text(), QStringLiteral("(1, 6)"));
+        EXPECT_EQ(panel(3).text(), QStringLiteral("7"));
+    }
+}
+
+/// The offscreen platform has no drags; ctest runs this on one that has.
+TEST_F(TextWindow, DraggingASelectionMovesItInOneStep) {
+    if (QGuiApplication::platformName() == QStringLiteral("offscreen"))
+        GTEST_SKIP() << "no drags here";
+    const std::string before = "Hello\r\nab";
+    pane().setText(before);
+    const QPoint place = placeOf(8);
+    const QPoint from = placeOf(2);
+    pane().setSelStart(0);
+    pane().setSelLength(5);
+    QWindow *native = pane().window()->windowHandle();
+    const auto inWindow = [&](QPoint p) { return pane().viewport()->mapTo(pane().window(), p); };
+    QTest::mousePress(native, Qt::LeftButton, {}, inWindow(from));
+    QTimer::singleShot(50, [&] {
+        QTest::mouseMove(native, inWindow(place));
+        QTest::mouseRelease(native, Qt::LeftButton, {}, inWindow(place));
+    });
+    QTest::mouseMove(native, inWindow(from + QPoint(30, 20)));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(waitFor([&] { return pane().Text() != before; }));
+    EXPECT_EQ(pane().Text(), "\r\naHellob");
+    EXPECT_EQ(panel(2).text(), QStringLiteral("(2, 6)"));
+    QTest::keyClick(&pane(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(pane().Text(), before);
+    EXPECT_EQ(pane().SelText(), "Hello");
+}
+
 TEST_F(TextWindow, UndoAndRedoButtonsRunOneCommand) {
     type("a");
     call(&m_window, "EditarAnularintrodução");
     EXPECT_EQ(pane().Text(), "");
     call(&m_window, "EditarAnularintrodução");
     EXPECT_EQ(pane().Text(), "a");
-}
-
-} // namespace
-} // namespace zolt
     // The keys' undo is the same one.
     QTest::keyClick(&pane(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(pane().Text(), "");
@@ -205,3 +255,7 @@ TEST_F(TextWindow, UndoAndRedoButtonsRunOneCommand) {
     EXPECT_EQ(pane().Text(), "");
     QTest::keyClick(&pane(), Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(pane().Text(), "a");
+}
+
+} // namespace
+} // namespace zolt
