@@ -1,7 +1,9 @@
 #include "core/charset.h"
 
+#include "core/nearest_signs.h"
+
+#include <algorithm>
 #include <array>
-#include <map>
 
 namespace zolt {
 
@@ -19,6 +21,12 @@ constexpr std::array<char32_t, 33> kCalculator{
     0x2265, 0x2260, 0x03B1, 0x2192, 0x2190, 0x2193, 0x2191, 0x03B3, 0x03B4, 0x03B5, 0x03B7,
     0x03B8, 0x03BB, 0x03C1, 0x03C3, 0x03C4, 0x03C9, 0x0394, 0x03A0, 0x03A9, 0x25A0, 0x221E};
 
+/// Greek letters that Unicode knows twice.
+constexpr char32_t kGreekBeta = 0x03B2;
+constexpr char32_t kGreekMu = 0x03BC;
+constexpr unsigned char kBeta = 223;
+constexpr unsigned char kMu = 181;
+
 } // namespace
 
 char32_t windowsCharacter(unsigned char byte) {
@@ -31,18 +39,32 @@ char32_t calculatorCharacter(unsigned char byte) {
     return byte >= 127 && byte < 160 ? kCalculator[byte - 127u] : byte;
 }
 
+std::optional<unsigned char> byteOfWindowsCharacter(char32_t character) {
+    if (character < 256 && windowsCharacter(static_cast<unsigned char>(character)) == character)
+        return static_cast<unsigned char>(character);
+    const auto found = std::find(kWindows.begin(), kWindows.end(), character);
+    if (found == kWindows.end())
+        return std::nullopt;
+    return static_cast<unsigned char>(128 + (found - kWindows.begin()));
+}
+
 std::optional<unsigned char> byteOfCharacter(char32_t character) {
-    static const std::map<char32_t, unsigned char> bytes = [] {
-        std::map<char32_t, unsigned char> table;
-        // The first entry of a character stands: code page 1252 goes before the calculator's set.
-        for (int byte = 0; byte < 256; ++byte)
-            table.emplace(windowsCharacter(static_cast<unsigned char>(byte)), byte);
-        for (int byte = 31; byte < 160; ++byte)
-            table.emplace(calculatorCharacter(static_cast<unsigned char>(byte)), byte);
-        return table;
-    }();
-    const auto found = bytes.find(character);
-    return found == bytes.end() ? std::nullopt : std::optional(found->second);
+    if (character < 256)
+        return static_cast<unsigned char>(character);
+    if (character == kGreekBeta)
+        return kBeta;
+    if (character == kGreekMu)
+        return kMu;
+    const auto found = std::find(kCalculator.begin(), kCalculator.end(), character);
+    if (found == kCalculator.end())
+        return std::nullopt;
+    return static_cast<unsigned char>(127 + (found - kCalculator.begin()));
+}
+
+std::string bytesOfCharacter(char32_t character) {
+    if (const auto byte = byteOfCharacter(character))
+        return std::string(1, static_cast<char>(*byte));
+    return std::string(nearestSigns(character).value_or("?"));
 }
 
 } // namespace zolt

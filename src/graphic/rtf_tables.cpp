@@ -101,7 +101,11 @@ const RtfTranslations::Table &RtfTranslations::of(int codePage) {
 }
 
 unsigned char byteForUnicode(char32_t character) {
-    return character == 0 ? '?' : byteOfCharacter(character).value_or('?');
+    if (character == 0)
+        return '?';
+    // Code page 1252 goes first: foreign fonts are written in it.
+    const auto byte = byteOfWindowsCharacter(character);
+    return byte ? *byte : byteOfCharacter(character).value_or('?');
 }
 
 } // namespace zolt

@@ -16,6 +16,18 @@ public:
 
     std::string Text() const;
     void setText(std::string_view bytes);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    // The line's own commands know text only.
+    void copyBytes() const;
+    void cutBytes();
+    void pasteBytes();
 };
 
 } // namespace zolt

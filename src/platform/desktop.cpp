@@ -22,10 +22,8 @@ QString fromWindows(std::string_view bytes) {
 
 std::string windowsBytes(const QString &text) {
     std::string bytes;
-    for (const char32_t character : text.toStdU32String()) {
-        const auto byte = byteOfCharacter(character);
-        bytes += byte && windowsCharacter(*byte) == character ? static_cast<char>(*byte) : '?';
-    }
+    for (const char32_t character : text.toStdU32String())
+        bytes += static_cast<char>(byteOfWindowsCharacter(character).value_or('?'));
     return bytes;
 }
 

@@ -87,7 +87,8 @@ std::string bytesOfHeldText(QStringView held) {
     return bytes;
 }
 
-std::string bytesOfOutsideText(QStringView text) {
+std::string bytesOfOutsideText(QStringView outside) {
+    const QString text = outside.toString().normalized(QString::NormalizationForm_C);
     std::string bytes;
     bytes.reserve(static_cast<std::size_t>(text.size()));
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -100,8 +101,10 @@ std::string bytesOfOutsideText(QStringView text) {
             bytes += '?';
             if (i + 1 < text.size() && text[i + 1].isLowSurrogate())
                 ++i;
+        } else if (unit >= kHeldByte && unit < kHeldByte + 256) {
+            bytes += static_cast<char>(unit - kHeldByte);
         } else {
-            bytes += static_cast<char>(byteOfCharacter(unit).value_or('?'));
+            bytes += bytesOfCharacter(unit);
         }
     }
     return bytes;

@@ -22,9 +22,10 @@ unsigned char byteOfHeldCharacter(QChar character);
 /// selected text of a cursor), paragraph separators giving CR LF.
 std::string bytesOfHeldText(QStringView held);
 
-/// The bytes of a text from outside, typed, pasted or dropped: each character's
-/// byte in code page 1252, else in the calculator's set, else "?". CR LF, CR,
-/// LF and the separators of Unicode all give CR LF.
+/// The bytes of a text from outside, typed, pasted or dropped: those that stand for
+/// each character (see bytesOfCharacter); a letter and an accent that follows it are
+/// one where Unicode has that. CR LF, CR, LF and the separators of Unicode all give
+/// CR LF. A private character that holds a byte gives it back.
 std::string bytesOfOutsideText(QStringView text);
 
 /// What other programs get of a document's bytes: the characters that the

@@ -1,3 +1,4 @@
+#include "platform/byte_line.h"
 #include "platform/text_pane.h"
 
 #include <QAction>
@@ -6,12 +7,15 @@
 #include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QMainWindow>
+#include <QMenu>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
+#include <QUrl>
 #include <gtest/gtest.h>
 #include <random>
 
+using zolt::ByteLine;
 using zolt::TextPane;
 
 namespace {
@@ -41,9 +45,8 @@ TEST(TextPaneKeys, TypedCharactersBecomeTheirBytes) {
         const char *typed;
         const char *bytes;
     } cases[] = {
-        {"aZ~", "aZ~"},          {"é€Œ", "\xE9\x80\x8C"},
-        {"α→√", "\x8C\x8D\x83"}, {"\u00A0\u00AD", "\xA0\xAD"},
-        {"\u0416\u4E00", "??"},  {"\u0081", "\x81"},
+        {"aZ~", "aZ~"},         {"éŒ", "\xE9OE"},   {"α→√", "\x8C\x8D\x83"}, {"\u00A0\u00AD", "\xA0\xAD"},
+        {"\u0416\u4E00", "??"}, {"\u0081", "\x81"}, {"“μ…”", "\"\xB5...\""},
     };
     for (const auto &c : cases) {
         ShownPane shown;
@@ -210,10 +213,9 @@ TEST(TextPaneClipboard, TextFromOutsideBecomesBytes) {
         const char *pasted;
         const char *bytes;
     } cases[] = {
-        {"a\nb\rc\r\nd", "a\r\nb\r\nc\r\nd"},
-        {"\n\r\n\n", "\r\n\r\n\r\n"},
-        {"x\u2028y\u2029z", "x\r\ny\r\nz"},
-        {"α\tμ€😀Ж", "\x8C\t?\x80??"},
+        {"a\nb\rc\r\nd", "a\r\nb\r\nc\r\nd"},  {"\n\r\n\n", "\r\n\r\n\r\n"},
+        {"x\u2028y\u2029z", "x\r\ny\r\nz"},    {"α\tμβ😀Ж", "\x8C\t\xB5\xDF??"},
+        {"“it’s” – 5″…", "\"it's\" - 5\"..."}, {"e\u0301o\u0302 q\u0304", "\xE9\xF4 q"},
     };
     for (const auto &c : cases) {
         QApplication::clipboard()->setText(QString::fromUtf8(c.pasted));
@@ -223,21 +225,79 @@ TEST(TextPaneClipboard, TextFromOutsideBecomesBytes) {
     }
 }
 
+/// Whether a widget takes what another program lets fall on it.
+bool dropOn(QWidget *widget, const QMimeData &mime, QPoint place) {
+    QDragEnterEvent enter(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &enter);
+    QDropEvent drop(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &drop);
+    return enter.isAccepted() && drop.isAccepted();
+}
+
 TEST(TextPaneDrop, DroppedTextBecomesBytesWhereItFalls) {
     ShownPane shown("ab");
     QMimeData text;
     text.setText(QStringLiteral("α\n"));
     shown.pane.setSelStart(1);
-    const QPointF place = QRectF(shown.pane.cursorRect()).center();
+    const QPoint place = shown.pane.cursorRect().center();
     shown.pane.setSelStart(0);
-    QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(shown.pane.viewport(), &enter);
-    QDropEvent drop(place, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(shown.pane.viewport(), &drop);
+    EXPECT_TRUE(dropOn(shown.pane.viewport(), text, place));
     EXPECT_EQ(shown.pane.Text(), "a\x8C\r\nb");
     shown.key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(shown.pane.Text(), "ab");
     EXPECT_EQ(shown.pane.SelStart(), 0);
+}
+
+TEST(TextPaneDrop, FilesAreNoTextButLinksAre) {
+    ShownPane shown;
+    ByteLine line;
+    const auto offer = [&](const char *url) {
+        auto *mime = new QMimeData; // the clipboard owns it
+        mime->setUrls({QUrl(QString::fromLatin1(url))});
+        mime->setText(QString::fromLatin1(url));
+        QApplication::clipboard()->setMimeData(mime);
+        const bool taken = dropOn(shown.pane.viewport(), *mime, {5, 5});
+        EXPECT_EQ(dropOn(&line, *mime, {5, 5}), taken);
+        for (QWidget *widget : std::initializer_list<QWidget *>{&shown.pane, &line})
+            QTest::keyClick(widget, Qt::Key_V, Qt::ControlModifier);
+        return taken;
+    };
+    EXPECT_FALSE(offer("file:///home/name/picture.png"));
+    EXPECT_EQ(shown.pane.Text() + line.Text(), "");
+    EXPECT_TRUE(offer("https://a.b/"));
+    EXPECT_EQ(shown.pane.Text(), "https://a.b/https://a.b/");
+    EXPECT_EQ(line.Text(), "https://a.b/https://a.b/");
+}
+
+TEST(ByteLine, TakesTextAsAPaneDoesAndBytesAsTheyAre) {
+    ByteLine line;
+    QTest::sendKeyEvent(QTest::Click, &line, Qt::Key_unknown, QStringLiteral("Œ"), Qt::NoModifier);
+    QTest::sendKeyEvent(QTest::Click, &line, Qt::Key_unknown, QStringLiteral("…"), Qt::NoModifier);
+    QTest::keyClicks(&line, QStringLiteral("x"));
+    EXPECT_EQ(line.Text(), "OE...x") << "the caret goes on behind what grew";
+    QApplication::clipboard()->setText(QStringLiteral("“α”\nμ"));
+    line.clear();
+    QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(line.Text(), "\"\x8C\" \xB5");
+
+    std::string all;
+    for (int code = 0; code < 256; ++code)
+        all += static_cast<char>(255 - code); // so that no line end comes about
+    line.setText(all);
+    EXPECT_EQ(line.Text(), all);
+    line.selectAll();
+    QTest::keyClick(&line, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(line.Text(), "");
+    EXPECT_TRUE(QApplication::clipboard()->text().contains(u'α'));
+    ShownPane shown;
+    shown.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(shown.pane.Text(), all);
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(&line, &menu);
+    for (QAction *action : line.findChild<QMenu *>()->actions())
+        if (action->text().startsWith(QStringLiteral("&Paste")))
+            action->trigger();
+    EXPECT_EQ(line.Text(), all);
 }
 
 TEST(TextPaneInputMethod, CommittedTextBecomesBytes) {
