@@ -1,12 +1,16 @@
 #include "platform/text_pane.h"
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 #include <gtest/gtest.h>
 #include <random>
 #include <set>
+#include <tuple>
 
 using zolt::TextPane;
 
@@ -112,14 +116,23 @@ TEST(TextPaneLines, BreakBehindBlanksAndLongWordsAnywhere) {
     }
 }
 
-TEST(TextPaneLines, StayRightThroughKeysUndoResizesAndFonts) {
+TEST(TextPaneLines, StayRightThroughEditsUndoResizesAndFonts) {
     std::mt19937 random(5);
     TallPane tall(true);
     TextPane &pane = tall.pane;
     pane.setText(randomLines(random, 40));
-    for (int round = 0; round < 60; ++round) {
-        pane.setSelStart(static_cast<qsizetype>(random() % static_cast<unsigned>(pane.length() + 1)));
-        switch (random() % 9) {
+    const auto caretNow = [&] {
+        return std::tuple{pane.length(), pane.lineOfOffset(pane.selEnd()), pane.lineStartOfCaret()};
+    };
+    auto reported = caretNow();
+    QObject::connect(&pane, &TextPane::Change, [&] { reported = caretNow(); });
+    const auto somewhere = [&] {
+        return static_cast<qsizetype>(random() % static_cast<unsigned>(pane.length() + 1));
+    };
+    for (int round = 0; round < 100; ++round) {
+        pane.setSelStart(somewhere());
+        const std::string before = pane.Text();
+        switch (random() % 13) {
         case 0:
             QTest::keyClick(&pane, Qt::Key_Return);
             break;
@@ -148,7 +161,33 @@ TEST(TextPaneLines, StayRightThroughKeysUndoResizesAndFonts) {
         case 8:
             pane.setPaneFont(QFont(pane.font().family(), static_cast<int>(7 + random() % 8)));
             break;
+        case 9:
+            pane.setSelLength(static_cast<qsizetype>(random() % 80));
+            QTest::keyClick(&pane, random() % 2 ? Qt::Key_X : Qt::Key_V, Qt::ControlModifier);
+            break;
+        case 10:
+            pane.setSelLength(static_cast<qsizetype>(random() % 80));
+            QTest::keyClick(&pane, Qt::Key_A);
+            break;
+        case 11: {
+            const QPoint place = pane.cursorRect().center();
+            pane.setSelStart(somewhere());
+            QMimeData mime;
+            mime.setText(QStringLiteral("dropped words"));
+            QDropEvent drop(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(pane.viewport(), &drop);
+            break;
         }
+        case 12: {
+            QInputMethodEvent commit;
+            commit.setCommitString(QStringLiteral("composed words"), random() % 2 ? 0 : -1, 0);
+            QApplication::sendEvent(&pane, &commit);
+            break;
+        }
+        }
+        const bool changed = pane.Text() != before;
+        ASSERT_EQ(changed ? reported : caretNow(), caretNow())
+            << "round " << round << ": Change found the lines half made";
         expectLinesAsDrawn(pane);
         if (testing::Test::HasFatalFailure())
             FAIL() << "round " << round;
