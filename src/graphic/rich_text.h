@@ -53,7 +53,11 @@ struct Paragraph {
 
 /// A rich text: paragraphs of runs. A line end (CR LF, two positions) stands
 /// between two paragraphs and belongs to neither. A text of no characters has one
-/// empty paragraph. Characters are bytes 0 to 255, as in a document.
+/// empty paragraph.
+///
+/// Characters are bytes 0 to 255, as in a document: codes of the calculator in every
+/// font. What a byte looks like is the font's matter (font_characters.h): its glyph in
+/// the calculator's fonts, the calculator's character for it in any other.
 struct RichText {
     std::vector<std::string> fonts{"ZOLT"};
     std::vector<Paragraph> paragraphs{Paragraph{}};

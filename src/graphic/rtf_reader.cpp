@@ -128,7 +128,10 @@ void RtfReader::symbol(const RtfToken &token) {
         appendCharacter(U'\u00A0');
         break;
     case '_':
-        appendCharacter(U'-');
+        appendCharacter(U'\u2011');
+        break;
+    case '-':
+        appendSoftHyphen();
         break;
     case '\t':
         appendCharacter(U'\t');
@@ -233,21 +236,20 @@ void RtfReader::hexDigits(std::string_view digits) {
 void RtfReader::unicode(int value) {
     const char32_t unit = static_cast<std::uint16_t>(value);
     const bool firstOfTwo = unit >= 0xD800 && unit < 0xDC00;
-    const bool ofSymbolFont = unit >= 0xF000 && unit <= 0xF0FF;
     if (!firstOfTwo)
-        appendCharacter(ofSymbolFont ? unit - 0xF000 : unit);
+        appendCharacter(unit);
     m_fallbackLeft = state().fallbackLength;
 }
 
 void RtfReader::appendText(std::string_view bytes) {
-    if (state().codePage == RtfFontTable::kBytesAsTheyStand) {
-        append(bytes);
-        return;
-    }
+    const bool isAscii = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
+    if (isAscii || state().fontKind == FontKind::Calculator)
+        return append(bytes);
     const RtfTranslations::Table &table = m_translations.of(state().codePage);
-    std::string translated(bytes);
-    for (char &c : translated)
-        c = table[static_cast<unsigned char>(c)];
+    std::string translated;
+    translated.reserve(bytes.size());
+    for (const char c : bytes)
+        translated += table[static_cast<unsigned char>(c)];
     append(translated);
 }
 
@@ -256,16 +258,26 @@ void RtfReader::appendCharacter(char32_t character) {
         --m_fallbackLeft;
         return;
     }
-    const char byte = static_cast<char>(byteForUnicode(character));
-    if (state().destination == RtfDestination::FontTable)
+    if (state().destination == RtfDestination::FontTable) {
+        // Names are held as bytes of Latin 1.
+        const char byte = character < 256 ? static_cast<char>(character) : '?';
         m_fonts.appendToName({&byte, 1});
-    else if (state().destination == RtfDestination::Text)
-        append({&byte, 1});
+    } else if (state().destination == RtfDestination::Text) {
+        append(bytesInFont(state().fontKind, character));
+    }
+}
+
+/// Word processors show it only where a line ends, the calculator's fonts always.
+void RtfReader::appendSoftHyphen() {
+    if (state().fontKind == FontKind::Calculator)
+        appendCharacter(U'\u00AD');
+    else if (m_fallbackLeft > 0)
+        --m_fallbackLeft;
 }
 
 /// A CR and the LF behind it end a line, however they were written.
 void RtfReader::append(std::string_view bytes) {
-    if (state().hidden)
+    if (state().hidden || bytes.empty())
         return;
     separateCells();
     if (bytes.front() == '\n' && m_builder.takeBack('\r'))
@@ -319,6 +331,7 @@ void RtfReader::setFont(int number) {
     }
     state().font = number;
     format().font = m_fonts.index(number);
+    state().fontKind = m_fonts.kind(number);
     state().codePage = m_fonts.codePage(number, m_documentCodePage);
 }
 

@@ -13,11 +13,9 @@ namespace zolt {
 /// styles, headers and footers, notes, hidden text, what programs keep for
 /// themselves.
 ///
-/// A character is translated from its code page to the byte that the document would
-/// hold for it, "?" where there is none; in the calculator's fonts, and in code page
-/// 1252, a byte is a character as it stands. A \par at the very end ends the last
-/// paragraph and begins no new one. A table's cells are parted by tabs, its rows by
-/// line ends.
+/// In the calculator's fonts a byte is a character as it stands; in others characters
+/// become bytes as bytesInFont() says, from the font's code page or Unicode. A \par at the very end ends the
+/// last paragraph and begins no new one. A table's cells are parted by tabs, its rows by line ends.
 ///
 /// A source that is cut off or damaged gives what could be read. A source that
 /// doesn't begin with "{\rtf" is taken as the file of a plain text. Reports the

@@ -35,6 +35,7 @@ enum class RtfDestination {
 struct RtfState {
     RtfDestination destination = RtfDestination::Text;
     int font = 0;
+    FontKind fontKind = FontKind::Foreign;
     int codePage = kWindowsCodePage;
     /// How many characters stand behind \u for programs without Unicode.
     int fallbackLength = 1;
@@ -86,6 +87,7 @@ private:
 
     void appendText(std::string_view bytes);
     void appendCharacter(char32_t character);
+    void appendSoftHyphen();
     void append(std::string_view bytes);
     void endParagraph();
     void endLineIfBegun();

@@ -1,6 +1,5 @@
 #include "graphic/rtf_tables.h"
 
-#include "core/charset.h"
 #include "core/codes.h"
 
 #include <algorithm>
@@ -11,11 +10,6 @@ namespace zolt {
 namespace {
 
 constexpr std::size_t kLongestName = 256;
-
-bool isCalculatorFont(std::string_view name) {
-    return name == kPlainFont || std::any_of(kStyleCodes.begin(), kStyleCodes.end(),
-                                             [name](const StyleCode &code) { return code.font == name; });
-}
 
 } // namespace
 
@@ -41,7 +35,7 @@ void RtfFontTable::endEntry() {
         if (isNew)
             m_names.push_back(m_name);
         m_entry.index = found->second;
-        m_entry.ofTheCalculator = isCalculatorFont(m_name);
+        m_entry.kind = fontKind(m_name);
         m_entries[m_number] = m_entry;
     }
     m_open = false;
@@ -54,13 +48,16 @@ std::uint16_t RtfFontTable::index(int number) const {
     return found == m_entries.end() ? 0 : found->second.index;
 }
 
+FontKind RtfFontTable::kind(int number) const {
+    const auto found = m_entries.find(number);
+    return found == m_entries.end() ? FontKind::Foreign : found->second.kind;
+}
+
 int RtfFontTable::codePage(int number, int documentCodePage) const {
     const auto found = m_entries.find(number);
     if (found == m_entries.end())
         return documentCodePage;
     const Entry &entry = found->second;
-    if (entry.ofTheCalculator)
-        return kBytesAsTheyStand;
     return entry.codePage != 0 ? entry.codePage : codePageOfCharset(entry.charset, documentCodePage);
 }
 
@@ -88,24 +85,18 @@ Colour RtfColourTable::colour(int number) const {
 }
 
 const RtfTranslations::Table &RtfTranslations::of(int codePage) {
-    Table &table = m_tables[codePage];
-    if (table.empty()) {
-        for (unsigned byte = 0; byte < 256; ++byte) {
-            const auto itself = static_cast<unsigned char>(byte);
-            const bool asItStands = byte < 128 || codePage == RtfFontTable::kBytesAsTheyStand;
-            table +=
-                static_cast<char>(asItStands ? itself : byteForUnicode(characterOfByte(codePage, itself)));
+    const auto [found, isNew] = m_tables.try_emplace(codePage);
+    if (isNew) {
+        for (unsigned code = 0; code < 256; ++code) {
+            const auto byte = static_cast<unsigned char>(code);
+            const char32_t character = code < 128 ? 0 : characterOfByte(codePage, byte);
+            if (character != 0)
+                found->second[code] = bytesInFont(FontKind::Foreign, character);
+            else
+                found->second[code] = code < 128 ? static_cast<char>(byte) : '?';
         }
     }
-    return table;
-}
-
-unsigned char byteForUnicode(char32_t character) {
-    if (character == 0)
-        return '?';
-    // Code page 1252 goes first: foreign fonts are written in it.
-    const auto byte = byteOfWindowsCharacter(character);
-    return byte ? *byte : byteOfCharacter(character).value_or('?');
+    return found->second;
 }
 
 } // namespace zolt

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "graphic/code_pages.h"
+#include "graphic/font_characters.h"
 #include "graphic/rich_text.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -22,21 +24,21 @@ public:
 
     /// The index of a font's name in names(); 0 for a number without an entry.
     std::uint16_t index(int number) const;
-    /// How the font's bytes above 127 are read; kBytesAsTheyStand for the
-    /// calculator's fonts.
+    /// A number without an entry names no font of the calculator, though the text is
+    /// shown in one: what wrote it means characters.
+    FontKind kind(int number) const;
+    /// How bytes above 127 are read in a foreign font.
     int codePage(int number, int documentCodePage) const;
 
     /// The names in the order of the table, each once.
     std::vector<std::string> takeNames();
-
-    static constexpr int kBytesAsTheyStand = kWindowsCodePage;
 
 private:
     struct Entry {
         std::uint16_t index = 0;
         int charset = kDefaultCharset;
         int codePage = 0;
-        bool ofTheCalculator = false;
+        FontKind kind = FontKind::Foreign;
     };
     static constexpr int kDefaultCharset = 1;
 
@@ -65,18 +67,16 @@ private:
     std::vector<Colour> m_colours;
 };
 
-/// How the bytes of a code page are to be stored, as a table of 256 bytes.
+/// How the bytes of a code page are to be stored in a foreign font.
 class RtfTranslations {
 public:
-    using Table = std::string;
+    /// What each byte becomes.
+    using Table = std::array<std::string, 256>;
 
     const Table &of(int codePage);
 
 private:
     std::unordered_map<int, Table> m_tables;
 };
-
-/// The byte that stands for a Unicode character in a document, "?" without one.
-unsigned char byteForUnicode(char32_t character);
 
 } // namespace zolt

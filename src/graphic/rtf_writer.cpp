@@ -1,8 +1,12 @@
 #include "graphic/rtf_writer.h"
 
+#include "core/charset.h"
+#include "graphic/font_characters.h"
 #include "graphic/rtf_picture.h"
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <unordered_map>
 
@@ -25,15 +29,40 @@ void appendHex(std::string &out, char byte) {
     out += kHex[value & 15];
 }
 
-void appendCharacter(std::string &out, char c) {
+void appendByte(std::string &out, char c) {
     if (c == '\\' || c == '{' || c == '}')
         (out += '\\') += c;
-    else if (c == '\t')
-        out += "\\tab ";
     else if (c >= ' ' && c <= '~')
         out += c;
     else
         appendHex(out += "\\'", c);
+}
+
+/// Behind \u stands what programs without Unicode take in its place: one character.
+std::string writtenForm(FontKind kind, unsigned char byte) {
+    const char32_t character = characterInFont(kind, byte);
+    std::string form;
+    if (character == U'\t')
+        return "\\tab ";
+    if (character != windowsCharacter(byte))
+        (form = "\\u") += std::to_string(static_cast<std::int16_t>(character));
+    if (!form.empty() && kind == FontKind::Foreign)
+        return form += '?';
+    appendByte(form, static_cast<char>(byte));
+    return form;
+}
+
+const std::array<std::string, 256> &writtenForms(FontKind kind) {
+    static const std::array forms = [] {
+        std::array<std::array<std::string, 256>, 2> all;
+        for (unsigned code = 0; code < 256; ++code) {
+            for (const FontKind each : {FontKind::Calculator, FontKind::Foreign})
+                all[static_cast<std::size_t>(each)][code] =
+                    writtenForm(each, static_cast<unsigned char>(code));
+        }
+        return all;
+    }();
+    return forms[static_cast<std::size_t>(kind)];
 }
 
 class RtfWriter {
@@ -51,7 +80,7 @@ private:
     bool writeParagraphs();
     bool writeRun(const Run &run);
     void writeFormat(const CharFormat &format);
-    bool writeCharacters(std::string_view characters);
+    bool writeCharacters(std::string_view characters, FontKind kind);
     bool writePicture(const RichPicture &picture);
 
     void number(std::string_view word, long value) { (m_out += word) += std::to_string(value); }
@@ -111,7 +140,7 @@ void RtfWriter::writeFontTable() {
         m_out += "\\fnil\\fcharset0 ";
         for (const char c : m_text.fonts[i]) {
             if (c != ';')
-                appendCharacter(m_out, c);
+                appendByte(m_out, c);
         }
         m_out += ";}";
     }
@@ -150,7 +179,7 @@ bool RtfWriter::writeParagraphs() {
 bool RtfWriter::writeRun(const Run &run) {
     writeFormat(run.format);
     if (const auto *characters = std::get_if<std::string>(&run.content))
-        return writeCharacters(*characters);
+        return writeCharacters(*characters, fontKind(m_text.fonts[run.format.font]));
     return writePicture(std::get<RichPicture>(run.content));
 }
 
@@ -187,11 +216,12 @@ void RtfWriter::writeFormat(const CharFormat &format) {
     m_format = format;
 }
 
-bool RtfWriter::writeCharacters(std::string_view characters) {
+bool RtfWriter::writeCharacters(std::string_view characters, FontKind kind) {
+    const std::array<std::string, 256> &forms = writtenForms(kind);
     for (std::size_t i = 0; i < characters.size(); i += kReportEvery) {
         const std::string_view piece = characters.substr(i, kReportEvery);
         for (const char c : piece)
-            appendCharacter(m_out, c);
+            m_out += forms[static_cast<unsigned char>(c)];
         if (!report(piece.size()))
             return false;
     }

@@ -94,10 +94,10 @@ TEST(RtfReader, reads_a_file_in_words_manner) {
         "{\\*\\bkmkstart mark}{\\*\\bkmkend mark}{\\v hidden}"
         "{\\field{\\*\\fldinst {HYPERLINK \"http://example.org\"}}{\\fldrslt {\\ul link}}}\\par "
         "{\\upr{ansi}{\\*\\ud{unicode}}}{\\footnote \\pard note}\\par }");
-    EXPECT_EQ(describe(text), "[bold\xA0text] ZOLTBold 10 12611584\n[\x92s ] Times New Roman 12\n"
+    EXPECT_EQ(describe(text), "[bold\xA0text] ZOLTBold 10 12611584\n['s ] Times New Roman 12\n"
                               "[in] Times New Roman 12 italic\n[ner] Times New Roman 12\n"
                               "[link] Times New Roman 12 underline\n[ansi] Times New Roman 12\n");
-    EXPECT_EQ(plainText(text), "bold\xA0text\x92s innerlink\r\nansi");
+    EXPECT_EQ(plainText(text), "bold\xA0text's innerlink\r\nansi");
 }
 
 TEST(RtfReader, takes_the_colour_table_before_the_font_table) {
@@ -117,17 +117,29 @@ TEST(RtfReader, translates_characters_by_code_page) {
         {"{\\rtf1\\ansicpg1252 \\'e9}", "\xE9"},
         {"{\\rtf1\\ansicpg437 \\'82}", "\xE9"},
         {"{\\rtf1\\pca \\'82\\'9b}", "\xE9\xF8"},
-        {"{\\rtf1\\ansicpg1250 \\'9a\\'e8}", "\x9A?"},
-        {"{\\rtf1\\ansicpg1251 \\'96\\'e6}", "\x96?"},
+        {"{\\rtf1\\ansicpg1250 \\'9a\\'e8}", "s?"},
+        {"{\\rtf1\\ansicpg1251 \\'96\\'e6}", "-?"},
         {"{\\rtf1\\ansicpg1254 \\'d0\\'d6}", "?\xD6"},
         // Greek letters are characters of the calculator.
         {"{\\rtf1{\\fonttbl{\\f0\\fcharset161 Arial Greek;}}\\deff0\\plain \\'e1}", "\x8C"},
         {"{\\rtf1\\u945 ?\\u960\\'3f}", "\x8C\x87"},
         {"{\\rtf1\\ansicpg932 \\'83\\'41a}", "?Aa"},
+        // Signs that the calculator lacks become the nearest ones.
+        {"{\\rtf1\\emdash\\endash\\bullet\\lquote\\rquote\\ldblquote\\rdblquote\\~\\_\\-\\emspace\\tab x}",
+         "--\xB7''\"\"\xA0- \tx"},
+        {"{\\rtf1 \\'8c\\'93\\'85\\'95\\u8230?\\u956?\\u946?\\u8722?\\u8203?\\u8364?}",
+         "OE\"...\xB7...\xB5\xDF-?"},
         // In the calculator's fonts a byte is a character, whatever the code page.
         {"{\\rtf1\\ansicpg1251{\\fonttbl{\\f0\\fcharset204 ZOLT;}{\\f1 ZOLTX;}}\\f0\\'e6\\f1\\'e6}", "\xE6?"},
-        {"{\\rtf1\\emdash\\endash\\bullet\\lquote\\rquote\\ldblquote\\rdblquote\\~\\_\\-\\emspace x}",
-         "\x97\x96\x95\x91\x92\x93\x94\xA0- x"},
+        {"{\\rtf1{\\fonttbl{\\f0 "
+         "ZOLT;}}\\f0\\emdash\\endash\\bullet\\lquote\\rquote\\ldblquote\\rdblquote\\~\\_\\-"
+         "\\emspace\\tab x}",
+         "\x97\x96\x95\x91\x92\x93\x94\xA0-\xAD \tx"},
+        // A byte as Unicode's character of its code page, as the calculator's, as a
+        // private one, and as word processors carry those without a character.
+        {"{\\rtf1{\\fonttbl{\\f0 "
+         "ZOLTBold;}}\\f0\\u338?\\u945?\\u8230?\\u-8053?\\u-3957?\\u61825\\'81\\u129?}",
+         "\x8C\x8C\x85\x8B\x8B\x81\x81"},
     };
     for (const Case &c : cases)
         EXPECT_EQ(textOf(c.rtf), c.text) << c.rtf;
@@ -139,8 +151,8 @@ TEST(RtfReader, drops_what_stands_behind_a_unicode_character_for_old_programs) {
         std::string_view text;
     };
     const Case cases[] = {
-        {"{\\rtf1\\u8364?x}", "\x80x"},
-        {"{\\rtf1\\uc0\\u8364x}", "\x80x"},
+        {"{\\rtf1\\u8364?x}", "?x"},
+        {"{\\rtf1\\uc0\\u176x}", "\xB0x"},
         {"{\\rtf1\\uc2\\u233\\'65\\'27x}", "\xE9x"},
         {"{\\rtf1\\uc3\\u233 ab\\emdash x}", "\xE9x"},
         {"{\\rtf1{\\uc0\\u233}\\u233?x}", "\xE9\xE9x"},

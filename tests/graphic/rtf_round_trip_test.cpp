@@ -53,6 +53,20 @@ TEST(RtfWriter, names_fonts_and_opens_pictures_literally) {
     EXPECT_NE(rtf.find("\\picw8\\pich6\\picwgoal240\\pichgoal180", picture), std::string::npos);
 }
 
+TEST(RtfWriter, writes_a_byte_as_its_font_shows_it) {
+    struct Case {
+        const char *font;
+        std::string_view written;
+    };
+    // A tab, alpha, the mean, e with acute, the soft hyphen.
+    for (const Case &c : {Case{"ZOLT", " \\u-8183\\'09\\'8c\\u-8063\\'81\\'e9\\u-8019\\'ad}"},
+                          Case{"Arial", " \\tab \\u945?\\u-8063?\\'e9\\u-8019?}"}}) {
+        RichText text = oneRun("\t\x8C\x81\xE9\xAD");
+        text.fonts = {c.font};
+        EXPECT_NE(rtfFromRichText(text).find(c.written), std::string::npos) << rtfFromRichText(text);
+    }
+}
+
 TEST(RtfWriter, leaves_no_byte_that_depends_on_a_code_page) {
     std::string all;
     for (int byte = 1; byte < 256; ++byte)

@@ -1,3 +1,4 @@
+#include "core/codes.h"
 #include "core/file.h"
 #include "graphic/rich_text_builder.h"
 #include "graphic/rich_text_samples.h"
@@ -8,6 +9,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
 
 using namespace zolt;
 using namespace zolt::test;
@@ -115,6 +117,41 @@ TEST_F(WordProcessor, files_are_read_with_text_fonts_and_pictures) {
     EXPECT_EQ(picture->kind, RichPicture::Kind::Png);
     EXPECT_NEAR(picture->width, 240, 2);
     EXPECT_NEAR(picture->height, 180, 2);
+}
+
+TEST_F(WordProcessor, every_byte_in_every_font_outlives_every_format) {
+    RichTextBuilder builder;
+    std::vector<std::string> fonts{"Liberation Sans"};
+    for (int style = 0; style < kStyleCount; ++style)
+        fonts.emplace_back(fontOfStyle(static_cast<Style>(style)));
+    for (const std::string &font : fonts) {
+        const CharFormat format{.font = builder.text().fontIndex(font)};
+        for (unsigned byte = 0; byte < 256; ++byte)
+            builder.append(std::string{'<', static_cast<char>(byte), '>'}, format);
+        builder.endParagraph();
+    }
+    const std::string rtf = rtfFromRichText(builder.text());
+    const auto converted = [this](const std::string &name, const std::string &bytes) {
+        return convert(name, bytes, "--convert-to 'rtf:Rich Text Format'", ".rtf");
+    };
+    const auto described = [](const RichText &text) {
+        std::string all;
+        for (const Paragraph &paragraph : text.paragraphs) {
+            std::uint16_t font = 0xFFFF;
+            for (const zolt::Run &run : paragraph.runs) {
+                if (std::exchange(font, run.format.font) != run.format.font)
+                    all += "\n" + text.fonts[font] + ": ";
+                all += std::get<std::string>(run.content);
+            }
+        }
+        return all;
+    };
+    const std::string wanted = described(builder.text());
+    EXPECT_EQ(described(richTextFromRtf(converted("ours.rtf", rtf))), wanted);
+    for (const std::string format : {"doc", "odt"}) {
+        const std::string other = convert("ours.rtf", rtf, "--convert-to " + format, "." + format);
+        EXPECT_EQ(described(richTextFromRtf(converted("theirs." + format, other))), wanted) << format;
+    }
 }
 
 TEST_F(WordProcessor, our_files_open_with_the_same_text_fonts_and_pictures) {
