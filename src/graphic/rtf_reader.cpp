@@ -350,6 +350,15 @@ bool isRtf(std::string_view bytes) {
     return bytes.starts_with("{\\rtf");
 }
 
+bool mayBePlainText(std::string_view bytes) {
+    // JPEG, GIF, PDF and gzip files may hold no NUL; other kinds always do.
+    static constexpr std::string_view kOtherFiles[] = {"\xFF\xD8\xFF", "GIF87a", "GIF89a", "%PDF-",
+                                                       "\x1F\x8B\b"};
+    const auto begins = [bytes](std::string_view start) { return bytes.starts_with(start); };
+    return bytes.find('\0') == std::string_view::npos &&
+           std::none_of(std::begin(kOtherFiles), std::end(kOtherFiles), begins);
+}
+
 RichText richTextFromRtf(std::string_view rtf, const Progress &progress) {
     if (!isRtf(rtf))
         return richTextFromPlainText(documentFromFile(rtf, progress));

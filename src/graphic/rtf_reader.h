@@ -25,4 +25,8 @@ RichText richTextFromRtf(std::string_view rtf, const Progress &progress = {});
 /// Whether the bytes begin like RTF.
 bool isRtf(std::string_view bytes);
 
+/// Whether a file that is not RTF may be a plain text: any bytes but NUL, and not the
+/// beginning of a JPEG, GIF, PDF or gzip file, which may do without NUL.
+bool mayBePlainText(std::string_view bytes);
+
 } // namespace zolt

@@ -250,9 +250,12 @@ void RichTextBox::setSelStrikeThru(bool on) {
 
 std::string RichTextBox::LoadFile(const std::string &path) {
     const FileContents contents = readFile(path);
-    if (contents.ok())
-        setTextRTF(contents.bytes);
-    return contents.reason;
+    if (!contents.ok())
+        return contents.reason;
+    if (!isRtf(contents.bytes) && !mayBePlainText(contents.bytes))
+        return "The file is neither rich text (RTF) nor plain text.";
+    setTextRTF(contents.bytes);
+    return {};
 }
 
 std::string RichTextBox::SaveFile(const std::string &path) const {

@@ -86,7 +86,8 @@ public:
     void setSelStrikeThru(bool on);
 
     /// Both take a path as file system bytes and give the reason of a failure, else
-    /// an empty text. A file that can't be read changes nothing.
+    /// an empty text. A file that can't be read, or is neither RTF nor plain text,
+    /// changes nothing.
     std::string LoadFile(const std::string &path);
     std::string SaveFile(const std::string &path) const;
 

@@ -264,6 +264,19 @@ TEST(RtfReader, takes_other_texts_as_plain) {
     EXPECT_EQ(textOf(""), "");
 }
 
+TEST(RtfReader, tells_texts_from_other_files) {
+    for (const std::string &text : {std::string(), std::string("plain\r\n"),
+                                    std::string("\x0B"
+                                                "Bx\x9E"
+                                                "123456\xFF\x01"),
+                                    std::string("%PD GIF BM PK")})
+        EXPECT_TRUE(mayBePlainText(text)) << text;
+    for (const std::string &other :
+         {pngFile(), bmpFile(8, 8), samplePicture(RichPicture::Kind::Jpeg).bytes, std::string("%PDF-1.2\r\n"),
+          std::string("GIF89a,"), std::string("a\0b", 3)})
+        EXPECT_FALSE(mayBePlainText(other)) << other;
+}
+
 TEST(RtfReader, ends_quietly_wherever_the_source_is_cut_off) {
     const std::string whole =
         "{\\rtf1{\\fonttbl{\\f0\\fcharset0 ZOLT;}}{\\colortbl;\\red1;}a\\'e9\\u233?\\b b\\par"

@@ -295,7 +295,12 @@ TEST(RichTextBoxFiles, load_what_they_saved) {
     EXPECT_EQ(box.LoadFile(path), "");
     EXPECT_EQ(box.richText(), sample());
     EXPECT_NE(box.LoadFile(path + ".none"), "");
+    EXPECT_EQ(writeFile(path, pngFile()), "");
+    EXPECT_NE(box.LoadFile(path), "");
     EXPECT_EQ(box.richText(), sample());
+    EXPECT_EQ(writeFile(path, "plain {text}\r\n"), "");
+    EXPECT_EQ(box.LoadFile(path), "");
+    EXPECT_EQ(box.Text(), "plain {text}");
 }
 
 TEST(RichTextBoxLines, are_counted_as_shown) {
