@@ -5,7 +5,7 @@
 #include "graphic/rtf_reader.h"
 #include "graphic/rtf_writer.h"
 #include "platform/colours.h"
-#include "platform/held_text.h"
+#include "platform/rich_text_characters.h"
 #include "platform/rich_text_document.h"
 #include "platform/text_offsets.h"
 
@@ -27,6 +27,12 @@ QTextCharFormat lineEndFormat(const QTextBlock &block) {
     return block.next().isValid() ? block.next().charFormat() : block.charFormat();
 }
 
+/// Black or white, whichever is easier to read on the colour.
+QColor readableOn(const QColor &ground) {
+    const double brightness = 0.299 * ground.redF() + 0.587 * ground.greenF() + 0.114 * ground.blueF();
+    return brightness > 0.5 ? Qt::black : Qt::white;
+}
+
 } // namespace
 
 RichTextBox::RichTextBox(bool wraps, QWidget *parent) : QTextEdit(parent) {
@@ -35,14 +41,22 @@ RichTextBox::RichTextBox(bool wraps, QWidget *parent) : QTextEdit(parent) {
     setLineWrapMode(wraps ? WidgetWidth : NoWrap);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     take(RichTextDocument::make({}).release());
-    connect(this, &QTextEdit::textChanged, this, &RichTextBox::Change);
+    connect(this, &QTextEdit::textChanged, this, &RichTextBox::reportChange);
 }
 
 RichTextBox::~RichTextBox() = default;
 
+void RichTextBox::reportChange() {
+    if (m_holds > 0)
+        m_changed = true;
+    else
+        emit Change();
+}
+
 void RichTextBox::take(RichTextDocument *document) {
     RichTextDocument *old = m_document;
     m_document = document;
+    m_document->setWhiteIsClear(m_whiteIsClear);
     m_document->setParent(this);
     setDocument(m_document);
     delete old;
@@ -68,7 +82,7 @@ RichText RichTextBox::selRichText() const {
 void RichTextBox::setSelRichText(const RichText &text) {
     QTextCursor cursor = textCursor();
     m_document->insert(cursor, text);
-    select(cursor.position(), cursor.position());
+    placeCaret(cursor.position());
 }
 
 std::string RichTextBox::TextRTF() const {
@@ -138,8 +152,9 @@ std::string RichTextBox::SelText() const {
 
 void RichTextBox::setSelText(std::string_view bytes) {
     QTextCursor cursor = textCursor();
-    cursor.insertText(heldText(bytes), textFormat(firstFormat()));
-    select(cursor.position(), cursor.position());
+    const QTextCharFormat format = textFormat(firstFormat());
+    cursor.insertText(shownText(bytes, fontKindOf(format)), format);
+    placeCaret(cursor.position());
 }
 
 QTextCharFormat RichTextBox::firstFormat() const {
@@ -212,7 +227,16 @@ bool RichTextBox::SelStrikeThru() const {
 }
 
 void RichTextBox::setSelFontName(const std::string &name) {
+    const HeldChange hold(*this);
+    QTextCursor selection = textCursor();
+    const int anchor = selection.anchor();
+    const int caret = selection.position();
+    selection.beginEditBlock();
     mergeCurrentCharFormat(qtFontName(name));
+    m_document->reformTabs(std::min(anchor, caret), std::max(anchor, caret));
+    selection.endEditBlock();
+    if (anchor != caret)
+        select(anchor, caret);
 }
 
 void RichTextBox::setSelFontSize(double points) {
@@ -272,7 +296,7 @@ void RichTextBox::pastePicture(const QImage &image) {
     const RichPicture picture{RichPicture::Kind::Png, png.toStdString(), image.width() * kTwipsAPixel,
                               image.height() * kTwipsAPixel};
     m_document->insert(cursor, picture, textFormat(firstFormat()));
-    select(cursor.position(), cursor.position());
+    placeCaret(cursor.position());
 }
 
 int RichTextBox::lineOfOffset(qsizetype offset) const {
@@ -297,6 +321,27 @@ void RichTextBox::setBackColour(const QColor &colour) {
     colours.setColor(QPalette::Base, colour);
     colours.setColor(QPalette::Text, readableOn(colour));
     setPalette(colours);
+}
+
+void RichTextBox::setWhiteIsClear(bool on) {
+    m_whiteIsClear = on;
+    m_document->setWhiteIsClear(on);
+    viewport()->update();
+}
+
+void RichTextBox::undo() {
+    const HeldChange hold(*this);
+    QTextEdit::undo();
+}
+
+void RichTextBox::redo() {
+    const HeldChange hold(*this);
+    QTextEdit::redo();
+}
+
+void RichTextBox::placeCaret(int position) {
+    if (!m_takesDrop)
+        select(position, position);
 }
 
 void RichTextBox::select(int anchor, int caret) {

@@ -7,6 +7,7 @@
 #include <QTextEdit>
 #include <string>
 #include <string_view>
+#include <utility>
 
 class QImage;
 
@@ -23,7 +24,8 @@ class RichTextDocument;
 /// Set read-only it is locked: keys move the caret, which stays visible, and nothing
 /// types. The program's own setters work all the same.
 ///
-/// The clipboard gets RTF and plain text. Pasted are RTF, else a picture, else text.
+/// The clipboard gets RTF and plain text. Pasted or dropped are RTF, else a picture,
+/// else text; files are refused.
 class RichTextBox : public QTextEdit {
     Q_OBJECT
     Q_PROPERTY(QByteArray Text READ textProperty WRITE setTextProperty NOTIFY Change)
@@ -98,11 +100,18 @@ public:
     int lineOfOffset(qsizetype offset) const;
     int lineCount() const;
 
-    /// Text that sets no colour becomes black or white with it.
+    /// Text of the system's colour, kWindowText, is drawn so that it can be read on it.
     void setBackColour(const QColor &colour);
+    /// Whether the ground shines through the white of pictures, as on the calculator.
+    void setWhiteIsClear(bool on);
+
+public slots:
+    void undo();
+    void redo();
 
 signals:
-    // Reported as they happen, after the control has acted on them.
+    // Reported as they happen, after the control has acted on them: the text is laid
+    // out and the caret stands where it shall.
     void Change();
     void keyDown();
     void keyUp();
@@ -117,6 +126,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -139,7 +149,26 @@ private:
     int selLengthProperty() const { return static_cast<int>(SelLength()); }
     void setSelLengthProperty(int length) { setSelLength(length); }
 
+    /// While one stands no Change is reported; the last one's end reports one for all.
+    class HeldChange {
+    public:
+        explicit HeldChange(RichTextBox &box) : m_box(box) { ++m_box.m_holds; }
+        ~HeldChange() {
+            if (--m_box.m_holds == 0 && std::exchange(m_box.m_changed, false))
+                emit m_box.Change();
+        }
+        HeldChange(const HeldChange &) = delete;
+        HeldChange &operator=(const HeldChange &) = delete;
+
+    private:
+        RichTextBox &m_box;
+    };
+
+    void reportChange();
     void take(RichTextDocument *document);
+    /// Behind inserted text. Text that is dropped comes within an edit of Qt's, which
+    /// has no lines to look for the caret in and places it itself.
+    void placeCaret(int position);
     void select(int anchor, int caret);
     /// The format of the first selected character, else of what is typed next.
     QTextCharFormat firstFormat() const;
@@ -149,6 +178,10 @@ private:
     template <class Value, class Getter> Value common(Getter get, Value mixed) const;
 
     RichTextDocument *m_document = nullptr;
+    bool m_whiteIsClear = false;
+    bool m_takesDrop = false;
+    int m_holds = 0;
+    bool m_changed = false; // while Change is held
 };
 
 } // namespace zolt

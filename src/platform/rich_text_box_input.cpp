@@ -3,13 +3,17 @@
 #include "platform/held_keys.h"
 #include "platform/held_text.h"
 #include "platform/rich_text_box.h"
+#include "platform/rich_text_characters.h"
 #include "platform/rich_text_document.h"
 
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QImage>
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QUrl>
+#include <algorithm>
 
 namespace zolt {
 
@@ -24,6 +28,20 @@ QByteArray rtfOf(const QMimeData &source) {
             return source.data(QString::fromLatin1(type));
     }
     return {};
+}
+
+bool namesFiles(const QMimeData &source) {
+    const QList<QUrl> addresses = source.urls();
+    return std::any_of(addresses.begin(), addresses.end(), [](const QUrl &url) { return url.isLocalFile(); });
+}
+
+/// A key whose characters, if it types any, are those of a font.
+QKeyEvent shownKey(const QKeyEvent &event, FontKind kind) {
+    const QKeyEvent held = heldKey(event);
+    const QString text = typesCharacters(held) ? shownText(bytesOfHeldText(held.text()), kind) : held.text();
+    return QKeyEvent(held.type(), held.key(), held.modifiers(), held.nativeScanCode(),
+                     held.nativeVirtualKey(), held.nativeModifiers(), text, held.isAutoRepeat(),
+                     static_cast<quint16>(held.count()));
 }
 
 } // namespace
@@ -49,9 +67,10 @@ void RichTextBox::keyPressEvent(QKeyEvent *event) {
     if (refused || belongsToWindow(*event)) {
         event->ignore();
     } else {
-        QKeyEvent held = heldKey(*event);
-        QTextEdit::keyPressEvent(&held);
-        event->setAccepted(held.isAccepted());
+        const HeldChange hold(*this);
+        QKeyEvent shown = shownKey(*event, fontKindOf(currentCharFormat()));
+        QTextEdit::keyPressEvent(&shown);
+        event->setAccepted(shown.isAccepted());
     }
     emit keyDown();
 }
@@ -66,11 +85,18 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent *event) {
         event->ignore();
         return;
     }
-    QInputMethodEvent held(event->preeditString(), event->attributes());
-    held.setCommitString(heldOutsideText(event->commitString()), event->replacementStart(),
-                         event->replacementLength());
-    QTextEdit::inputMethodEvent(&held);
-    event->setAccepted(held.isAccepted());
+    QInputMethodEvent shown(event->preeditString(), event->attributes());
+    const QString committed =
+        shownText(bytesOfOutsideText(event->commitString()), fontKindOf(currentCharFormat()));
+    shown.setCommitString(committed, event->replacementStart(), event->replacementLength());
+    QTextEdit::inputMethodEvent(&shown);
+    event->setAccepted(shown.isAccepted());
+}
+
+void RichTextBox::dropEvent(QDropEvent *event) {
+    m_takesDrop = true;
+    QTextEdit::dropEvent(event);
+    m_takesDrop = false;
 }
 
 void RichTextBox::mousePressEvent(QMouseEvent *event) {
@@ -105,11 +131,11 @@ QMimeData *RichTextBox::createMimeDataFromSelection() const {
 }
 
 bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const {
-    return !rtfOf(*source).isEmpty() || source->hasImage() || source->hasText();
+    return !rtfOf(*source).isEmpty() || source->hasImage() || (source->hasText() && !namesFiles(*source));
 }
 
 void RichTextBox::insertFromMimeData(const QMimeData *source) {
-    if (isReadOnly() || !source)
+    if (isReadOnly() || !source || !canInsertFromMimeData(source))
         return;
     const QByteArray rtf = rtfOf(*source);
     if (isRtf({rtf.constData(), std::size_t(rtf.size())}))

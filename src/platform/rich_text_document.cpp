@@ -1,7 +1,8 @@
 #include "platform/rich_text_document.h"
 
+#include "core/codes.h"
 #include "graphic/rich_text_builder.h"
-#include "platform/held_text.h"
+#include "platform/rich_text_characters.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontMetricsF>
@@ -9,6 +10,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextFragment>
+#include <QTextOption>
 #include <algorithm>
 #include <unordered_map>
 #include <utility>
@@ -23,6 +25,8 @@ constexpr int kPictureProperty = QTextFormat::UserProperty + 2;
 /// How many pictures side by side are passed over in search of text beside them.
 constexpr int kNeighbours = 64;
 constexpr qreal kMargin = 2;
+/// RTF's tab stops: half an inch, 720 twips.
+constexpr qreal kTabStop = 720.0 / kTwipsAPixel;
 /// Characters gathered before they go to the document in one piece.
 constexpr qsizetype kPiece = 1 << 16;
 
@@ -42,9 +46,10 @@ public:
     void setFormat(const QTextCharFormat &format) {
         flush();
         m_format = format;
+        m_kind = fontKindOf(format);
     }
     void append(std::string_view characters) {
-        m_text += heldText(characters);
+        m_text += shownText(characters, m_kind);
         if (m_text.size() > kPiece)
             flush();
     }
@@ -58,6 +63,7 @@ public:
 private:
     QTextCursor &m_cursor;
     QTextCharFormat m_format;
+    FontKind m_kind = FontKind::Calculator;
     QString m_text;
 };
 
@@ -65,6 +71,9 @@ private:
 
 RichTextDocument::RichTextDocument() : m_images(kImageCacheKilobytes) {
     setDocumentMargin(kMargin);
+    QTextOption option = defaultTextOption();
+    option.setTabStopDistance(kTabStop);
+    setDefaultTextOption(option);
     setDefaultFont(qtFormat({}, RichText{}.fonts.front()).font());
 }
 
@@ -179,7 +188,7 @@ RichText RichTextDocument::richText(int from, int to) const {
                     builder.append(*picture, format);
             } else {
                 const QString characters = fragment.text().mid(start - fragment.position(), end - start);
-                builder.append(bytesOfHeldText(characters), format);
+                builder.append(bytesOfShownText(characters), format);
             }
         }
         if (block.position() + block.length() <= to)
@@ -191,12 +200,36 @@ RichText RichTextDocument::richText(int from, int to) const {
 }
 
 std::string RichTextDocument::plainBytes(int from, int to) const {
-    QTextCursor cursor(const_cast<RichTextDocument *>(this));
-    cursor.setPosition(from);
-    cursor.setPosition(to, QTextCursor::KeepAnchor);
-    QString text = cursor.selectedText();
-    text.replace(QChar(QChar::ObjectReplacementCharacter), QChar(u' '));
-    return bytesOfHeldText(text);
+    std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(to - from));
+    for (QTextBlock block = findBlock(from); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        const int start = std::max(from - block.position(), 0);
+        const int end = std::min(to - block.position(), block.length() - 1);
+        bytes += bytesOfShownText(QStringView(block.text()).mid(start, end - start));
+        if (block.position() + block.length() <= to)
+            bytes += kLineEnd;
+    }
+    return bytes;
+}
+
+void RichTextDocument::reformTabs(int from, int to) {
+    QTextCursor cursor(this);
+    cursor.beginEditBlock();
+    for (QTextBlock block = findBlock(from); block.isValid() && block.position() < to; block = block.next()) {
+        const QString text = block.text();
+        const int last = std::min(to - block.position(), static_cast<int>(text.size()));
+        for (int i = std::max(from - block.position(), 0); i < last; ++i) {
+            if (!isShownTab(text[i]))
+                continue;
+            cursor.setPosition(block.position() + i);
+            cursor.setPosition(block.position() + i + 1, QTextCursor::KeepAnchor);
+            const QTextCharFormat format = cursor.charFormat();
+            if (text[i] != shownTab(fontKindOf(format)))
+                cursor.insertText(QString(shownTab(fontKindOf(format))), format);
+        }
+    }
+    cursor.endEditBlock();
 }
 
 const QImage &RichTextDocument::image(int number) {
@@ -248,6 +281,8 @@ void RichTextDocument::drawObject(QPainter *painter, const QRectF &place, QTextD
     }
     painter->save();
     painter->setRenderHint(QPainter::SmoothPixmapTransform, false);
+    if (m_whiteIsClear)
+        painter->setCompositionMode(QPainter::CompositionMode_Multiply);
     painter->drawImage(rect, decoded);
     painter->restore();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/progress.h"
+#include "graphic/font_characters.h"
 #include "graphic/rich_text.h"
 
 #include <QCache>
@@ -16,7 +17,7 @@ class QTextCursor;
 
 namespace zolt {
 
-/// A rich text as a Qt document. Characters are the held ones of held_text.h, a
+/// A rich text as a Qt document. Characters are those of rich_text_characters.h, a
 /// picture is one object character. Twips become pixels, 15 to the pixel, and a
 /// picture stands on whole pixels, enlarged without smoothing, on the foot of its
 /// line.
@@ -35,6 +36,14 @@ public:
     RichText richText() const { return richText(0, characterCount() - 1); }
     /// The bytes between two positions; a picture gives a blank.
     std::string plainBytes(int from, int to) const;
+
+    /// Puts byte 9 between two positions into the form of the fonts that it stands in
+    /// by now.
+    void reformTabs(int from, int to);
+
+    /// Draws pictures as on the calculator's glass: what is white lets the ground shine
+    /// through. The pictures themselves stay as they are.
+    void setWhiteIsClear(bool on) { m_whiteIsClear = on; }
 
     /// Replaces the cursor's selection in one undo step.
     void insert(QTextCursor &cursor, const RichText &text);
@@ -55,6 +64,7 @@ private:
 
     /// Pictures stay until the document goes, since an undo may bring them back.
     std::vector<RichPicture> m_pictures;
+    bool m_whiteIsClear = false;
     /// Decoded pictures by number; the cost is in kilobytes.
     QCache<int, QImage> m_images;
 };
@@ -71,6 +81,7 @@ QTextCharFormat qtFontSize(double points);
 QTextCharFormat qtTextColour(Colour colour);
 
 std::string fontNameOf(const QTextCharFormat &format);
+FontKind fontKindOf(const QTextCharFormat &format);
 double fontSizeOf(const QTextCharFormat &format);
 Colour textColourOf(const QTextCharFormat &format);
 /// All but the font's index.

@@ -68,6 +68,10 @@ std::string fontNameOf(const QTextCharFormat &format) {
     return families.isEmpty() ? std::string(kPlainFont) : families.first().toLatin1().toStdString();
 }
 
+FontKind fontKindOf(const QTextCharFormat &format) {
+    return fontKind(fontNameOf(format));
+}
+
 double fontSizeOf(const QTextCharFormat &format) {
     return format.hasProperty(QTextFormat::FontPointSize) ? format.fontPointSize() : kDefaultPoints;
 }

@@ -80,6 +80,7 @@ void EditTextPreviewFrm::buildText() {
     Text4->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Text4->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Text4->setBackColour(kGlass);
+    Text4->setWhiteIsClear(true);
     connect(Text4, &RichTextBox::click, this, &EditTextPreviewFrm::MostrarLinhaActual);
     connect(Text4, &RichTextBox::keyDown, this, &EditTextPreviewFrm::MostrarLinhaActual);
     connect(Text4, &RichTextBox::keyUp, this, &EditTextPreviewFrm::MostrarLinhaActual);

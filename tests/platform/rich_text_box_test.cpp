@@ -18,6 +18,8 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
+#include <functional>
 #include <gtest/gtest.h>
 
 using namespace zolt;
@@ -44,6 +46,18 @@ struct ShownBox {
     void select(qsizetype start, qsizetype length) {
         box.setSelStart(start);
         box.setSelLength(length);
+    }
+
+    /// Drops as another program does; whether it was taken.
+    bool drop(const QMimeData &mime, int position) {
+        QTextCursor cursor(box.document());
+        cursor.setPosition(position);
+        const QPoint place = box.cursorRect(cursor).center();
+        QDragEnterEvent enter(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(box.viewport(), &enter);
+        QDropEvent drop(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(box.viewport(), &drop);
+        return enter.isAccepted() && drop.isAccepted();
     }
 
     RichTextBox box;
@@ -187,6 +201,45 @@ TEST(RichTextBoxFormats, set_the_selection_or_what_is_typed_next) {
     EXPECT_EQ(text.fonts[text.paragraphs[0].runs.back().format.font], "ZOLTBold");
 }
 
+TEST(RichTextBoxFormats, other_fonts_show_characters_and_tabs) {
+    ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
+    ShownBox shown;
+    shown.box.setTextRTF("{\\rtf1{\\fonttbl{\\f0 DejaVu Sans;}{\\f1 ZOLT;}}\\fs20\\f0 a\\tab\\u945?\\'8c\\f1 "
+                         "a\\tab\\u945?\\'8c}");
+    EXPECT_EQ(shown.box.Text(), "a\t\x8COEa\t\x8C\x8C");
+    EXPECT_EQ(shown.box.toPlainText(), QStringLiteral("a\t\u03B1OEa\uE009\u03B1\u03B1"));
+    const auto left = [&shown](int position) {
+        QTextCursor cursor(shown.box.document());
+        cursor.setPosition(position);
+        return shown.box.cursorRect(cursor).left();
+    };
+    EXPECT_EQ(left(2) - left(0), 48) << "half an inch";
+    EXPECT_EQ(left(7) - left(6), 8) << "a glyph of the calculator";
+
+    // The byte takes the form of a new font, in one step of undo.
+    const std::string rtf = shown.box.TextRTF();
+    const std::string text = shown.box.Text();
+    const QString tabs = shown.box.toPlainText();
+    shown.select(1, 6);
+    shown.box.setSelFontName("ZOLTBold");
+    EXPECT_EQ(shown.box.toPlainText()[1], QChar(0xE009));
+    EXPECT_EQ(shown.box.SelText(), text.substr(1, 6));
+    shown.box.setSelFontName("Liberation Sans");
+    EXPECT_EQ(shown.box.toPlainText().count(u'\t'), 2);
+    EXPECT_EQ(shown.box.Text(), text);
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown.box.toPlainText(), tabs);
+    EXPECT_EQ(shown.box.TextRTF(), rtf);
+
+    shown.select(1, 0);
+    shown.key(Qt::Key_Tab);
+    EXPECT_EQ(shown.box.toPlainText().left(3), QStringLiteral("a\t\t"));
+    shown.select(4, 0);
+    shown.box.setSelText("\t\x8C");
+    EXPECT_EQ(shown.box.Text(), "a\t\t\x8C\t\x8COEa\t\x8C\x8C");
+}
+
 TEST(RichTextBoxKeys, type_bytes_and_line_ends) {
     ShownBox shown;
     shown.type(QStringLiteral("é\u03B1\u0416"));
@@ -285,6 +338,69 @@ TEST(RichTextBoxClipboard, takes_pictures_and_texts) {
     EXPECT_EQ(shown.box.Text(), "a \x87\r\nx");
 }
 
+TEST(RichTextBoxChange, is_told_when_lines_and_caret_stand) {
+    ShownBox shown;
+    std::string seen;
+    QObject::connect(&shown.box, &RichTextBox::Change, [&] {
+        seen += shown.box.Text() + " line " + std::to_string(shown.box.lineOfOffset(shown.box.SelStart())) +
+                " of " + std::to_string(shown.box.lineCount()) + ", " + std::to_string(shown.box.SelStart()) +
+                ";";
+    });
+    QMimeData hello;
+    hello.setText(QStringLiteral("Hello\n"));
+    QInputMethodEvent committed;
+    committed.setCommitString(QStringLiteral("\u03B1\n"));
+    struct Case {
+        const char *what;
+        std::function<void()> act;
+        const char *seen;
+    };
+    const Case cases[] = {
+        {"drop", [&] { EXPECT_TRUE(shown.drop(hello, 1)); }, "aHello\r\nb line 1 of 2, 8;"},
+        {"paste", [&] { shown.key(Qt::Key_V, Qt::ControlModifier); }, "aHello\r\nb line 1 of 2, 8;"},
+        {"input method", [&] { QApplication::sendEvent(&shown.box, &committed); },
+         "a\x8C\r\nb line 1 of 2, 4;"},
+        {"font", [&] { shown.select(0, 1), shown.box.setSelFontName("Arial"); }, "ab line 0 of 1, 0;"},
+        {"undo",
+         [&] {
+             shown.box.setSelText("x\r\n");
+             shown.box.setSelStart(0);
+             seen.clear();
+             shown.box.undo();
+         },
+         "ab line 0 of 1, 1;"},
+    };
+    QApplication::clipboard()->setText(hello.text());
+    for (const Case &c : cases) {
+        shown.box.setText("ab");
+        shown.select(1, 0);
+        seen.clear();
+        c.act();
+        EXPECT_EQ(seen, c.seen) << c.what;
+    }
+}
+
+TEST(RichTextBoxDrop, takes_rich_text_and_links_but_no_files) {
+    ShownBox shown("ab");
+    QMimeData rich;
+    rich.setData(QStringLiteral("text/rtf"), QByteArray::fromStdString(rtfFromRichText(sample())));
+    EXPECT_TRUE(shown.drop(rich, 1));
+    EXPECT_EQ(shown.box.Text(), "aplainbold \r\nendb");
+    shown.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(shown.box.Text(), "ab");
+    for (const char *address : {"file:///home/name/a.rtf", "https://a.b/"}) {
+        auto *link = new QMimeData; // the clipboard owns it
+        link->setUrls({QUrl(QString::fromLatin1(address))});
+        link->setText(QString::fromLatin1(address));
+        const bool taken = address[0] == 'h';
+        EXPECT_EQ(shown.drop(*link, 2), taken);
+        EXPECT_EQ(shown.box.Text(), taken ? "abhttps://a.b/" : "ab");
+        QApplication::clipboard()->setMimeData(link);
+        shown.key(Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(shown.box.Text(), taken ? "abhttps://a.b/https://a.b/" : "ab");
+    }
+}
+
 TEST(RichTextBoxFiles, load_what_they_saved) {
     QTemporaryDir folder;
     const std::string path = folder.filePath("a.rtf").toStdString();
@@ -352,6 +468,42 @@ TEST(RichTextBoxPictures, stand_on_whole_pixels_without_smoothing) {
                     << row << " " << x << " " << y;
         }
     }
+}
+
+TEST(RichTextBoxPictures, let_a_coloured_ground_shine_through_their_white) {
+    QImage dots(2, 1, QImage::Format_RGB32);
+    dots.setPixel(0, 0, qRgb(255, 255, 255));
+    dots.setPixel(1, 0, qRgb(0, 0, 0));
+    const QColor ground(0xB4, 0xC6, 0xA5);
+    ShownBox shown;
+    shown.box.setBackColour(ground);
+    shown.box.setWhiteIsClear(true);
+    shown.box.setText(""); // another document
+    shown.box.pastePicture(dots);
+    const std::string rtf = shown.box.TextRTF();
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    EXPECT_EQ(grab(shown.box).pixelColor(2, 2), ground);
+    EXPECT_EQ(grab(shown.box).pixelColor(3, 2), QColor(Qt::black));
+    shown.box.setWhiteIsClear(false);
+    EXPECT_EQ(grab(shown.box).pixelColor(2, 2), QColor(Qt::white));
+    EXPECT_EQ(shown.box.TextRTF(), rtf);
+}
+
+TEST(RichTextBoxColours, the_systems_text_can_be_read_on_any_ground) {
+    ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
+    QPalette dark;
+    dark.setColor(QPalette::Text, Qt::white);
+    const auto inkOn = [&dark](QColor ground) {
+        ShownBox shown("\x9E"); // a filled block
+        shown.box.setPalette(dark);
+        shown.box.setBackColour(ground);
+        shown.box.clearFocus();
+        return grab(shown.box).pixelColor(2 + 4, 2 + 6);
+    };
+    EXPECT_EQ(inkOn(Qt::white), QColor(Qt::black));
+    EXPECT_EQ(inkOn(QColor(0xB4, 0xC6, 0xA5)), QColor(Qt::black));
+    EXPECT_EQ(inkOn(QColor(0, 0, 0x80)), QColor(Qt::white));
 }
 
 TEST(RichTextBoxProperties, can_be_driven_by_name) {
