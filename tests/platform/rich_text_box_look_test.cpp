@@ -1,0 +1,165 @@
+#include "core/glyphs.h"
+#include "graphic/rich_text_builder.h"
+#include "graphic/rich_text_samples.h"
+#include "platform/fonts.h"
+#include "platform/program_folder.h"
+#include "platform/shown_box.h"
+
+#include <QScrollBar>
+#include <gtest/gtest.h>
+
+using namespace zolt;
+using namespace zolt::test;
+
+TEST(RichTextBoxLines, are_counted_as_shown) {
+    ShownBox shown("a\r\nb\r\n", false);
+    EXPECT_EQ(shown.box.lineCount(), 3);
+    EXPECT_EQ(shown.box.lineOfOffset(0), 0);
+    EXPECT_EQ(shown.box.lineOfOffset(2), 0);
+    EXPECT_EQ(shown.box.lineOfOffset(3), 1);
+    EXPECT_EQ(shown.box.lineOfOffset(6), 2);
+
+    ShownBox wrapped(std::string(400, 'w') + "\r\nlast");
+    const int lines = wrapped.box.lineCount();
+    EXPECT_GT(lines, 4);
+    EXPECT_EQ(wrapped.box.lineOfOffset(402), lines - 1);
+    EXPECT_EQ(wrapped.box.lineOfOffset(399), lines - 2);
+}
+
+TEST(RichTextBoxLines, the_caret_scrolls_into_view) {
+    std::string text;
+    for (int i = 0; i < 500; ++i)
+        text += "line\r\n";
+    ShownBox shown(text);
+    shown.box.setSelStart(3000);
+    EXPECT_GT(shown.box.verticalScrollBar()->value(), 0);
+    EXPECT_TRUE(shown.box.viewport()->rect().contains(shown.box.cursorRect()));
+}
+
+TEST(RichTextBoxPictures, stand_on_whole_pixels_without_smoothing) {
+    QImage dots(4, 6, QImage::Format_RGB32);
+    dots.fill(Qt::white);
+    for (int i = 0; i < 4; ++i)
+        dots.setPixel(i, i, qRgb(0, 0, 0));
+    ShownBox shown;
+    shown.box.pastePicture(dots);
+    RichText text = shown.box.richText();
+    auto &picture = std::get<RichPicture>(text.paragraphs[0].runs[0].content);
+    picture.width = 4 * 30;
+    picture.height = 6 * 30;
+    text.paragraphs.push_back(text.paragraphs[0]);
+    shown.box.setRichText(text);
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    const QImage shot = grab(shown.box);
+    // Two pixels a dot, the second picture right below the first.
+    for (int row = 0; row < 2; ++row) {
+        for (int y = 0; y < 12; ++y) {
+            for (int x = 0; x < 8; ++x)
+                ASSERT_EQ(shot.pixel(2 + x, 2 + 12 * row + y), dots.pixel(x / 2, y / 2))
+                    << row << " " << x << " " << y;
+        }
+    }
+}
+
+TEST(RichTextBoxPictures, let_a_coloured_ground_shine_through_their_white) {
+    QImage dots(2, 1, QImage::Format_RGB32);
+    dots.setPixel(0, 0, qRgb(255, 255, 255));
+    dots.setPixel(1, 0, qRgb(0, 0, 0));
+    const QColor ground(0xB4, 0xC6, 0xA5);
+    ShownBox shown;
+    shown.box.setBackColour(ground);
+    shown.box.setWhiteIsClear(true);
+    shown.box.setText(""); // another document
+    shown.box.pastePicture(dots);
+    const std::string rtf = shown.box.TextRTF();
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    EXPECT_EQ(grab(shown.box).pixelColor(2, 2), ground);
+    EXPECT_EQ(grab(shown.box).pixelColor(3, 2), QColor(Qt::black));
+    shown.box.setWhiteIsClear(false);
+    EXPECT_EQ(grab(shown.box).pixelColor(2, 2), QColor(Qt::white));
+    EXPECT_EQ(shown.box.TextRTF(), rtf);
+}
+
+TEST(RichTextBoxColours, the_systems_text_can_be_read_on_any_ground) {
+    ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
+    QPalette dark;
+    dark.setColor(QPalette::Text, Qt::white);
+    const auto inkOn = [&dark](QColor ground) {
+        ShownBox shown("\x9E"); // a filled block
+        shown.box.setPalette(dark);
+        shown.box.setBackColour(ground);
+        shown.box.clearFocus();
+        return grab(shown.box).pixelColor(2 + 4, 2 + 6);
+    };
+    EXPECT_EQ(inkOn(Qt::white), QColor(Qt::black));
+    EXPECT_EQ(inkOn(QColor(0xB4, 0xC6, 0xA5)), QColor(Qt::black));
+    EXPECT_EQ(inkOn(QColor(0, 0, 0x80)), QColor(Qt::white));
+}
+
+TEST(RichTextBoxPictures, stand_on_the_foot_of_their_line_of_text) {
+    ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
+    ShownBox shown;
+    RichText text = oneRun("ab");
+    RichPicture picture = samplePicture(RichPicture::Kind::Bmp);
+    picture.width = 40 * 15;
+    picture.height = 24 * 15;
+    text.paragraphs[0].runs.push_back({{}, picture});
+    text.paragraphs.push_back(oneRun("cd").paragraphs[0]);
+    text.paragraphs.push_back(oneRun("ef").paragraphs[0]);
+    shown.box.setRichText(text);
+    const auto topOfLine = [&shown](qsizetype offset) {
+        shown.box.setSelStart(offset);
+        return shown.box.cursorRect().top();
+    };
+    // Two pixels of margin, the picture's height, then lines of 12 pixels.
+    EXPECT_EQ(topOfLine(5), 2 + 24);
+    EXPECT_EQ(topOfLine(9), 2 + 24 + 12);
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    const QImage shot = grab(shown.box);
+    EXPECT_EQ(shot.pixelColor(2 + 16, 2), QColor(Qt::black));
+    EXPECT_EQ(shot.pixelColor(2 + 16 + 39, 2 + 23), QColor(Qt::black));
+    EXPECT_EQ(shot.pixelColor(2 + 16 + 39, 2 + 24), QColor(Qt::white));
+    EXPECT_EQ(shot.pixelColor(2 + 16 + 40, 2 + 23), QColor(Qt::white));
+    // The text beside it ends with it.
+    for (int y = 0; y < 12; ++y) {
+        for (int x = 0; x < 8; ++x)
+            ASSERT_EQ(shot.pixel(2 + x, 2 + 12 + y) == qRgb(0, 0, 0),
+                      glyph(Style::Plain, 'a').dot(x / 2, y / 2));
+    }
+}
+
+TEST(RichTextBoxFonts, show_every_byte_in_every_style_dot_for_dot) {
+    ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
+    ShownBox shown("", false);
+    shown.box.resize(400, 400);
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    for (int number = 0; number < kStyleCount; ++number) {
+        const auto style = static_cast<Style>(number);
+        RichTextBuilder builder;
+        const std::uint16_t font = builder.text().fontIndex(fontOfStyle(style));
+        for (int code = 0; code < 256; ++code) {
+            const char byte = static_cast<char>(code);
+            if (code > 0 && code % 16 == 0)
+                builder.endParagraph();
+            builder.append({&byte, 1}, {.font = font});
+        }
+        shown.box.setRichText(builder.text());
+        const QImage shot = grab(shown.box);
+        const int width = glyphWidth(style) * 2;
+        int wrong = 0;
+        for (int code = 0; code < 256; ++code) {
+            for (int y = 0; y < 12; ++y) {
+                for (int x = 0; x < width; ++x) {
+                    const bool on = glyph(style, static_cast<unsigned char>(code)).dot(x / 2, y / 2);
+                    const QRgb pixel = shot.pixel(2 + code % 16 * width + x, 2 + code / 16 * 12 + y);
+                    wrong += pixel != (on ? qRgb(0, 0, 0) : qRgb(255, 255, 255));
+                }
+            }
+        }
+        EXPECT_EQ(wrong, 0) << fontOfStyle(style);
+    }
+}
