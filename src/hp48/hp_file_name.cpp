@@ -75,20 +75,9 @@ constexpr std::string_view kEnterAgain = "\r\nPlease re-enter the filename";
 /// The calculator's byte for a character: its own set first, then code page 1252,
 /// whose letters from 160 up it shares.
 std::optional<char> nameByte(char32_t character) {
-    struct Alias {
-        char32_t character;
-        unsigned char byte;
-    };
-    // The calculator has one sign for each of these and its Latin double.
-    constexpr std::array<Alias, 2> kGreekDoubles{{{U'\u03B2', 223}, {U'\u03BC', 181}}};
-    for (const Alias &alias : kGreekDoubles)
-        if (alias.character == character)
-            return static_cast<char>(alias.byte);
-    for (const auto characterOf : {calculatorCharacter, windowsCharacter})
-        for (int byte = 0; byte < 256; ++byte)
-            if (characterOf(static_cast<unsigned char>(byte)) == character)
-                return static_cast<char>(byte);
-    return std::nullopt;
+    const auto own = byteOfCharacter(character);
+    const auto byte = own ? own : byteOfWindowsCharacter(character);
+    return byte ? std::optional(static_cast<char>(*byte)) : std::nullopt;
 }
 
 /// A name as the calculator's bytes, and as it was typed for the messages.

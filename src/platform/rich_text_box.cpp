@@ -27,12 +27,6 @@ QTextCharFormat lineEndFormat(const QTextBlock &block) {
     return block.next().isValid() ? block.next().charFormat() : block.charFormat();
 }
 
-/// Black or white, whichever is easier to read on the colour.
-QColor readableOn(const QColor &ground) {
-    const double brightness = 0.299 * ground.redF() + 0.587 * ground.greenF() + 0.114 * ground.blueF();
-    return brightness > 0.5 ? Qt::black : Qt::white;
-}
-
 } // namespace
 
 RichTextBox::RichTextBox(bool wraps, QWidget *parent) : QTextEdit(parent) {
