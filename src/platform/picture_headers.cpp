@@ -2,11 +2,11 @@
 
 #include <QIODevice>
 #include <QtEndian>
+#include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 namespace zolt {
-
-namespace {
 
 quint16 little16(const QByteArray &bytes, qsizetype at) {
     return qFromLittleEndian<quint16>(bytes.constData() + at);
@@ -14,16 +14,18 @@ quint16 little16(const QByteArray &bytes, qsizetype at) {
 quint32 little32(const QByteArray &bytes, qsizetype at) {
     return qFromLittleEndian<quint32>(bytes.constData() + at);
 }
+
+QByteArray bytesAt(QIODevice &device, qint64 position, qint64 count) {
+    return device.seek(position) ? device.read(count) : QByteArray();
+}
+
+namespace {
+
 quint16 big16(const QByteArray &bytes, qsizetype at) {
     return qFromBigEndian<quint16>(bytes.constData() + at);
 }
 quint32 big32(const QByteArray &bytes, qsizetype at) {
     return qFromBigEndian<quint32>(bytes.constData() + at);
-}
-
-/// The bytes at a position of the device; fewer, or none, at its end.
-QByteArray bytesAt(QIODevice &device, qint64 position, qint64 count) {
-    return device.seek(position) ? device.read(count) : QByteArray();
 }
 
 QByteArray formatOf(const QByteArray &start) {
@@ -38,6 +40,18 @@ QByteArray formatOf(const QByteArray &start) {
     if (start.startsWith(QByteArray("\0\0\2\0", 4)))
         return "cur";
     return {};
+}
+
+/// The size of a bitmap file's picture. A height below zero says that the rows stand from
+/// the top down. None for the headers of the oldest form, which the decoder reads.
+QSize sizeOfBitmap(QIODevice &device, qint64 start) {
+    constexpr quint32 kShortestHeader = 40;
+    const QByteArray bytes = bytesAt(device, start, 26);
+    if (bytes.size() < 26 || little32(bytes, 14) < kShortestHeader)
+        return {};
+    const auto height = static_cast<qint32>(little32(bytes, 22));
+    const auto width = static_cast<qint32>(little32(bytes, 18));
+    return height == std::numeric_limits<qint32>::min() ? QSize() : QSize(width, std::abs(height));
 }
 
 /// Whether a bitmap file holds all the rows that its header promises. Compressed
@@ -87,7 +101,6 @@ void chooseIconImage(QIODevice &device, qint64 start, PictureHeader &header) {
     const QByteArray entries = bytesAt(device, start + kDirectory, kEntry * little16(front, 4));
     int largestArea = 0;
     quint32 mostBytes = 0;
-    qint64 position = 0;
     for (qsizetype at = 0; at + kEntry <= entries.size(); at += kEntry) {
         const auto side = [&](qsizetype offset) {
             const auto byte = static_cast<uchar>(entries[at + offset]);
@@ -99,32 +112,56 @@ void chooseIconImage(QIODevice &device, qint64 start, PictureHeader &header) {
             continue;
         largestArea = area;
         mostBytes = bytes;
-        position = little32(entries, at + 12);
+        header.imagePosition = start + little32(entries, at + 12);
         header.image = static_cast<int>(at / kEntry);
     }
     if (largestArea > 0)
-        header.size = sizeOfIconImage(device, start + position);
+        header.size = sizeOfIconImage(device, header.imagePosition);
     if (!header.size.isValid())
         header.format.clear();
 }
 
-/// Walks a JPEG's segments up to its frame header, which tells how it is stored.
-bool isProgressive(QIODevice &device, qint64 start) {
+/// The bits to the pixel of a JPEG's coefficients, 16 bits each, told by its frame
+/// header: colours can be stored at a lower resolution than the brightness.
+int coefficientBits(QIODevice &device, qint64 frame) {
+    constexpr qsizetype kCountAt = 9;
+    constexpr int kBits = 16;
+    constexpr int kMostColours = 4;
+    const QByteArray bytes = bytesAt(device, frame, kCountAt + 1 + 3 * kMostColours);
+    const int colours = bytes.size() > kCountAt ? static_cast<uchar>(bytes[kCountAt]) : 0;
+    int samples = 0;
+    int widest = 0;
+    int highest = 0;
+    for (qsizetype at = kCountAt + 2; at < kCountAt + 2 + 3 * colours && at < bytes.size(); at += 3) {
+        const int across = static_cast<uchar>(bytes[at]) >> 4;
+        const int down = bytes[at] & 0x0F;
+        samples += across * down;
+        widest = std::max(widest, across);
+        highest = std::max(highest, down);
+    }
+    if (samples == 0)
+        return kMostColours * kBits;
+    return (samples * kBits + widest * highest - 1) / (widest * highest);
+}
+
+/// Walks a JPEG's segments up to its frame header, which tells how it is stored: the
+/// bits that decoding it keeps, or 0 if it isn't stored in passes.
+int keptBitsOf(QIODevice &device, qint64 start) {
     constexpr int kMostSegments = 4096;
     qint64 position = start + 2;
     for (int i = 0; i < kMostSegments; ++i) {
         const QByteArray segment = bytesAt(device, position, 4);
         if (segment.size() < 4 || segment[0] != '\xFF')
-            return false;
+            return 0;
         const auto marker = static_cast<uchar>(segment[1]);
         const bool fill = marker == 0xFF;
         const bool frame =
             marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
         if (frame)
-            return marker == 0xC2;
+            return marker == 0xC2 ? coefficientBits(device, position) : 0;
         position += fill ? 1 : 2 + big16(segment, 2);
     }
-    return false;
+    return 0;
 }
 
 } // namespace
@@ -136,9 +173,12 @@ PictureHeader readPictureHeader(QIODevice &device) {
     if (header.format == "ico" || header.format == "cur")
         chooseIconImage(device, start, header);
     else if (header.format == "jpeg")
-        header.progressive = isProgressive(device, start);
-    else if (header.format == "bmp" && !holdsAllRows(device, start))
-        header.format.clear();
+        header.keptBits = keptBitsOf(device, start);
+    else if (header.format == "bmp") {
+        header.size = sizeOfBitmap(device, start);
+        if (!holdsAllRows(device, start))
+            header.format.clear();
+    }
     device.seek(start);
     return header;
 }

@@ -1,5 +1,6 @@
 #include "platform/pictures.h"
 
+#include "platform/icon_masks.h"
 #include "platform/picture_headers.h"
 
 #include <QFile>
@@ -20,16 +21,38 @@ LoadedPicture refused(std::string reason) {
     return {{}, std::move(reason)};
 }
 
-/// The memory that decoding takes, in bytes.
-std::int64_t memoryOf(const QImageReader &reader, QSize size, bool progressive) {
+/// The memory that decoding takes, in bytes, with the sides divided by `scale`. What
+/// the decoder keeps until its last pass, it keeps at full size.
+std::int64_t memoryOf(const QImageReader &reader, QSize size, int keptBits, int scale) {
     const QImage::Format format = reader.imageFormat();
     const int bits = format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
-    // The decoder keeps 16-bit coefficients of three colours until the last pass.
-    constexpr int kProgressiveBits = 3 * 16;
     const bool turned = reader.transformation() != QImageIOHandler::TransformationNone;
-    const std::int64_t bitsPerPixel =
-        std::int64_t{bits} * (turned ? 2 : 1) + (progressive ? kProgressiveBits : 0);
-    return std::int64_t{size.width()} * size.height() * bitsPerPixel / 8;
+    const std::int64_t pixels = std::int64_t{size.width() / scale} * (size.height() / scale);
+    const std::int64_t full = std::int64_t{size.width()} * size.height();
+    return (pixels * bits * (turned ? 2 : 1) + full * keptBits) / 8;
+}
+
+/// By how much the sides of a picture have to be divided while it is decoded; 0 if it
+/// is too large all the same.
+int scaleThatFits(const QImageReader &reader, const PictureHeader &header, QSize size,
+                  std::int64_t mostBytes) {
+    // Above what any camera makes a file would keep the program busy without a sense.
+    constexpr std::int64_t kMostPixelsOfAPhotograph = std::int64_t{1} << 28;
+    for (const int scale : {1, 2, 4, 8}) {
+        if (memoryOf(reader, size, header.keptBits, scale) <= mostBytes)
+            return scale;
+        if (header.format != "jpeg" || std::int64_t{size.width()} * size.height() > kMostPixelsOfAPhotograph)
+            break;
+    }
+    return 0;
+}
+
+/// Has a photograph decoded at a part of its size. The decoder does so only for sides
+/// that are whole multiples: up to seven pixels at the right and the bottom are lost.
+void decodeScaled(QImageReader &reader, QSize size, int scale) {
+    const QSize part(size.width() / scale, size.height() / scale);
+    reader.setClipRect(QRect(QPoint(), part * scale));
+    reader.setScaledSize(part);
 }
 
 /// A damaged file can have pixels whose colour its table lacks: they get none, and
@@ -47,33 +70,49 @@ struct Span {
 };
 
 /// The spans of `dots` dots along a side of `length` source pixels that is stretched
-/// to `target` dots: the pixel under the sample, and all whose middle lies within a
-/// quarter of a dot of it. A dot whose sample lies beyond the target has none.
+/// to `target` dots. A dot whose sample lies beyond the target has none.
 std::vector<Span> spansOfDots(int dots, double target, int length) {
-    constexpr double kReach = 0.25;
-    const double pixelsPerDot = length / target;
-    const auto firstPixelBehind = [&](double position) {
-        return std::min(static_cast<int>(std::ceil(position * pixelsPerDot - 0.5)), length);
-    };
     std::vector<Span> spans(static_cast<std::size_t>(dots));
-    for (int dot = 0; dot < dots; ++dot) {
-        const double middle = dot + 0.5;
-        if (middle >= target)
-            break;
-        const int under = std::min(static_cast<int>(middle * pixelsPerDot), length - 1);
-        spans[static_cast<std::size_t>(dot)] = {std::min(under, firstPixelBehind(middle - kReach)),
-                                                std::max(under + 1, firstPixelBehind(middle + kReach))};
+    const int inside = std::min(static_cast<int>(std::ceil(target - 0.5)), dots);
+    // The first pixel whose middle lies in a dot's share or behind it.
+    const auto shareStart = [&](int dot) {
+        return static_cast<int>((std::int64_t{2} * dot * length + inside - 1) / (std::int64_t{2} * inside));
+    };
+    for (int dot = 0; dot < inside; ++dot) {
+        Span &span = spans[static_cast<std::size_t>(dot)];
+        if (length > inside) {
+            span = {shareStart(dot), shareStart(dot + 1)};
+        } else {
+            span.first = std::min(static_cast<int>((dot + 0.5) * length / target), length - 1);
+            span.end = span.first + 1;
+        }
     }
     return spans;
 }
 
-bool anyBlack(const QImage &picture, Span columns, Span rows) {
-    for (int y = rows.first; y < rows.end; ++y)
-        for (int x = columns.first; x < columns.end; ++x)
-            if (picture.pixel(x, y) == kBlack)
-                return true;
-    return false;
-}
+/// Reads a picture's rows as colours, whatever its format.
+class PixelRows {
+public:
+    explicit PixelRows(const QImage &picture)
+        : m_picture(picture),
+          m_direct(picture.format() == QImage::Format_RGB32 || picture.format() == QImage::Format_ARGB32) {}
+
+    int width() const { return m_picture.width(); }
+    /// The row holds until the next call. The alpha of pictures that have none is not set.
+    const QRgb *row(int y) {
+        if (m_direct)
+            return reinterpret_cast<const QRgb *>(m_picture.constScanLine(y));
+        m_row = m_picture.copy(0, y, m_picture.width(), 1).convertToFormat(QImage::Format_ARGB32);
+        return reinterpret_cast<const QRgb *>(m_row.constScanLine(0));
+    }
+    bool isBlack(QRgb colour) const { return (colour | m_noAlpha) == kBlack; }
+
+private:
+    const QImage &m_picture;
+    bool m_direct;
+    QRgb m_noAlpha = m_picture.format() == QImage::Format_RGB32 ? kBlack : 0;
+    QImage m_row;
+};
 
 /// For each pixel of a side, the source pixel that it shows, or -1 outside the target.
 std::vector<int> sourcesOfPixels(int pixels, int scale, double start, double target, int length) {
@@ -94,10 +133,12 @@ QRgb overWhite(QRgb colour) {
 
 } // namespace
 
-LoadedPicture decodePicture(QIODevice &device) {
+LoadedPicture decodePicture(QIODevice &device, std::int64_t mostBytes) {
     const PictureHeader header = readPictureHeader(device);
     if (header.format.isEmpty())
         return refused(std::string(kPictureNotRecognised));
+    if (QImage masked = maskedIconImage(device, header); !masked.isNull())
+        return {std::move(masked), {}};
     QImageReader::setAllocationLimit(static_cast<int>(kMostPictureBytes >> 20) + 1);
     QImageReader reader(&device, header.format);
     reader.setAutoDetectImageFormat(false);
@@ -107,8 +148,11 @@ LoadedPicture decodePicture(QIODevice &device) {
     const QSize size = header.size.isValid() ? header.size : reader.size();
     if (!size.isValid() || size.isEmpty())
         return refused(std::string(kPictureNotRecognised));
-    if (memoryOf(reader, size, header.progressive) > kMostPictureBytes)
+    const int scale = scaleThatFits(reader, header, size, mostBytes);
+    if (scale == 0)
         return refused("the picture is too large");
+    if (scale > 1)
+        decodeScaled(reader, size, scale);
     QImage image = reader.read();
     if (image.isNull())
         return refused(std::string(kPictureNotRecognised));
@@ -137,11 +181,28 @@ DotSurface dotsOfPicture(const QImage &picture, int width, int height) {
     const QRectF target = pictureTarget(width, height);
     const std::vector<Span> columns = spansOfDots(width, target.width(), picture.width());
     const std::vector<Span> rows = spansOfDots(height, target.height(), picture.height());
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            if (anyBlack(picture, columns[static_cast<std::size_t>(x)], rows[static_cast<std::size_t>(y)]))
-                surface.setDot(x, y);
+    PixelRows pixels(picture);
+    for (int y = 0; y < height; ++y) {
+        const Span span = rows[static_cast<std::size_t>(y)];
+        std::uint8_t *dots = surface.row(y);
+        for (int sourceRow = span.first; sourceRow < span.end; ++sourceRow) {
+            const QRgb *row = pixels.row(sourceRow);
+            for (std::size_t x = 0; x < columns.size(); ++x)
+                for (int column = columns[x].first; column < columns[x].end && !dots[x]; ++column)
+                    dots[x] = pixels.isBlack(row[column]);
+        }
+    }
     return surface;
+}
+
+bool hasBlack(const QImage &picture) {
+    PixelRows pixels(picture);
+    for (int y = 0; y < picture.height(); ++y) {
+        const QRgb *row = pixels.row(y);
+        if (std::any_of(row, row + pixels.width(), [&](QRgb colour) { return pixels.isBlack(colour); }))
+            return true;
+    }
+    return false;
 }
 
 QImage stretchedPicture(const QImage &picture, int width, int height, const QRectF &target, int scale) {

@@ -78,6 +78,22 @@ inline std::string iconImage(const QImage &image) {
     return bytes + mask;
 }
 
+/// An icon (`type` 1) or cursor (`type` 2) of one image of 32 by 32
+/// pixels, all black, whose mask hides the right half. No pixel of it tells an alpha.
+inline std::string blackIconHalfHidden(std::uint32_t type, int bits) {
+    const std::uint32_t side = 32;
+    std::string image = little(40, 4) + little(side, 4) + little(side * 2, 4) + little(1, 2) +
+                        little(static_cast<std::uint32_t>(bits), 2) + std::string(24, '\0');
+    if (bits <= 8)
+        image += std::string(4, '\0') + std::string(4 * ((std::size_t{1} << bits) - 1), '\xFF');
+    image += std::string(side * side * static_cast<std::uint32_t>(bits) / 8, '\0');
+    for (std::uint32_t row = 0; row < side; ++row)
+        image += std::string("\0\0\xFF\xFF", 4);
+    return little(0, 2) + little(type, 2) + little(1, 2) + little(side, 1) + little(side, 1) + little(0, 2) +
+           little(1, 2) + little(static_cast<std::uint32_t>(bits), 2) +
+           little(static_cast<std::uint32_t>(image.size()), 4) + little(6 + 16, 4) + image;
+}
+
 /// An icon (`type` 1) or cursor (`type` 2) of several images.
 inline std::string iconOf(std::uint32_t type, const std::vector<QImage> &images) {
     std::string directory =

@@ -13,11 +13,11 @@ using test::filled;
 using test::Pattern;
 using test::surfaceOf;
 
-LoadedPicture decoded(const std::string &bytes) {
+LoadedPicture decoded(const std::string &bytes, std::int64_t mostBytes = kMostPictureBytes) {
     QByteArray data = QByteArray::fromStdString(bytes);
     QBuffer buffer(&data);
     buffer.open(QIODevice::ReadOnly);
-    return decodePicture(buffer);
+    return decodePicture(buffer, mostBytes);
 }
 
 struct Format {
@@ -126,20 +126,99 @@ TEST(Pictures, EnlargingShowsThePixelUnderTheSample) {
     EXPECT_EQ(dotsOfPicture(picture, 5, 4), expected);
 }
 
-TEST(Pictures, ReducingKeepsLinesOfHalfADot) {
-    // 1320 pixels to 132 dots: 10 pixels to the dot.
-    for (int start = 0; start < 600; start += 7) {
-        QImage picture = filled(1320, 40, Qt::white);
-        for (int x = start; x < start + 6; ++x)
-            for (int y = 0; y < picture.height(); ++y)
-                picture.setPixelColor(x, y, Qt::black);
-        const DotSurface dots = dotsOfPicture(picture, 132, 4);
-        int on = 0;
-        for (int x = 0; x < dots.width(); ++x)
-            on += dots.dot(x, 2);
-        EXPECT_GE(on, 1) << start;
-        EXPECT_LE(on, 2) << start;
+/// How many columns of a surface have a dot.
+int columnsWithDots(const DotSurface &surface) {
+    int columns = 0;
+    for (int x = 0; x < surface.width(); ++x) {
+        bool any = false;
+        for (int y = 0; y < surface.height(); ++y)
+            any |= surface.dot(x, y);
+        columns += any;
     }
+    return columns;
+}
+
+TEST(Pictures, ReducingKeepsTheThinnestLineWhereverItStands) {
+    // A surface 129 dots wide shows just 128.75 of them.
+    for (const int width : {132, 129})
+        for (const int length : {133, 264, 396, 500, 1320})
+            for (int column = 0; column < length; ++column) {
+                QImage picture = filled(length, 2, Qt::white);
+                picture.setPixelColor(column, 0, Qt::black);
+                picture.setPixelColor(column, 1, Qt::black);
+                ASSERT_EQ(columnsWithDots(dotsOfPicture(picture, width, 2)), 1)
+                    << column << " of " << length << " to " << width;
+            }
+    for (const int height : {65, 124, 1090})
+        for (int row = 0; row < 2200; row += 7) {
+            QImage picture = filled(1, 2200, Qt::white);
+            picture.setPixelColor(0, row, Qt::black);
+            ASSERT_EQ(columnsWithDots(dotsOfPicture(picture, 1, height)), 1) << row << " to " << height;
+        }
+}
+
+TEST(Pictures, ABlackPixelMakesADotAtAnySize) {
+    const QImage::Format formats[] = {QImage::Format_RGB32, QImage::Format_ARGB32,
+                                      QImage::Format_ARGB32_Premultiplied, QImage::Format_Grayscale8};
+    for (const QImage::Format format : formats)
+        for (const int length : {1, 7, 64, 131, 133, 300}) {
+            QImage picture = filled(length, length, QColor(1, 1, 1)).convertToFormat(format);
+            EXPECT_FALSE(hasBlack(picture));
+            picture.setPixelColor(length - 1, length / 2, Qt::black);
+            EXPECT_TRUE(hasBlack(picture));
+            for (const auto &[width, height] : {std::pair(1, 1), {7, 124}, {64, 65}, {132, 1090}})
+                EXPECT_EQ(columnsWithDots(dotsOfPicture(picture, width, height)) > 0, true)
+                    << format << ": " << length << " to " << width << " by " << height;
+        }
+    EXPECT_FALSE(hasBlack(filled(3, 3, QColor(0, 0, 0, 0))));
+    EXPECT_FALSE(hasBlack(QImage()));
+}
+
+TEST(Pictures, BitmapsCanStandFromTheTopDown) {
+    const std::string rows = std::string(4 * 8, '\0') + std::string(4 * 8, '\xFF');
+    const LoadedPicture picture = decoded(test::bitmapOf(8, 0u - 2u, rows));
+    ASSERT_TRUE(picture.ok()) << picture.reason;
+    EXPECT_EQ(picture.image.size(), QSize(8, 2));
+    EXPECT_EQ(picture.image.pixel(7, 0), 0xFF000000);
+    EXPECT_EQ(picture.image.pixel(0, 1), 0xFFFFFFFF);
+    for (const std::uint32_t height : {0u - 30000u, 0x80000000u, 0x80000001u})
+        EXPECT_FALSE(decoded(test::bitmapOf(30000, height, rows)).ok()) << height;
+}
+
+TEST(Pictures, WhatAnIconsMaskHidesIsOff) {
+    DotSurface leftHalf(32, 32);
+    for (int y = 0; y < 32; ++y)
+        for (int x = 0; x < 16; ++x)
+            leftHalf.setDot(x, y);
+    for (const std::uint32_t type : {1u, 2u})
+        for (const int bits : {1, 4, 8, 24, 32}) {
+            const LoadedPicture picture = decoded(test::blackIconHalfHidden(type, bits));
+            ASSERT_TRUE(picture.ok()) << bits << ": " << picture.reason;
+            EXPECT_EQ(dotsOfPicture(picture.image, 32, 32), leftHalf) << bits << " bits, type " << type;
+        }
+}
+
+TEST(Pictures, APhotographBeyondTheMemoryIsDecodedAtAPartOfItsSize) {
+    QImage picture = filled(1001, 803, Qt::white);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < 512; ++x)
+            picture.setPixelColor(x, y, Qt::black);
+    const std::string jpeg = test::writtenByQt(picture, "JPG");
+    const std::int64_t whole = 4 * 1001 * 803;
+    const struct {
+        std::int64_t mostBytes;
+        QSize size;
+    } cases[] = {
+        {whole, {1001, 803}}, {whole - 1, {500, 401}}, {whole / 5, {250, 200}}, {whole / 60, {125, 100}}};
+    for (const auto &c : cases) {
+        const LoadedPicture part = decoded(jpeg, c.mostBytes);
+        ASSERT_TRUE(part.ok()) << c.mostBytes << ": " << part.reason;
+        EXPECT_EQ(part.image.size(), c.size);
+        const DotSurface dots = dotsOfPicture(part.image, 10, 10);
+        EXPECT_TRUE(dots.dot(0, 0) && dots.dot(4, 9) && !dots.dot(6, 0) && !dots.dot(9, 9)) << c.mostBytes;
+    }
+    EXPECT_EQ(decoded(jpeg, whole / 65).reason, "the picture is too large");
+    EXPECT_EQ(decoded(test::writtenByQt(picture, "BMP"), whole / 2).reason, "the picture is too large");
 }
 
 TEST(Pictures, TheLargestImageOfAnIconCounts) {
