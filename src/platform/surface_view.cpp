@@ -68,16 +68,22 @@ void SurfaceView::fit() {
     const int frame = 2 * frameWidth();
     const bool scrolls = m_surface->dots().height() > kStartHeight;
     setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-    setFixedSize(kStartWidth * kPixelsPerDot + frame + (scrolls ? verticalScrollBar()->sizeHint().width() : 0),
+    setFixedSize(kStartWidth * kPixelsPerDot + frame +
+                     (scrolls ? verticalScrollBar()->sizeHint().width() : 0),
                  kStartHeight * kPixelsPerDot + frame);
 }
 
 void SurfaceView::showDots(DotSurface surface) {
+    const QSize size(surface.width(), surface.height());
+    showDots(std::move(surface), size);
+}
+
+void SurfaceView::showDots(DotSurface surface, QSize size) {
     if (surface.isEmpty())
         return clear();
-    const QSize dots(surface.width(), surface.height());
-    m_surface->show(dots,
+    m_surface->show(size,
                     [surface = std::move(surface)](int scale) { return imageOfSurface(surface, scale); });
+    fit();
 }
 
 void SurfaceView::showPicture(int width, int height, PictureAtScale picture) {
