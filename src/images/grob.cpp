@@ -45,29 +45,29 @@ int grobRowLength(std::int64_t width) {
     return static_cast<int>(std::max<std::int64_t>(rounded, kRowStep));
 }
 
-std::string GrobHeader::caption() const {
-    return "( " + std::to_string(width) + " x  " + std::to_string(height) + " ) ";
-}
-
 std::optional<GrobHeader> readGrobHeader(std::string_view text) {
     const std::string_view front = text.substr(0, kHeaderWithin);
     const std::size_t word = front.find(kWord);
     if (word == std::string_view::npos)
         return std::nullopt;
-    std::size_t position = word + kWord.size();
-    const auto width = numberBehindBlank(front, position);
-    const auto height = width ? numberBehindBlank(front, position) : std::nullopt;
+    const std::size_t start = word + kWord.size();
+    std::size_t middle = start;
+    const auto width = numberBehindBlank(front, middle);
+    std::size_t end = middle;
+    const auto height = width ? numberBehindBlank(front, end) : std::nullopt;
     if (!height)
         return std::nullopt;
-    return GrobHeader{*width, *height, position};
+    const std::string widthText(front.substr(start, middle - start));
+    const std::string heightText(front.substr(middle, end - middle));
+    return GrobHeader{*width, *height, end, "(" + widthText + " x " + heightText + " ) "};
 }
 
 PictureOfText VerGrob(std::string_view text, const Progress &progress) {
     const auto header = readGrobHeader(text);
     if (!header)
-        return {{}, "holds no GROB with its width and height"};
+        return {{}, "it holds no GROB with its width and height"};
     if (header->width < 1 || header->height < 1)
-        return {{}, "the GROB has no dots"};
+        return {{}, "its GROB has no dots"};
     const int rowLength = grobRowLength(header->width);
     const int width = std::min(rowLength, kWidestSurface);
     if (header->width > kLargestSide || !isSurfaceSize(width, header->height))

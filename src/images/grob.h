@@ -27,10 +27,11 @@ struct GrobHeader {
     std::int64_t height = 0;
     /// The position, from 0, of the blank behind the height.
     std::size_t end = 0;
+    /// What a window shows of the size, "( 131 x  64 ) ": each number as it stands in
+    /// the text, with the blank before it.
+    std::string caption;
 
     bool tooWide() const { return width > kWidestGrob; }
-    /// What a window shows of the size: "( 131 x  64 ) ".
-    std::string caption() const;
 };
 
 /// The first header in a text, whatever stands before it. It must end within the

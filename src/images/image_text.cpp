@@ -17,6 +17,20 @@ std::string cellAt(const DotSurface &surface, int x, int y) {
 
 } // namespace
 
+std::string pictureTextFromFile(std::string_view bytes) {
+    std::string text;
+    text.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const std::size_t end = std::min(bytes.find_first_of(kLineEnd), bytes.size());
+        text.append(bytes, 0, end).append(kLineEnd);
+        const std::size_t endLength = bytes.substr(end, kLineEnd.size()) == kLineEnd ? kLineEnd.size() : 1;
+        bytes.remove_prefix(std::min(end + endLength, bytes.size()));
+    }
+    if (!text.empty())
+        text.resize(text.size() - kLineEnd.size());
+    return text;
+}
+
 ImageTextSize measureImageText(std::string_view text) {
     ImageTextSize size;
     std::int64_t cells = 0;
@@ -34,7 +48,7 @@ ImageTextSize measureImageText(std::string_view text) {
 PictureOfText VerVelda(std::string_view text, const Progress &progress) {
     const ImageTextSize size = measureImageText(text);
     if (size.columns == 0)
-        return {{}, "holds no picture cell"};
+        return {{}, "it holds no picture cell"};
     const std::int64_t width = size.columns * kCellWidth;
     const std::int64_t height = size.lines * kCellHeight;
     if (!isSurfaceSize(width, height))

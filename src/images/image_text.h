@@ -40,8 +40,12 @@ struct DigitPlace {
     }
 };
 
-/// What reading a picture's text gave. `reason` says why `surface` is empty, and is
-/// empty itself when a surface was made.
+/// The text in the bytes of an image or GROB file: any line end in it, CR LF or one of
+/// the two alone, comes back as CR LF, and one at the file's end is the file's own.
+std::string pictureTextFromFile(std::string_view bytes);
+
+/// What reading a picture's text gave. `reason` says why `surface` is empty, in words
+/// that follow a file's name and a colon; it is empty itself when a surface was made.
 struct PictureOfText {
     DotSurface surface;
     std::string reason;

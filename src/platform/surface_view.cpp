@@ -94,6 +94,7 @@ void SurfaceView::showPicture(int width, int height, PictureAtScale picture) {
 void SurfaceView::clear() {
     m_surface->show(QSize(kStartWidth, kStartHeight), {});
     fit();
+    verticalScrollBar()->setValue(0);
 }
 
 QImage SurfaceView::picture() const {

@@ -2,6 +2,7 @@
 
 #include "platform/surface_view.h"
 #include "platform/text_pane.h"
+#include "shell/picture_sources.h"
 #include "shell/shared_values.h"
 #include "shell/size_boxes.h"
 
@@ -57,6 +58,7 @@ EditTextConvImgFrm::EditTextConvImgFrm(QWidget *owner)
       Picture1(new SurfaceView(QStringLiteral("Picture1"), QStringLiteral("VScroll1"))),
       Picture5(new SurfaceView(QStringLiteral("Picture5"), QStringLiteral("VScroll2"))),
       Picture6(new SizeBoxes),
+      m_nothingShows(newNothingShows()),
       ProgressBar1(new QProgressBar) {
     Text1->setObjectName(QStringLiteral("Text1"));
     Text1->hide();
@@ -123,6 +125,7 @@ QWidget *EditTextConvImgFrm::buildPictures() {
     policy.setRetainSizeWhenHidden(true);
     Picture6->setSizePolicy(policy);
     grid->addWidget(Picture6, 1, 0, Qt::AlignLeft);
+    grid->addWidget(m_nothingShows, 1, 1, Qt::AlignTop);
     return pictures;
 }
 

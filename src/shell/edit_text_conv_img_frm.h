@@ -9,6 +9,7 @@
 #include <cstdint>
 
 class QGroupBox;
+class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QRadioButton;
@@ -16,6 +17,7 @@ class QRadioButton;
 namespace zolt {
 
 class CommonDialog;
+struct GrobHeader;
 class SizeBoxes;
 class SurfaceView;
 class TextPane;
@@ -62,11 +64,15 @@ private:
     CommonDialog &targetDialog(const QString &filter);
     /// Asks for a source. False on Cancel, with the kind before in force again.
     bool askForSource(CommonDialog &dialog);
-    void showSource(const DotSurface &surface);
+    void showGrobSize(const GrobHeader &header);
+    /// Takes away what is shown and kept of a source.
+    void forgetSource();
     /// The dots of the source's surface, as they are converted.
     DotSurface surfaceDots() const;
     /// Asks where to write the text in Text1 and writes it.
     void saveText(const QString &filter);
+    /// Writes a target and keeps its folder, or says in the status bar why it can't.
+    void writeTarget(const std::string &path, const std::string &bytes);
     Progress progress() const;
 
     std::array<QRadioButton *, 6> m_options{};
@@ -77,6 +83,7 @@ private:
     SurfaceView *Picture1;
     SurfaceView *Picture5;
     SizeBoxes *Picture6;
+    QLabel *m_nothingShows;
     QProgressBar *ProgressBar1;
 
     QImage m_picture;

@@ -15,10 +15,13 @@
 #include "shell/edit_text_conv_img_frm.h"
 #include "shell/long_work.h"
 #include "shell/picture_filters.h"
+#include "shell/picture_sources.h"
 #include "shell/shared_values.h"
 #include "shell/size_boxes.h"
+#include "shell/status_line.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QRadioButton>
@@ -90,19 +93,16 @@ void EditTextConvImgFrm::AbrirImagemPC() {
         Picture6->hide();
         return;
     }
+    forgetSource();
     const LoadedPicture picture = loadPicture(dialog.FileName);
     if (!picture.ok()) {
         Picture6->hide();
-        m_picture = {};
-        m_dots = {};
-        Picture1->clear();
-        Picture5->clear();
-        showMessage(this, QString::fromUtf8(kPictureNotRecognised.data()), QMessageBox::Critical);
+        sayRefused(this, dialog.FileName, picture.reason);
         return;
     }
     m_picture = picture.image;
+    m_nothingShows->setVisible(!hasBlack(m_picture));
     shared::settings.DfDirCnv = folderOf(dialog.FileName);
-    Frame2->setTitle(QStringLiteral("Original image"));
     VerificarSeleccionado();
     RefreshPicture();
 }
@@ -114,28 +114,36 @@ void EditTextConvImgFrm::AbrirImagemHP() {
         return;
     shared::settings.DfDirCnv = folderOf(dialog.FileName);
     VerificarSeleccionado();
-    const FileContents file = readFile(dialog.FileName, kLargestImageText);
-    if (!file.ok())
+    forgetSource();
+    const std::string text = readPictureText(dialog.FileName);
+    if (text.empty())
         return;
-    const std::string text = documentFromFile(file.bytes);
-    Text1->setText(text);
     shared::PararLeitura = 0;
-    if (const auto header = grob ? readGrobHeader(text) : std::nullopt) {
-        Frame3->setTitle(QStringLiteral("Preview - ") + QString::fromStdString(header->caption()));
-        if (header->tooWide())
-            showMessage(this, QString::fromUtf8(kGrobTooWide.data()), QMessageBox::Information);
-    }
-    const PictureOfText picture = grob ? VerGrob(text, progress()) : VerVelda(text, progress());
+    PictureOfText picture = grob ? VerGrob(text, progress()) : VerVelda(text, progress());
     ProgressBar1->reset();
-    if (grob && !picture.reason.empty())
-        showMessage(this, QString::fromStdString(picture.reason), QMessageBox::Warning);
-    showSource(picture.surface);
+    if (!picture.reason.empty())
+        return sayRefused(this, dialog.FileName, picture.reason);
+    if (grob)
+        showGrobSize(*readGrobHeader(text));
+    Text1->setText(text);
+    m_dots = std::move(picture.surface);
+    Picture1->showDots(m_dots);
 }
 
-void EditTextConvImgFrm::showSource(const DotSurface &surface) {
+void EditTextConvImgFrm::showGrobSize(const GrobHeader &header) {
+    Frame3->setTitle(QStringLiteral("Preview - ") + QString::fromStdString(header.caption));
+    if (header.tooWide())
+        showMessage(this, QString::fromUtf8(kGrobTooWide.data()), QMessageBox::Information);
+}
+
+void EditTextConvImgFrm::forgetSource() {
     m_picture = {};
-    m_dots = surface;
-    Picture1->showDots(surface);
+    m_dots = {};
+    m_nothingShows->hide();
+    Text1->setText({});
+    Picture1->clear();
+    Picture5->clear();
+    Frame3->setTitle(QStringLiteral("Preview"));
 }
 
 void EditTextConvImgFrm::RefreshPicture() {
@@ -175,7 +183,7 @@ void EditTextConvImgFrm::Command7_Click() {
     }
     shared::PararLeitura = 0;
     Text1->setText(LerFigura(surfaceDots(), progress()));
-    Picture5->showDots(VerVelda(Text1->Text(), progress()).surface);
+    Picture5->showDots(VerVelda(Text1->Text(), progress()).surface, Picture1->sizeInDots());
     ProgressBar1->reset();
     RefreshPicture();
 }
@@ -216,8 +224,12 @@ void EditTextConvImgFrm::saveText(const QString &filter) {
     CommonDialog &dialog = targetDialog(filter);
     if (dialog.ShowSave(this) != kDialogDone)
         return;
-    if (writeFile(dialog.FileName, fileFromDocument(Text1->Text())).empty())
-        shared::settings.DfDirCnv = folderOf(dialog.FileName);
+    writeTarget(dialog.FileName, fileFromDocument(Text1->Text()));
+}
+
+void EditTextConvImgFrm::writeTarget(const std::string &path, const std::string &bytes) {
+    if (savedOrSaid(path, writeFile(path, bytes)))
+        shared::settings.DfDirCnv = folderOf(path);
 }
 
 void EditTextConvImgFrm::FicheiroGuardarVELDA() {
@@ -232,8 +244,10 @@ void EditTextConvImgFrm::FicheiroGuardarGROB() {
 }
 
 void EditTextConvImgFrm::FicheiroGuardarGROB2() {
-    const GrobSize size = grobSizeOfImageText(measureImageText(Text1->Text()));
     const std::string imageText = Text1->Text();
+    const GrobSize size = grobSizeOfImageText(measureImageText(imageText));
+    if (size.width < 0)
+        return showMessage(this, QStringLiteral("There is no ZOLT image to convert."), QMessageBox::Warning);
     Text1->setText(FiguraParaGrob(surfaceDots(), size, progress()));
     saveText(QString::fromUtf8(kGrobFilter));
     // The image text stays the source of a further conversion.
@@ -249,8 +263,8 @@ void EditTextConvImgFrm::FicheiroGuardarBMP() {
     const std::string bytes =
         type < kBitmapDepths.size() ? bitmapFile(dots, kBitmapDepths[type]) : gifFile(dots, progress());
     ProgressBar1->reset();
-    if (!bytes.empty() && writeFile(dialog.FileName, bytes).empty())
-        shared::settings.DfDirCnv = folderOf(dialog.FileName);
+    if (!bytes.empty())
+        writeTarget(dialog.FileName, bytes);
 }
 
 } // namespace zolt

@@ -1,12 +1,11 @@
 #include "shell/edit_text_insert_grob_frm.h"
 
-#include "core/document.h"
-#include "core/file.h"
 #include "images/grob.h"
 #include "platform/message_box.h"
 #include "platform/surface_view.h"
 #include "platform/text_pane.h"
 #include "shell/picture_filters.h"
+#include "shell/picture_sources.h"
 #include "shell/shared_values.h"
 
 #include <QGridLayout>
@@ -21,12 +20,13 @@ namespace {
 
 constexpr InsertFrm::Form kForm{"Insert HP Grob", "Insert GROB - ", DialogFrm::InsertGrob,
                                 &Settings::DfDirIGr, kGrobFilter};
+constexpr char kFrameCaption[] = "Pré-visualização ";
 
 } // namespace
 
 EditTextInsertGrobFrm::EditTextInsertGrobFrm(QWidget *owner)
     : InsertFrm(kForm, owner),
-      Frame1(new QGroupBox(QStringLiteral("Pré-visualização "))),
+      Frame1(new QGroupBox(QString::fromUtf8(kFrameCaption))),
       Picture1(new SurfaceView(QStringLiteral("Picture1"), QStringLiteral("VScroll1"))) {
     Frame1->setObjectName(QStringLiteral("Frame1"));
     (new QVBoxLayout(Frame1))->addWidget(Picture1);
@@ -40,22 +40,27 @@ EditTextInsertGrobFrm::EditTextInsertGrobFrm(QWidget *owner)
             &InsertFrm::Command3_Click);
 }
 
+void EditTextInsertGrobFrm::clearPicture() {
+    m_dots = {};
+    Picture1->clear();
+    Frame1->setTitle(QString::fromUtf8(kFrameCaption));
+}
+
 bool EditTextInsertGrobFrm::openFile(const std::string &path) {
-    const FileContents file = readFile(path, kLargestImageText);
-    if (!file.ok())
+    const std::string text = readPictureText(path);
+    if (text.empty())
         return false;
-    const std::string text = documentFromFile(file.bytes);
-    Text1->setText(text);
-    const auto header = readGrobHeader(text);
-    if (header) {
-        Frame1->setTitle(QString::fromStdString(header->caption()));
-        if (header->tooWide())
-            showMessage(this, QString::fromUtf8(kGrobTooWide.data()), QMessageBox::Information);
-    }
     PictureOfText picture = VerGrob(text, progress());
     ProgressBar1->reset();
-    if (!picture.reason.empty())
-        showMessage(this, QString::fromStdString(picture.reason), QMessageBox::Warning);
+    if (!picture.reason.empty()) {
+        sayRefused(this, path, picture.reason);
+        return false;
+    }
+    Text1->setText(text);
+    const GrobHeader header = *readGrobHeader(text);
+    Frame1->setTitle(QString::fromStdString(header.caption));
+    if (header.tooWide())
+        showMessage(this, QString::fromUtf8(kGrobTooWide.data()), QMessageBox::Information);
     m_dots = std::move(picture.surface);
     Picture1->showDots(m_dots);
     return true;

@@ -1,16 +1,17 @@
 #include "shell/edit_text_insert_image_frm.h"
 
 #include "images/image_text.h"
-#include "platform/message_box.h"
 #include "platform/pictures.h"
 #include "platform/surface_view.h"
 #include "platform/text_pane.h"
 #include "shell/picture_filters.h"
+#include "shell/picture_sources.h"
 #include "shell/shared_values.h"
 #include "shell/size_boxes.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -29,7 +30,8 @@ EditTextInsertImageFrm::EditTextInsertImageFrm(QWidget *owner)
       Picture1(new SurfaceView(QStringLiteral("Picture1"), QStringLiteral("VScroll1"))),
       Picture5(new SurfaceView(QStringLiteral("Picture5"), QStringLiteral("VScroll2"))),
       Frame3(new QGroupBox(QStringLiteral("Preview"))),
-      m_size(new SizeBoxes) {
+      m_size(new SizeBoxes),
+      m_nothingShows(newNothingShows()) {
     auto *image = new QGroupBox(QStringLiteral("Original image"));
     image->setObjectName(QStringLiteral("Frame2"));
     (new QVBoxLayout(image))->addWidget(Picture1);
@@ -39,6 +41,7 @@ EditTextInsertImageFrm::EditTextInsertImageFrm(QWidget *owner)
     m_grid->addWidget(image, 0, 0);
     m_grid->addWidget(Frame3, 1, 0);
     m_grid->addWidget(m_size, 2, 0, Qt::AlignLeft);
+    m_grid->addWidget(m_nothingShows, 3, 0);
     connect(m_size, &SizeBoxes::sizeChosen, this, &EditTextInsertImageFrm::RefreshPicture);
 
     connect(addButton("Command5", QStringLiteral("&Open")), &QPushButton::clicked, this,
@@ -55,13 +58,22 @@ EditTextInsertImageFrm::EditTextInsertImageFrm(QWidget *owner)
     RefreshPicture();
 }
 
+void EditTextInsertImageFrm::clearPicture() {
+    m_picture = {};
+    m_nothingShows->hide();
+    Picture1->clear();
+    Picture5->clear();
+    RefreshPicture();
+}
+
 bool EditTextInsertImageFrm::openFile(const std::string &path) {
     const LoadedPicture picture = loadPicture(path);
     if (!picture.ok()) {
-        showMessage(this, QString::fromUtf8(kPictureNotRecognised.data()), QMessageBox::Critical);
+        sayRefused(this, path, picture.reason);
         return false;
     }
     m_picture = picture.image;
+    m_nothingShows->setVisible(!hasBlack(m_picture));
     RefreshPicture();
     return true;
 }
@@ -90,7 +102,7 @@ std::optional<std::string> EditTextInsertImageFrm::imageText() {
 void EditTextInsertImageFrm::Command1_Click() {
     Frame3->show();
     if (const auto text = imageText())
-        Picture5->showDots(VerVelda(*text, progress()).surface);
+        Picture5->showDots(VerVelda(*text, progress()).surface, Picture1->sizeInDots());
     ProgressBar1->reset();
     RefreshPicture();
 }

@@ -5,6 +5,8 @@
 
 #include <QImage>
 
+class QLabel;
+
 namespace zolt {
 
 class SizeBoxes;
@@ -26,6 +28,7 @@ public slots:
     void RefreshPicture();
 
 protected:
+    void clearPicture() override;
     bool openFile(const std::string &path) override;
     std::optional<std::string> imageText() override;
 
@@ -37,6 +40,7 @@ private:
     SurfaceView *Picture5;
     QGroupBox *Frame3;
     SizeBoxes *m_size;
+    QLabel *m_nothingShows;
 };
 
 } // namespace zolt

@@ -1,11 +1,10 @@
 #include "shell/edit_text_insert_velda_frm.h"
 
-#include "core/document.h"
-#include "core/file.h"
 #include "images/image_text.h"
 #include "platform/surface_view.h"
 #include "platform/text_pane.h"
 #include "shell/picture_filters.h"
+#include "shell/picture_sources.h"
 #include "shell/shared_values.h"
 
 #include <QGridLayout>
@@ -37,14 +36,22 @@ EditTextInsertVeldaFrm::EditTextInsertVeldaFrm(QWidget *owner)
             &InsertFrm::Command3_Click);
 }
 
+void EditTextInsertVeldaFrm::clearPicture() {
+    Picture1->clear();
+}
+
 bool EditTextInsertVeldaFrm::openFile(const std::string &path) {
-    const FileContents file = readFile(path, kLargestImageText);
-    if (!file.ok())
+    const std::string text = readPictureText(path);
+    if (text.empty())
         return false;
-    Text1->setText(documentFromFile(file.bytes));
-    const PictureOfText picture = VerVelda(Text1->Text(), progress());
+    PictureOfText picture = VerVelda(text, progress());
     ProgressBar1->reset();
-    Picture1->showDots(picture.surface);
+    if (!picture.reason.empty()) {
+        sayRefused(this, path, picture.reason);
+        return false;
+    }
+    Text1->setText(text);
+    Picture1->showDots(std::move(picture.surface));
     return true;
 }
 

@@ -13,6 +13,7 @@ public:
     explicit EditTextInsertVeldaFrm(QWidget *owner);
 
 protected:
+    void clearPicture() override;
     bool openFile(const std::string &path) override;
     std::optional<std::string> imageText() override;
 

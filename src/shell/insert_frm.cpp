@@ -77,7 +77,12 @@ void InsertFrm::AbrirImagem() {
     dialog.FilterIndex = 1;
     dialog.Flags = kFileMustExist;
     dialog.InitDir = shared::settings.*m_form.folder;
-    if (dialog.ShowOpen(this) != kDialogDone || !openFile(dialog.FileName))
+    if (dialog.ShowOpen(this) != kDialogDone)
+        return;
+    setWindowTitle(QString::fromUtf8(m_form.caption));
+    Text1->setText({});
+    clearPicture();
+    if (!openFile(dialog.FileName))
         return;
     shared::settings.*m_form.folder = folderOf(dialog.FileName);
     setWindowTitle(QString::fromUtf8(m_form.openedCaption) + fromFileName(dialog.FileTitle()));

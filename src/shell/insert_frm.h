@@ -45,8 +45,8 @@ public:
     void begin();
 
 public slots:
-    /// Asks for a file and shows its picture. Cancel and a file that can't be read
-    /// leave what stood there.
+    /// Asks for a file and shows its picture. Cancel leaves what stood there; of a file
+    /// that can't be shown, and of the one before it, nothing stays.
     void AbrirImagem();
     /// Insert: replaces the selection of the active pane, and stays.
     void Command2_Click();
@@ -56,7 +56,9 @@ public slots:
     void Command4_Click();
 
 protected:
-    /// Reads a file and shows it. False if it can't be read.
+    /// Takes away what is shown of a file.
+    virtual void clearPicture() = 0;
+    /// Reads a file and shows it. False if it can't be shown; nothing has changed then.
     virtual bool openFile(const std::string &path) = 0;
     /// The image text to insert; nothing if the reading was stopped.
     virtual std::optional<std::string> imageText() = 0;

@@ -5,8 +5,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 
 namespace zolt {
 
@@ -15,9 +16,17 @@ namespace {
 /// 30 twips a dot, held in 16 bits.
 constexpr int kMostDotsOfASide = 32767 / 30;
 
-int numberAtStart(const QString &text) {
-    const double number = std::nearbyint(std::strtod(text.toLatin1().constData(), nullptr));
-    return number >= 1 && number <= kMostDotsOfASide ? static_cast<int>(number) : 0;
+/// The number at the start of a box as it stands there; 0 without one.
+double numberAtStart(const QString &text) {
+    const QByteArray typed = text.trimmed().toLatin1();
+    double number = 0;
+    std::from_chars(typed.begin(), typed.end(), number);
+    return std::isfinite(number) ? number : 0;
+}
+
+int dotsAtStart(const QString &text) {
+    const double dots = std::nearbyint(numberAtStart(text));
+    return dots >= 1 && dots <= kMostDotsOfASide ? static_cast<int>(dots) : 0;
 }
 
 } // namespace
@@ -26,12 +35,12 @@ SizeBoxes::SizeBoxes(QWidget *parent) : QWidget(parent) {
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(4);
-    Text2 = addBox(0, "Text2", "UpDown1", QStringLiteral("&Width:"), 132, 132, 132);
-    Text3 = addBox(1, "Text3", "UpDown2", QStringLiteral("&Height:"), 65, 1089, 1090);
+    Text2 = addBox(0, "Text2", "UpDown1", QStringLiteral("&Width:"), 132, 133, 132);
+    Text3 = addBox(1, "Text3", "UpDown2", QStringLiteral("&Height:"), 65, 1090, 1090);
 }
 
 QLineEdit *SizeBoxes::addBox(int row, const char *name, const char *spinner, const QString &caption,
-                             int start, int mostTyped, int mostSpun) {
+                             int start, int typedUnder, int mostSpun) {
     auto *box = new QLineEdit(QString::number(start));
     box->setObjectName(QString::fromUtf8(name));
     box->setMaximumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000000")) + 16);
@@ -44,13 +53,13 @@ QLineEdit *SizeBoxes::addBox(int row, const char *name, const char *spinner, con
     grid->addWidget(box, row, 1);
     grid->addWidget(upDown, row, 2);
 
-    connect(box, &QLineEdit::textEdited, upDown, [upDown, mostTyped](const QString &text) {
-        const int number = numberAtStart(text);
-        if (number > 0 && number <= mostTyped)
-            upDown->setValue(number);
+    connect(box, &QLineEdit::textEdited, upDown, [upDown, typedUnder](const QString &text) {
+        const double number = numberAtStart(text);
+        if (number > 0 && number < typedUnder)
+            upDown->setValue(std::clamp(static_cast<int>(std::nearbyint(number)), 1, upDown->most()));
     });
     connect(upDown, &UpDown::valueChanged, this, [this, box](int value) {
-        if (numberAtStart(box->text()) != value)
+        if (dotsAtStart(box->text()) != value)
             box->setText(QString::number(value));
         emit sizeChosen();
     });
@@ -58,10 +67,10 @@ QLineEdit *SizeBoxes::addBox(int row, const char *name, const char *spinner, con
 }
 
 int SizeBoxes::widthInDots() const {
-    return numberAtStart(Text2->text());
+    return dotsAtStart(Text2->text());
 }
 int SizeBoxes::heightInDots() const {
-    return numberAtStart(Text3->text());
+    return dotsAtStart(Text3->text());
 }
 
 } // namespace zolt

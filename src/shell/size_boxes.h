@@ -9,8 +9,9 @@ namespace zolt {
 class UpDown;
 
 /// The two boxes for a picture's size in dots, Text2 for its width and Text3 for its
-/// height, each with its spinner. A typed number takes effect only within its range;
-/// the text stays as it is typed.
+/// height, each with its spinner. A typed number takes effect only above 0 and under 133
+/// or 1090, as it stands and not rounded; the spinner then has it rounded and within
+/// its own range.
 class SizeBoxes : public QWidget {
     Q_OBJECT
 
@@ -28,7 +29,7 @@ signals:
 
 private:
     QLineEdit *addBox(int row, const char *name, const char *spinner, const QString &caption, int start,
-                      int mostTyped, int mostSpun);
+                      int typedUnder, int mostSpun);
 
     QLineEdit *Text2;
     QLineEdit *Text3;

@@ -97,10 +97,10 @@ PictureOfText readPicture(const std::string &file, const Settings &settings) {
 }
 
 PictureOfText readGrob(const std::string &file, std::string_view text) {
-    const auto header = readGrobHeader(text);
-    if (header && header->tooWide())
+    PictureOfText picture = VerGrob(text);
+    if (picture.reason.empty() && readGrobHeader(text)->tooWide())
         unusable(file, kGrobTooWide);
-    return VerGrob(text);
+    return picture;
 }
 
 /// The bytes of the target. A GROB made of an image text takes its size from that.
@@ -125,7 +125,7 @@ int convert(const std::string &input, Form from, const std::string &output, Form
         const FileContents file = readFile(input, kLargestText);
         if (!file.ok())
             return unusable(input, file.reason);
-        const std::string text = documentFromFile(file.bytes);
+        const std::string text = pictureTextFromFile(file.bytes);
         picture = from == Form::Grob ? readGrob(input, text) : VerVelda(text);
         grobSize = grobSizeOfImageText(measureImageText(text));
     } else {

@@ -62,7 +62,8 @@ TEST(Grob, RowsOf34DigitsLoseWhatLiesBehind132Dots) {
 TEST(Grob, TellsItsSizeAndWhetherItIsTooWide) {
     const auto header = readGrobHeader("  GROB 131 64 00");
     ASSERT_TRUE(header);
-    EXPECT_EQ(header->caption(), "( 131 x  64 ) ");
+    EXPECT_EQ(header->caption, "( 131 x  64 ) ");
+    EXPECT_EQ(readGrobHeader("%%HP\r\nGROB 0008 03 F")->caption, "( 0008 x  03 ) ");
     EXPECT_FALSE(header->tooWide());
     EXPECT_TRUE(readGrobHeader("GROB 132 64 00")->tooWide());
 }

@@ -41,6 +41,20 @@ TEST(ImageText, WritesCellsFromTheTopWithTheLowestBitLeft) {
     EXPECT_EQ(LerFigura(DotSurface()), "");
 }
 
+TEST(ImageText, AnyLineEndInAFileIsOne) {
+    const std::pair<std::string, std::string> table[] = {
+        {"", ""},
+        {"a", "a"},
+        {"\n", ""},
+        {"a\nb\n", "a\r\nb"},
+        {"a\rb\r", "a\r\nb"},
+        {"a\r\nb\r\n\r\n", "a\r\nb\r\n"},
+        {"\n\ra\r\r\nb", "\r\n\r\na\r\n\r\nb"},
+    };
+    for (const auto &[file, text] : table)
+        EXPECT_EQ(pictureTextFromFile(file), text) << file;
+}
+
 TEST(ImageText, AFullScreenHas33CellsBy11Lines) {
     const std::string text = LerFigura(surfaceOf(Pattern::White, 132, 65));
     EXPECT_EQ(measureImageText(text), (ImageTextSize{33, 11}));
@@ -52,7 +66,7 @@ TEST(ImageText, ComesBackAsItWasWritten) {
     for (const auto &[width, height] : sizes) {
         const DotSurface surface = surfaceOf(Pattern::Noise, width, height);
         const std::string text = LerFigura(surface);
-        const DotSurface back = VerVelda(documentFromFile(fileFromDocument(text))).surface;
+        const DotSurface back = VerVelda(pictureTextFromFile(fileFromDocument(text))).surface;
         EXPECT_EQ(back.width(), (width + 3) / 4 * 4);
         EXPECT_EQ(back.height(), (height + 5) / 6 * 6);
         EXPECT_EQ(LerFigura(back), text);

@@ -9,12 +9,18 @@
 #include "support/program.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
 #include <QGroupBox>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
@@ -39,10 +45,25 @@ protected:
     static void press(QWidget &window, const char *name) {
         QTest::mouseClick(control<QPushButton>(&window, name), Qt::LeftButton);
     }
-    void writeBlackPicture(const char *name) const {
+    void openAnother(QWidget &window, const std::string &file) {
+        answerFileDialog(file);
+        call(&window, "AbrirImagem");
+    }
+    void writePicture(const char *name, QColor colour) const {
         QImage image(40, 30, QImage::Format_RGB32);
-        image.fill(Qt::black);
+        image.fill(colour);
         ASSERT_TRUE(image.save(QString::fromStdString(path(name))));
+    }
+    void writeBlackPicture(const char *name) const { writePicture(name, Qt::black); }
+    /// A GROB of the calculator's width, all black.
+    void writeBlackGrob(const char *name, int height) const {
+        writeBytes(name, "GROB 131 " + std::to_string(height) + " " +
+                             std::string(34 * static_cast<std::size_t>(height), 'F'));
+    }
+    static void expectBar(QWidget &window, const char *name, int rows) {
+        auto *bar = control<QScrollBar>(&window, name);
+        EXPECT_EQ(bar->isVisible(), rows > 65) << rows;
+        EXPECT_EQ(bar->maximum(), std::max(rows - 65, 0) * 2) << rows;
     }
     std::string blackImageText(int columns, int lines) const {
         DotSurface surface(columns * kCellWidth, lines * kCellHeight);
@@ -98,6 +119,13 @@ TEST_F(PictureWindows, TypedSizesOutOfRangeAreNotActedOn) {
     QTest::keyClicks(control<QLineEdit>(&window, "Text3"), QStringLiteral("1090"));
     // "1", "10" and "109" took effect on the way; the last digit didn't.
     EXPECT_EQ(view->sizeInDots().height(), 109);
+    // What counts is the number as it stands; the spinner has it rounded.
+    for (const auto &[pasted, width] : {std::pair("20.5", 20), {"0.4", 1}, {"132.6", 132}, {"133", 132}}) {
+        QApplication::clipboard()->setText(QString::fromUtf8(pasted));
+        control<QLineEdit>(&window, "Text2")->selectAll();
+        QTest::keyClick(control<QLineEdit>(&window, "Text2"), Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(view->sizeInDots().width(), width) << pasted;
+    }
     QTest::keyClick(control<QLineEdit>(&window, "Text3"), Qt::Key_Backspace);
     QTest::keyClick(control<QLineEdit>(&window, "Text3"), Qt::Key_Up);
     EXPECT_EQ(control<QLineEdit>(&window, "Text3")->text(), QStringLiteral("110"));
@@ -123,10 +151,96 @@ TEST_F(PictureWindows, ComeBackWithTheCommandsOnEveryRoadOut) {
     }
 }
 
-TEST_F(PictureWindows, GoWithTheirDocument) {
-    openWith<EditTextInsertGrobFrm>("MostrarEditTextInsertGrobFrm", {});
-    m_document.close();
-    EXPECT_TRUE(waitFor([] { return loaded<EditTextInsertGrobFrm>() == nullptr; }));
+TEST_F(PictureWindows, GoWithTheirDocumentButStayWhenTheFrameIsMinimised) {
+    const std::function<void()> ways[] = {[&] { m_document.hide(); }, [&] { m_document.showMinimized(); },
+                                          [&] { m_document.close(); }};
+    for (const auto &goAway : ways) {
+        m_document.showNormal();
+        openWith<EditTextInsertGrobFrm>("MostrarEditTextInsertGrobFrm", {});
+        loaded<MDIFrm>()->showMinimized();
+        QCoreApplication::processEvents();
+        ASSERT_NE(loaded<EditTextInsertGrobFrm>(), nullptr);
+        loaded<MDIFrm>()->showNormal();
+        goAway();
+        EXPECT_TRUE(waitFor([] { return loaded<EditTextInsertGrobFrm>() == nullptr; }));
+    }
+}
+
+TEST_F(PictureWindows, TheBarStandsBesideWhatIsHigherThanItsFrame) {
+    writeBlackGrob("tall.gro", 400);
+    writeBlackGrob("low.gro", 65);
+    writeBytes("tall.zli", blackImageText(33, 11) + "\r\n");
+    writeBytes("low.zli", blackImageText(33, 10) + "\r\n");
+    auto &grob = openWith<EditTextInsertGrobFrm>("MostrarEditTextInsertGrobFrm", path("tall.gro"));
+    expectBar(grob, "VScroll1", 400);
+    auto *bar = control<QScrollBar>(&grob, "VScroll1");
+    QCoreApplication::processEvents();
+    const int wide = grob.width();
+    QTest::keyClick(bar, Qt::Key_Down);
+    EXPECT_EQ(control<QWidget>(&grob, "Picture1")->y(), -10);
+    openAnother(grob, path("low.gro"));
+    expectBar(grob, "VScroll1", 65);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(grob.width(), wide - bar->sizeHint().width());
+    press(grob, "Command3");
+
+    auto &image = openWith<EditTextInsertVeldaFrm>("MostrarEditTextInsertVeldaFrm", path("tall.zli"));
+    expectBar(image, "VScroll1", 66);
+    openAnother(image, path("low.zli"));
+    expectBar(image, "VScroll1", 60);
+    press(image, "Command3");
+
+    writeBlackPicture("black.bmp");
+    auto &picture = openWith<EditTextInsertImageFrm>("MostrarEditTextInsertImageFrm", path("black.bmp"));
+    press(picture, "Command1");
+    expectBar(picture, "VScroll2", 65);
+    control<QLineEdit>(&picture, "Text3")->selectAll();
+    QTest::keyClicks(control<QLineEdit>(&picture, "Text3"), QStringLiteral("100"));
+    press(picture, "Command1");
+    expectBar(picture, "VScroll1", 100);
+    expectBar(picture, "VScroll2", 100);
+}
+
+TEST_F(PictureWindows, KeepNothingOfTheFileBeforeOneThatIsRefused) {
+    writeBlackPicture("good.bmp");
+    writeBlackGrob("good.gro", 80);
+    writeBytes("good.zli", blackImageText(33, 12) + "\r\n");
+    writeBytes("bad.bmp", "a text");
+    writeBytes("bad.gro", "GROB 50000 1000000 F");
+    writeBytes("bad.zli", "a text\n");
+    writeBytes("empty.zli", "");
+    const auto expectEmptyAfter = [&](QWidget &window, const char *file, const char *complaint,
+                                      const char *caption) {
+        Answer ok(QMessageBox::Ok);
+        openAnother(window, path(file));
+        EXPECT_EQ(ok.text(), QString::fromUtf8(complaint));
+        EXPECT_EQ(window.windowTitle(), QString::fromUtf8(caption));
+        EXPECT_EQ(window.findChild<SurfaceView *>()->sizeInDots(), QSize(132, 65));
+        press(window, "Command2");
+        EXPECT_EQ(m_document.activePane().Text(), "");
+        press(window, "Command3");
+    };
+    auto &picture = openWith<EditTextInsertImageFrm>("MostrarEditTextInsertImageFrm", path("good.bmp"));
+    expectEmptyAfter(picture, "bad.bmp", "Image format not recognized.", "Insert BMP GIF JPG ...");
+    auto &grob = openWith<EditTextInsertGrobFrm>("MostrarEditTextInsertGrobFrm", path("good.gro"));
+    auto *frame = control<QGroupBox>(&grob, "Frame1");
+    expectEmptyAfter(grob, "bad.gro", "bad.gro can't be opened: the picture is too large.", "Insert HP Grob");
+    EXPECT_EQ(frame->title(), QStringLiteral("Pré-visualização "));
+    for (const auto &[file, complaint] :
+         {std::pair("bad.zli", "bad.zli can't be opened: it holds no picture cell."), {"empty.zli", ""}}) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        auto &image = openWith<EditTextInsertVeldaFrm>("MostrarEditTextInsertVeldaFrm", path("good.zli"));
+        expectEmptyAfter(image, file, complaint, "Insert ZOLT image");
+    }
+}
+
+TEST_F(PictureWindows, SayThatAPictureWithoutBlackWouldShowNothing) {
+    writePicture("grey.bmp", QColor(1, 1, 1));
+    writeBlackPicture("black.bmp");
+    auto &window = openWith<EditTextInsertImageFrm>("MostrarEditTextInsertImageFrm", path("grey.bmp"));
+    EXPECT_TRUE(control<QLabel>(&window, "NothingShows")->isVisible());
+    openAnother(window, path("black.bmp"));
+    EXPECT_FALSE(control<QLabel>(&window, "NothingShows")->isVisible());
 }
 
 TEST_F(PictureWindows, InsertAGrobIntoThePaneThatTheSettingsName) {
@@ -157,18 +271,34 @@ TEST_F(PictureWindows, InsertAStoredImageAsItStands) {
 }
 
 TEST_F(PictureWindows, StopInsertsNothing) {
-    writeBlackPicture("black.bmp");
-    auto &window = openWith<EditTextInsertImageFrm>("MostrarEditTextInsertImageFrm", path("black.bmp"));
-    control<QLineEdit>(&window, "Text3")->selectAll();
-    QTest::keyClicks(control<QLineEdit>(&window, "Text3"), QStringLiteral("1089"));
-    // The stop comes as soon as the reading lets the windows live for the first time.
+    // So high that the reading gives way to the buttons more than once.
+    writeBytes("endless.gro", "GROB 131 32767 F");
+    auto &window = openWith<EditTextInsertGrobFrm>("MostrarEditTextInsertGrobFrm", path("endless.gro"));
+    bool stopped = false;
     QTimer stop;
-    QObject::connect(&stop, &QTimer::timeout, &window, [] { shared::PararLeitura = 1; });
+    QObject::connect(&stop, &QTimer::timeout, &window, [&] {
+        if (control<QProgressBar>(&window, "ProgressBar1")->value() > 0) {
+            press(window, "Command4");
+            stopped = true;
+            stop.stop();
+        }
+    });
     stop.start(0);
     press(window, "Command2");
-    stop.stop();
-    const auto length = m_document.activePane().length();
-    EXPECT_TRUE(length == 0 || length == static_cast<qsizetype>(blackImageText(33, 182).size())) << length;
+    EXPECT_TRUE(stopped);
+    EXPECT_EQ(m_document.activePane().Text(), "");
+}
+
+TEST_F(PictureWindows, ReadAgainAfterOneWasClosed) {
+    writeBlackGrob("tall.gro", 396);
+    for (int time = 0; time < 2; ++time) {
+        auto &window = openWith<EditTextInsertGrobFrm>("MostrarEditTextInsertGrobFrm", path("tall.gro"));
+        m_document.activePane().setText("");
+        press(window, "Command2");
+        EXPECT_EQ(m_document.activePane().Text(), blackImageText(33, 66));
+        press(window, "Command3");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 class Conversion : public PictureWindows {
@@ -236,12 +366,63 @@ TEST_F(Conversion, MakesEachTargetFromItsSource) {
     EXPECT_EQ(fileBytes("again.gro").substr(0, 14), "  GROB 131 64 ");
 }
 
-TEST_F(Conversion, RefusesWhatIsNoPicture) {
-    writeBytes("text.bmp", "not a picture");
-    Answer ok(QMessageBox::Ok);
-    choose(1, path("text.bmp"));
-    EXPECT_EQ(ok.text(), QStringLiteral("Image format not recognized."));
-    EXPECT_FALSE(control<QWidget>(m_window, "Picture6")->isVisible());
+TEST_F(Conversion, KeepsNothingOfTheSourceBeforeOneThatIsRefused) {
+    writeBytes("text.any", "a text\n");
+    const struct {
+        int kind;
+        const char *complaint;
+        std::string target;
+    } cases[] = {
+        {1, "Image format not recognized.", fileFromDocument(LerFigura(DotSurface(132, 65)))},
+        {5, "text.any can't be opened: it holds no GROB with its width and height.",
+         fileFromDocument(LerFigura(DotSurface(132, 65)))},
+        {6, "text.any can't be opened: it holds no picture cell.", ""},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.kind);
+        writeBlackGrob("tall.gro", 400);
+        choose(5, path("tall.gro"));
+        press(*m_window, "Command7");
+        expectBar(*m_window, "VScroll1", 400);
+        expectBar(*m_window, "VScroll2", 400);
+        Answer ok(QMessageBox::Ok);
+        choose(c.kind, path("text.any"));
+        EXPECT_EQ(ok.text(), QString::fromUtf8(c.complaint));
+        expectBar(*m_window, "VScroll1", 65);
+        expectBar(*m_window, "VScroll2", 65);
+        EXPECT_EQ(control<QGroupBox>(m_window, "Frame3")->title(), QStringLiteral("Preview"));
+        EXPECT_FALSE(control<QWidget>(m_window, "Picture6")->isVisible() && c.kind == 1);
+        if (c.target.empty()) {
+            Answer nothing(QMessageBox::Ok);
+            press(*m_window, "Command6");
+            EXPECT_EQ(nothing.text(), QStringLiteral("There is no ZOLT image to convert."));
+        } else {
+            const std::string target = std::to_string(c.kind) + ".zli";
+            convert(path(target));
+            EXPECT_EQ(fileBytes(target), c.target);
+        }
+    }
+}
+
+TEST_F(Conversion, SaysThatAPictureWithoutBlackWouldShowNothing) {
+    writePicture("grey.bmp", Qt::darkGray);
+    writeBlackGrob("black.gro", 6);
+    choose(3, path("grey.bmp"));
+    EXPECT_TRUE(control<QLabel>(m_window, "NothingShows")->isVisible());
+    choose(4, path("black.gro"));
+    EXPECT_FALSE(control<QLabel>(m_window, "NothingShows")->isVisible());
+}
+
+TEST_F(Conversion, SaysThatATargetWasNotSaved) {
+    writeBlackGrob("black.gro", 6);
+    ASSERT_TRUE(QFile::link(QStringLiteral("no folder/none.zli"), QString::fromStdString(path("none.zli"))));
+    for (const int kind : {5, 4}) {
+        m_document.say({});
+        choose(kind, path("black.gro"));
+        convert(path("none.zli"));
+        EXPECT_TRUE(control<QLabel>(&m_document, "Panel1")->text().startsWith("none.zli wasn't saved: "));
+        EXPECT_EQ(shared::settings.DfDirCnv, path(""));
+    }
 }
 
 } // namespace
