@@ -125,7 +125,7 @@ void InsertFrm::closing() {
 }
 
 bool InsertFrm::eventFilter(QObject *watched, QEvent *event) {
-    // The document's window goes: so does this one. Minimising is no going.
+    // The document's window goes or is minimised: so does this one. Minimising the frame is no going.
     if (event->type() == QEvent::Hide && !event->spontaneous() && isVisible())
         close();
     return ToolFrm::eventFilter(watched, event);
