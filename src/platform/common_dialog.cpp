@@ -2,23 +2,34 @@
 
 #include "core/file.h"
 #include "platform/colours.h"
+#include "platform/owned_dialog.h"
 
 #include <QColorDialog>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFontDialog>
-#include <QPointer>
 #include <algorithm>
 
 namespace zolt {
 
 namespace {
 
-/// The dialog's name filters from captions and patterns in turn. Patterns that
-/// stand in a caption as well aren't shown twice.
-QStringList nameFilters(const QString &filter) {
-    QStringList filters;
+/// A caption and its patterns.
+struct FilterPair {
+    QString caption;
+    QStringList patterns;
+
+    bool showsAll() const { return patterns.contains(u'*'); }
+    /// As QFileDialog reads it.
+    QString nameFilter() const { return QStringLiteral("%1 (%2)").arg(caption, patterns.join(QChar(u' '))); }
+    /// The first pattern's extension without its point; empty if it shows all files.
+    QString extension() const { return patterns.value(0).section(u'.', 1); }
+};
+
+/// The pairs of a Filter. Patterns that stand in a caption as well aren't shown twice.
+QList<FilterPair> filterPairs(const QString &filter) {
+    QList<FilterPair> pairs;
     const QStringList parts = filter.split(u'|');
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         QString caption = parts[i].trimmed();
@@ -27,14 +38,18 @@ QStringList nameFilters(const QString &filter) {
             caption.truncate(parenthesis);
         QStringList patterns = parts[i + 1].split(u';', Qt::SkipEmptyParts);
         patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
-        filters << QStringLiteral("%1 (%2)").arg(caption, patterns.join(QChar(u' ')));
+        pairs << FilterPair{caption, patterns};
     }
-    return filters;
+    return pairs;
 }
 
-QString pathFromBytes(const std::string &path) { return QFile::decodeName(QByteArray::fromStdString(path)); }
+QString pathFromBytes(const std::string &path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
 
-std::string bytesFromPath(const QString &path) { return QFile::encodeName(path).toStdString(); }
+std::string bytesFromPath(const QString &path) {
+    return QFile::encodeName(path).toStdString();
+}
 
 /// What a dialog stands before: a window that isn't shown yet can't own one.
 QWidget *ownerFor(QWidget *asker) {
@@ -62,13 +77,28 @@ bool CommonDialog::run(QDialog &dialog) {
     return accepted;
 }
 
-std::string CommonDialog::FileTitle() const { return titleOf(FileName); }
+std::string CommonDialog::FileTitle() const {
+    return titleOf(FileName);
+}
 
 int CommonDialog::showFileDialog(QFileDialog &dialog) {
-    const QStringList filters = nameFilters(Filter);
+    QList<FilterPair> pairs = filterPairs(Filter);
+    const auto chosen = static_cast<qsizetype>(FilterIndex) - 1;
+    const qsizetype preselected = std::clamp<qsizetype>(chosen, 0, std::max<qsizetype>(pairs.size() - 1, 0));
+    if (std::none_of(pairs.begin(), pairs.end(), [](const FilterPair &pair) { return pair.showsAll(); }))
+        pairs << FilterPair{QStringLiteral("All files"), {QStringLiteral("*")}};
+    QStringList filters;
+    for (const FilterPair &pair : pairs)
+        filters << pair.nameFilter();
     dialog.setNameFilters(filters);
-    if (!filters.isEmpty())
-        dialog.selectNameFilter(filters[std::clamp<qsizetype>(FilterIndex - 1, 0, filters.size() - 1)]);
+    const auto follow = [&dialog, &pairs, &filters](const QString &filter) {
+        dialog.setDefaultSuffix(pairs.value(filters.indexOf(filter)).extension());
+    };
+    if (Flags & kAddExtension) {
+        connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+        follow(filters[preselected]);
+    }
+    dialog.selectNameFilter(filters[preselected]);
 
     const QString start = pathFromBytes(InitDir);
     const QString folder = QFileInfo(start).isDir() ? start : pathFromBytes(folderOf(InitDir));
@@ -85,33 +115,33 @@ int CommonDialog::showFileDialog(QFileDialog &dialog) {
 }
 
 int CommonDialog::ShowOpen(QWidget *asker) {
-    QFileDialog dialog(ownerFor(asker), DialogTitle);
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    dialog.setFileMode(Flags & kFileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    return showFileDialog(dialog);
+    const OwnedDialog<QFileDialog> dialog(ownerFor(asker), DialogTitle);
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode(Flags & kFileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    return showFileDialog(*dialog);
 }
 
 int CommonDialog::ShowSave(QWidget *asker) {
-    QFileDialog dialog(ownerFor(asker), DialogTitle);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, !(Flags & kOverwritePrompt));
-    return showFileDialog(dialog);
+    const OwnedDialog<QFileDialog> dialog(ownerFor(asker), DialogTitle);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite, !(Flags & kOverwritePrompt));
+    return showFileDialog(*dialog);
 }
 
 int CommonDialog::ShowColor(QWidget *asker) {
-    QColorDialog dialog(qtColour(Color, QPalette::WindowText), ownerFor(asker));
-    if (!run(dialog))
+    const OwnedDialog<QColorDialog> dialog(qtColour(Color, QPalette::WindowText), ownerFor(asker));
+    if (!run(*dialog))
         return kDialogCancelled;
-    Color = colourValue(dialog.selectedColor());
+    Color = colourValue(dialog->selectedColor());
     return kDialogDone;
 }
 
 int CommonDialog::ShowFont(QWidget *asker) {
-    QFontDialog dialog(Font, ownerFor(asker));
-    if (!run(dialog))
+    const OwnedDialog<QFontDialog> dialog(Font, ownerFor(asker));
+    if (!run(*dialog))
         return kDialogCancelled;
-    Font = dialog.selectedFont();
+    Font = dialog->selectedFont();
     return kDialogDone;
 }
 

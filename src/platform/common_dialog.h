@@ -17,7 +17,9 @@ namespace zolt {
 enum DialogError : int { kDialogDone = 0, kDialogCancelled = 32755 };
 
 /// Flags of the file dialogs; other bits have no meaning on this platform.
-enum DialogFlag : int { kOverwritePrompt = 0x2, kFileMustExist = 0x1000 };
+/// kAddExtension is this system's own: a save dialog gives a name without an extension
+/// that of the chosen filter's first pattern, before it asks about overwriting.
+enum DialogFlag : int { kOverwritePrompt = 0x2, kFileMustExist = 0x1000, kAddExtension = 0x1000000 };
 
 /// A file, colour or font dialog that keeps its values between two showings.
 /// Set the fields, show it, read the fields back. Its QDialog bears the object's
@@ -29,10 +31,12 @@ public:
     explicit CommonDialog(const QString &name, QObject *parent = nullptr);
 
     QString DialogTitle;
-    /// Pairs of caption and patterns, "Text (*.txt)|*.txt|GROB|*.grb;*.gro|".
+    /// Pairs of caption and patterns, "Text (*.txt)|*.txt|GROB|*.grb;*.gro|". Where
+    /// none of them shows all files, the dialog offers that behind them.
     QString Filter;
-    /// The pair preselected, from 1; afterwards the one chosen. An index beyond
-    /// the last pair means the last one.
+    /// The pair preselected, from 1; afterwards the one chosen, which for the dialog's
+    /// own "All files" is the number of pairs and 1. An index beyond the last pair
+    /// means the last one.
     int FilterIndex = 1;
     int Flags = 0;
     /// Where the dialog starts, as file system bytes: a folder, or a file in it.
@@ -47,7 +51,8 @@ public:
 
     /// Both show the dialog and return kDialogDone with FileName set, or
     /// kDialogCancelled with nothing changed. The asking window owns the dialog, and
-    /// the control that had the keyboard has it again afterwards.
+    /// the control that had the keyboard has it again afterwards. A window that goes
+    /// meanwhile takes the dialog along: it counts as cancelled.
     int ShowOpen(QWidget *asker);
     int ShowSave(QWidget *asker);
     /// Color or Font takes the choice; the same results.
@@ -56,7 +61,8 @@ public:
 
 private:
     int showFileDialog(QFileDialog &dialog);
-    /// Runs a dialog and gives the keyboard back. True if it was accepted.
+    /// Runs a dialog and gives the keyboard back. True if it was accepted; else it may
+    /// be gone.
     bool run(QDialog &dialog);
 };
 

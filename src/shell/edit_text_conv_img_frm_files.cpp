@@ -39,6 +39,16 @@ bool isGrobSource(int kind) {
 
 /// Bits to the pixel of the target dialog's file types, from the first; then GIF.
 constexpr std::array kBitmapDepths{1, 4, 8, 24};
+constexpr std::size_t kGif = kBitmapDepths.size();
+
+/// The file type that was chosen, from 0. With "All files", the one behind them, the
+/// name's extension says it: GIF, or else the first.
+std::size_t targetType(const CommonDialog &dialog) {
+    const auto type = static_cast<std::size_t>(dialog.FilterIndex - 1);
+    if (type <= kGif)
+        return type;
+    return fromFileName(dialog.FileTitle()).endsWith(QStringLiteral(".gif"), Qt::CaseInsensitive) ? kGif : 0;
+}
 
 } // namespace
 
@@ -211,7 +221,7 @@ CommonDialog &EditTextConvImgFrm::targetDialog(const QString &filter) {
     dialog.DialogTitle = QStringLiteral("Save");
     dialog.Filter = filter;
     dialog.FilterIndex = 1;
-    dialog.Flags = kOverwritePrompt;
+    dialog.Flags = kOverwritePrompt | kAddExtension;
     dialog.InitDir = shared::settings.DfDirCnv;
     dialog.FileName.clear();
     return dialog;
@@ -258,10 +268,9 @@ void EditTextConvImgFrm::FicheiroGuardarBMP() {
     CommonDialog &dialog = targetDialog(QString::fromUtf8(kBitmapFilter));
     if (dialog.ShowSave(this) != kDialogDone)
         return;
-    const auto type = static_cast<std::size_t>(dialog.FilterIndex - 1);
+    const std::size_t type = targetType(dialog);
     const DotSurface dots = surfaceDots();
-    const std::string bytes =
-        type < kBitmapDepths.size() ? bitmapFile(dots, kBitmapDepths[type]) : gifFile(dots, progress());
+    const std::string bytes = type < kGif ? bitmapFile(dots, kBitmapDepths[type]) : gifFile(dots, progress());
     ProgressBar1->reset();
     if (!bytes.empty())
         writeTarget(dialog.FileName, bytes);

@@ -359,6 +359,10 @@ TEST_F(Conversion, MakesEachTargetFromItsSource) {
     const QImage bitmap(QString::fromStdString(path("screen.bmp")));
     EXPECT_EQ(bitmap.size(), QSize(264, 132));
     EXPECT_EQ(bitmap.pixel(0, 0), qRgb(0, 0, 0));
+    // Among all files the extension says which kind it is.
+    answerFileDialog(path("screen.GIF"), "All");
+    press(*m_window, "Command6");
+    EXPECT_TRUE(fileBytes("screen.GIF").starts_with("GIF8"));
 
     choose(3, path("screen.bmp"));
     EXPECT_TRUE(control<QWidget>(m_window, "Picture6")->isVisible());

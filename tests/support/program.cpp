@@ -4,6 +4,7 @@
 #include "shell/start_up.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
@@ -119,14 +120,16 @@ void whenModal(const char *className, std::function<void(QWidget *)> act) {
     });
 }
 
-void answerFileDialog(const std::string &path) {
-    whenModal("QFileDialog", [path](QWidget *window) {
+void answerFileDialog(const std::string &path, const char *fileType) {
+    whenModal("QFileDialog", [path, fileType](QWidget *window) {
         auto *dialog = qobject_cast<QFileDialog *>(window);
         ASSERT_NE(dialog, nullptr);
         if (path.empty())
             return dialog->reject();
         auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         ASSERT_NE(name, nullptr);
+        QTest::keyClicks(dialog->findChild<QComboBox *>(QStringLiteral("fileTypeCombo")),
+                         QString::fromUtf8(fileType));
         dialog->selectFile(QString::fromStdString(path));
         name->setText(QString::fromStdString(path));
         // The dialog's own button waits for its list of the folder to be read.

@@ -49,8 +49,8 @@ private:
 };
 
 /// Arranges that the next file dialog gets a path typed and is accepted, or is
-/// cancelled for an empty path.
-void answerFileDialog(const std::string &path);
+/// cancelled for an empty path. The file type that begins so is chosen before.
+void answerFileDialog(const std::string &path, const char *fileType = "");
 
 /// Runs `act` once a modal window of this class stands, then goes on.
 void whenModal(const char *className, std::function<void(QWidget *)> act);
