@@ -120,7 +120,7 @@ QWidget *SymbolFrm::buildListPage() {
     List1->setSpacing(1);
     List1->setUniformItemSizes(true);
     List1->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(List1, &QListWidget::currentRowChanged, this, &SymbolFrm::followSelection);
+    connect(List1, &QListWidget::itemSelectionChanged, this, &SymbolFrm::followSelection);
     connect(List1, &QListWidget::itemDoubleClicked, this, &SymbolFrm::Command4_Click);
     Picture29 = named("Picture29", new CellPreview);
 

@@ -10,6 +10,7 @@
 #include "shell/dialog_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/shared_values.h"
+#include "shell/status_line.h"
 #include "shell/symbol_frm.h"
 #include "shell/windows.h"
 
@@ -21,7 +22,8 @@
 namespace zolt {
 
 int SymbolFrm::selectedSymbol() const {
-    return List1->currentRow() + 1;
+    const QListWidgetItem *item = List1->currentItem();
+    return item && item->isSelected() ? List1->currentRow() + 1 : 0;
 }
 
 void SymbolFrm::selectSymbol(int number) {
@@ -47,7 +49,8 @@ void SymbolFrm::showCount() {
 void SymbolFrm::showFileName() {
     constexpr int kExtension = 4;
     QString title = fromFileName(titleOf(shared::settings.DefltSmb));
-    title.chop(kExtension);
+    if (title.size() > kExtension && title[title.size() - kExtension] == u'.')
+        title.chop(kExtension);
     Label1->setText(title);
 }
 
@@ -176,13 +179,14 @@ void SymbolFrm::Command12_Click() {
         return;
     shared::settings.DefltSmb = path;
     ActualizarLista();
+    selectSymbol(1);
     showFileName();
     List1->setFocus();
 }
 
 void SymbolFrm::Command13_Click() {
-    const std::string path = askForFile(QStringLiteral("Save as"), kOverwritePrompt);
-    if (path.empty() || !writeFile(path, m_symbols.save()).empty())
+    const std::string path = askForFile(QStringLiteral("Save as"), kOverwritePrompt | kAddExtension);
+    if (path.empty() || !savedOrSaid(path, writeFile(path, m_symbols.save())))
         return;
     shared::settings.DefltSmb = path;
     showFileName();
@@ -198,9 +202,10 @@ void SymbolFrm::Command17_Click() {
         return;
     const SymbolsRead read = m_symbols.import(file.bytes);
     ActualizarLista();
+    selectSymbol(1);
+    List1->setFocus();
     if (read.complete)
         showMessage(this, QStringLiteral("Added %1 symbols to the list").arg(read.count));
-    List1->setFocus();
 }
 
 void SymbolFrm::Command4_Click() {
@@ -214,7 +219,8 @@ void SymbolFrm::Command4_Click() {
 }
 
 void SymbolFrm::Command18_Click() {
-    if (writeFile(shared::settings.DefltSmb, m_symbols.save()).empty())
+    const std::string &path = shared::settings.DefltSmb;
+    if (savedOrSaid(path, writeFile(path, m_symbols.save())))
         close();
 }
 

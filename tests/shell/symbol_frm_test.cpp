@@ -69,7 +69,7 @@ protected:
         std::string titles;
         for (int row = 0; row < list().count(); ++row) {
             const std::string title = bytesOfHeldText(list().item(row)->text());
-            titles += row == list().currentRow() ? "[" + title + "] " : title + " ";
+            titles += list().item(row)->isSelected() ? "[" + title + "] " : title + " ";
         }
         return titles;
     }
@@ -232,6 +232,16 @@ TEST_F(SymbolWindow, MovesDoublesAndRemovesWithTheSelection) {
     EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:0"));
 }
 
+TEST_F(SymbolWindow, WithoutASelectedLineNothingHappens) {
+    const QPoint first = list().visualItemRect(list().item(0)).center();
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, Qt::ControlModifier, first);
+    for (const char *command : {"Command8", "Command9", "Command15", "Command16", "Command4"})
+        press(command);
+    EXPECT_EQ(shown(), "One Two Three ");
+    EXPECT_EQ(page(), SymbolFrm::ListPage);
+    EXPECT_EQ(m_document->activePane().Text(), "");
+}
+
 TEST_F(SymbolWindow, CleansTheListAndCancelKeepsTheFile) {
     press("Command14");
     EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:0"));
@@ -297,7 +307,8 @@ TEST_F(SymbolWindow, OpensAnotherFileAndOkWritesThere) {
                             "0\r\n");
     answerFileDialog(path("other.zls"));
     press("Command12");
-    EXPECT_EQ(shown(), "A, b ");
+    EXPECT_EQ(shown(), "[A, b] ");
+    EXPECT_EQ(drawnExpression("Picture29"), cell("000000"));
     EXPECT_EQ(label("Label1"), QStringLiteral("other"));
     setPage(SymbolFrm::EditionPage);
     press("Command1");
@@ -314,22 +325,31 @@ TEST_F(SymbolWindow, SavesUnderAnotherName) {
     answerFileDialog({});
     press("Command13");
     EXPECT_EQ(label("Label1"), QStringLiteral("Default"));
-    answerFileDialog(path("mine.zls"));
+    answerFileDialog(path("mine"));
     press("Command13");
     EXPECT_EQ(label("Label1"), QStringLiteral("mine"));
     EXPECT_EQ(shown(), "[Two] Three ");
     EXPECT_TRUE(fileBytes("mine.zls").starts_with(" 2 \r\nTwo\r\n"));
     EXPECT_EQ(fileBytes("Default.zls"), kThree);
 
-    // A name that stands there is asked about.
-    answerFileDialog(path("Default.zls"));
-    whenModal("QMessageBox", [](QWidget *question) {
-        question->close();
+    // A name that stands there is asked about, whole.
+    answerFileDialog(path("Default"));
+    QString question;
+    whenModal("QMessageBox", [&](QWidget *box) {
+        question = qobject_cast<QMessageBox *>(box)->text();
+        box->close();
         answerFileDialog({});
     });
     press("Command13");
+    EXPECT_TRUE(question.contains(QStringLiteral("Default.zls"))) << question.toStdString();
     EXPECT_EQ(fileBytes("Default.zls"), kThree);
     EXPECT_EQ(shared::settings.DefltSmb, path("mine.zls"));
+
+    // Among all files a name is taken as it is typed.
+    answerFileDialog(path("plain"), "All");
+    press("Command13");
+    EXPECT_TRUE(fileBytes("plain").starts_with(" 2 \r\nTwo\r\n"));
+    EXPECT_EQ(label("Label1"), QStringLiteral("plain"));
 }
 
 TEST_F(SymbolWindow, ImportsBehindTheList) {
@@ -340,7 +360,7 @@ TEST_F(SymbolWindow, ImportsBehindTheList) {
         press("Command17");
         EXPECT_EQ(ok.text(), QStringLiteral("Added 2 symbols to the list"));
     }
-    EXPECT_EQ(shown(), "One Two Three X Y ");
+    EXPECT_EQ(shown(), "[One] Two Three X Y ");
     EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:5"));
     EXPECT_EQ(shared::settings.DefltSmb, path("Default.zls"));
 }
@@ -355,11 +375,11 @@ TEST_F(SymbolWindow, DamagedFilesSayNothing) {
     writeBytes("short.zls", "3\r\nX\r\n1\r\nY\r\n");
     answerFileDialog(path("short.zls"));
     press("Command17");
-    EXPECT_EQ(shown(), "One Two Three X Y  ");
+    EXPECT_EQ(shown(), "[One] Two Three X Y  ");
     // What was read stands in the list, so that OK must not write it to the old file.
     answerFileDialog(path("short.zls"));
     press("Command12");
-    EXPECT_EQ(shown(), "X Y  ");
+    EXPECT_EQ(shown(), "[X] Y  ");
     press("Command18");
     EXPECT_EQ(fileBytes("Default.zls"), kThree);
 }
@@ -369,6 +389,11 @@ TEST_F(SymbolWindow, StaysWithItsSymbolsIfTheyCannotBeWritten) {
     press("Command18");
     EXPECT_TRUE(m_window->isVisible());
     EXPECT_EQ(shown(), "[One] Two Three ");
+    const auto *said = control<QLabel>(m_document, "Panel1");
+    EXPECT_TRUE(said->text().startsWith(QStringLiteral("list.zls wasn't saved: ")));
+    answerFileDialog(path("missing/other"));
+    press("Command13");
+    EXPECT_TRUE(said->text().startsWith(QStringLiteral("other.zls wasn't saved: ")));
 }
 
 TEST_F(SymbolWindow, GoesWithItsDocument) {
