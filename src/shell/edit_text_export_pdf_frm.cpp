@@ -9,6 +9,7 @@
 #include "shell/edit_text_frm.h"
 #include "shell/long_work.h"
 #include "shell/shared_values.h"
+#include "shell/status_line.h"
 #include "shell/windows.h"
 
 #include <QComboBox>
@@ -215,20 +216,24 @@ bool EditTextExportPDFFrm::convert() {
     };
     enableInput(false);
     const auto closed = [self] { return !self || !self->isVisible(); };
-    const PdfResult result = ConvertToPDF(fileName(txtFilename), fileName(txtOutputFile), parameters(),
-                                          livelyProgress({}, closed));
+    const std::string output = fileName(txtOutputFile);
+    const PdfResult result =
+        ConvertToPDF(fileName(txtFilename), output, parameters(), livelyProgress({}, closed));
     if (closed())
         return false;
     enableInput(true);
     for (const std::string &message : result.messages)
-        showMessage(this, QString::fromLocal8Bit(message.c_str()));
-    return true;
+        if (self)
+            showMessage(this, QString::fromLocal8Bit(message.c_str()));
+    const bool written = savedOrSaid(output, result.writeError) && result.pageCount > 0;
+    return written && !closed();
 }
 
 void EditTextExportPDFFrm::offerToOpen() {
+    const std::string output = fileName(txtOutputFile);
     if (ask(this, QStringLiteral("Open created PDF file ?"), QMessageBox::Yes | QMessageBox::No,
             QMessageBox::Question, QStringLiteral("ZOLT"), QMessageBox::No) == QMessageBox::Yes)
-        openInDesktop(fileName(txtOutputFile));
+        openInDesktop(output);
 }
 
 void EditTextExportPDFFrm::btnConvert_Click() {
@@ -237,6 +242,7 @@ void EditTextExportPDFFrm::btnConvert_Click() {
     CommonDialog &dialog = commonDialog(DialogFrm::Pdf);
     dialog.DialogTitle = QStringLiteral("Save");
     dialog.Filter = QStringLiteral("Adobe PDF Files (*.pdf)|*.pdf|");
+    dialog.Flags = kAddExtension;
     dialog.InitDir = shared::settings.DfDirPdf;
     if (dialog.ShowSave(this) != kDialogDone)
         return;
@@ -244,15 +250,13 @@ void EditTextExportPDFFrm::btnConvert_Click() {
     shared::settings.DfDirPdf = folderOf(dialog.FileName);
 
     const QString temporary = fromFileName(FicheiroTemporário);
-    if (txtFilename->text().isEmpty() || txtOutputFile->text().isEmpty()) {
+    const QPointer<EditTextExportPDFFrm> self = this;
+    if (txtFilename->text().isEmpty() || txtOutputFile->text().isEmpty())
         showMessage(this, QStringLiteral("Please specify the name of the file."));
-    } else if (!convert()) {
-        QFile::remove(temporary);
-        return;
-    } else if (fileOfCommandLine().isEmpty()) {
+    else if (convert() && fileOfCommandLine().isEmpty())
         offerToOpen();
-    }
-    close();
+    if (self && isVisible())
+        close();
     QFile::remove(temporary);
 }
 

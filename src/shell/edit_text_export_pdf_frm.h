@@ -38,7 +38,8 @@ private:
     /// which then misses its input.
     void FicheiroGuardarTemporário();
     PdfParameters parameters() const;
-    /// Writes the file and tells what went wrong. False if the window closed meanwhile.
+    /// Writes the file and tells what went wrong. False if there is none to show, or no
+    /// window any more.
     bool convert();
     void offerToOpen();
 

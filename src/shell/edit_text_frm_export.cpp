@@ -10,6 +10,10 @@
 #include "shell/edit_text_frm.h"
 #include "shell/mdi_frm.h"
 #include "shell/shared_values.h"
+#include "shell/status_line.h"
+
+#include <QFile>
+#include <QRegularExpression>
 
 namespace zolt {
 
@@ -27,6 +31,14 @@ WebPageLook lookOf(const TextPane &pane) {
             .FontStrikethru = font.strikeOut()};
 }
 
+/// A file's title without its extension. What stands behind a point is none if it is
+/// long, holds a blank or is a number: "Chapter 1. Intro", "v1.2".
+std::string withoutExtension(const std::string &title) {
+    static const QRegularExpression extension(QStringLiteral("(?<=.)\\.(?!\\d+$)[A-Za-z0-9]{1,4}$"));
+    const qsizetype length = fromFileName(title).indexOf(extension);
+    return length < 0 ? title : QFile::encodeName(fromFileName(title).left(length)).toStdString();
+}
+
 /// Asks where the Web page goes; nothing on Cancel. The document's own dialog asks,
 /// and keeps the document's name.
 std::string askForWebPage(QWidget *asker) {
@@ -37,10 +49,10 @@ std::string askForWebPage(QWidget *asker) {
     dialog.Filter = QStringLiteral("Web Page (*.htm;*.html)|*.htm|");
     dialog.FilterIndex = 2;
     dialog.InitDir = shared::settings.DefltDir;
-    dialog.Flags = kOverwritePrompt;
+    dialog.Flags = kOverwritePrompt | kAddExtension;
     // The document's name itself would be overwritten by a quick Enter.
     if (!title.empty())
-        dialog.FileName = title.substr(0, title.rfind('.')) + ".htm";
+        dialog.FileName = withoutExtension(title) + ".htm";
     const std::string chosen = dialog.ShowSave(asker) == kDialogDone ? dialog.FileName : std::string();
     dialog.FileName = document;
     return chosen;
@@ -62,7 +74,7 @@ void EditTextFrm::ExportarHTML() {
         return;
     shared::GuardarCancelado = 1;
     const std::string path = askForWebPage(this);
-    if (path.empty() || !writeFile(path, *page).empty())
+    if (path.empty() || !savedOrSaid(path, writeFile(path, *page)))
         return;
     shared::settings.DefltDir = folderOf(path);
     shared::GuardarCancelado = 0;
@@ -71,7 +83,7 @@ void EditTextFrm::ExportarHTML() {
 void EditTextFrm::FicheiroExportarPrevisualizarpaginaWeb() {
     const auto page = buildWebPage();
     const std::string path = shared::programFolder + "/Temp.html";
-    if (page && writeFile(path, *page).empty())
+    if (page && savedOrSaid(path, writeFile(path, *page)))
         openInDesktop(path);
 }
 

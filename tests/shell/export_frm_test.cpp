@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -25,6 +26,7 @@ protected:
         window.activePane().setText(text);
         return window;
     }
+    static QString panel() { return control<QLabel>(loaded<EditTextFrm>(), "Panel1")->text(); }
     bool exists(const char *name) { return QFile::exists(QString::fromStdString(path(name))); }
 };
 
@@ -85,7 +87,7 @@ TEST_F(PdfWindow, WritesTheDocumentAsItsControlsSay) {
     type("txtAuthor", "João");
     type("txtKeywords", "k");
     Answer no(QMessageBox::No);
-    answerFileDialog(path("out.pdf"));
+    answerFileDialog(path("out"));
     press("btnConvert");
     EXPECT_EQ(no.text(), QStringLiteral("Open created PDF file ?"));
 
@@ -140,7 +142,6 @@ TEST_F(PdfWindow, SaysThatATemporaryFileIsMissing) {
     QString message;
     whenModal("QMessageBox", [&](QWidget *box) {
         message = qobject_cast<QMessageBox *>(box)->text();
-        whenModal("QMessageBox", [](QWidget *question) { question->close(); });
         box->close();
     });
     answerFileDialog(path("out.pdf"));
@@ -148,6 +149,24 @@ TEST_F(PdfWindow, SaysThatATemporaryFileIsMissing) {
     EXPECT_EQ(message, QString::fromStdString("The file '" + path("tmp1855") + "' doesn't exist."));
     EXPECT_FALSE(exists("out.pdf"));
     EXPECT_TRUE(windowIsGone());
+}
+
+TEST_F(PdfWindow, AFileThatIsNotWrittenIsSaidAndNotOffered) {
+    open("text");
+    Answer question(QMessageBox::No);
+    answerFileDialog(path("missing/out.pdf"));
+    press("btnConvert");
+    EXPECT_FALSE(question.came());
+    EXPECT_TRUE(panel().startsWith(QStringLiteral("out.pdf wasn't saved: ")));
+    EXPECT_TRUE(windowIsGone());
+}
+
+TEST_F(PdfWindow, ItsDialogGoesWithIt) {
+    open("text");
+    whenModal("QFileDialog", [](QWidget *) { loaded<EditTextExportPDFFrm>()->close(); });
+    press("btnConvert");
+    EXPECT_TRUE(windowIsGone());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(PdfWindow, ClosingItEndsALongExport) {
@@ -228,15 +247,16 @@ TEST_F(WebPageExport, WritesThePageAndKeepsTheDocumentsName) {
     EXPECT_EQ(fileBytes("page.htm"), kPage);
 }
 
-TEST_F(WebPageExport, AWayThatEndsWithoutAFileIsSilent) {
+TEST_F(WebPageExport, AWayThatEndsWithoutAFileShowsNoBoxButWhatItMust) {
     const std::string folder = shared::settings.DefltDir;
     answerFileDialog({});
     call(&m_window, "ExportarHTML");
     EXPECT_EQ(shared::GuardarCancelado, 1);
     shared::GuardarCancelado = 0;
-    answerFileDialog(path("missing/page.htm"));
+    answerFileDialog(path("missing/page"));
     call(&m_window, "ExportarHTML");
     EXPECT_EQ(shared::GuardarCancelado, 1);
+    EXPECT_TRUE(panel().startsWith(QStringLiteral("page.htm wasn't saved: ")));
     EXPECT_EQ(shared::settings.DefltDir, folder);
 
     shared::GuardarCancelado = 0;
@@ -247,6 +267,26 @@ TEST_F(WebPageExport, AWayThatEndsWithoutAFileIsSilent) {
         EXPECT_EQ(ok.text(), QStringLiteral("Empty document"));
     }
     EXPECT_FALSE(exists("Temp.html"));
+}
+
+TEST_F(WebPageExport, IsOfferedTheDocumentsNameWithoutItsExtension) {
+    const struct {
+        const char *document;
+        const char *page;
+    } names[] = {{"doc.zlt", "doc.htm"},
+                 {"no extension", "no extension.htm"},
+                 {"v1.2", "v1.2.htm"},
+                 {"1. Intro", "1. Intro.htm"},
+                 {".hid", ".hid.htm"}};
+    for (const auto &name : names) {
+        answerFileDialog(path(name.document));
+        call(&m_window, "FicheiroGuardarComo");
+        whenModal("QFileDialog", [&](QWidget *dialog) {
+            EXPECT_EQ(control<QLineEdit>(dialog, "fileNameEdit")->text(), QString::fromUtf8(name.page));
+            dialog->close();
+        });
+        call(&m_window, "ExportarHTML");
+    }
 }
 
 TEST_F(WebPageExport, PreviewsInTheBrowser) {
