@@ -10,9 +10,11 @@
 #include "shell/edit_text_frm.h"
 #include "shell/mdi_frm.h"
 #include "shell/shared_values.h"
+#include "shell/status_line.h"
 
 #include <QApplication>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -68,10 +70,11 @@ void EditTextGuardarHPFrm::testDocument() {
     Text2->setText({});
     Text2->setColours(palette().color(QPalette::Text), palette().color(QPalette::Base));
     loaded<MDIFrm>()->MostrarEditTextGuardarHPFrm();
+    const QPointer<EditTextGuardarHPFrm> self = this;
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 
     EditTextFrm *document = loaded<EditTextFrm>();
-    if (!document)
+    if (!document || !self)
         return;
     const TextPane &pane = document->activePane();
     Text1->setPaneFont(pane.font());
@@ -98,35 +101,41 @@ bool EditTextGuardarHPFrm::nameIsAllowed(const std::string &title) {
 
 std::string EditTextGuardarHPFrm::askForFile() {
     CommonDialog &dialog = commonDialog(DialogFrm::HpFile);
-    while (true) {
+    dialog.InitDir = shared::settings.DfDirFHP;
+    const QPointer<EditTextGuardarHPFrm> self = this;
+    while (self) {
         dialog.DialogTitle = QStringLiteral("Save");
         dialog.Filter = QStringLiteral("HP48 String (*.*)|*.*|");
         dialog.FilterIndex = 2;
-        dialog.InitDir = shared::settings.DfDirFHP;
         dialog.Flags = kOverwritePrompt;
         if (dialog.ShowSave(this) != kDialogDone)
             return {};
         if (nameIsAllowed(dialog.FileTitle()))
             return dialog.FileName;
+        // A refused name is mended where it was typed.
+        dialog.InitDir = dialog.FileName;
     }
+    return {};
 }
 
 void EditTextGuardarHPFrm::Command1_Click() {
+    const QPointer<EditTextGuardarHPFrm> self = this;
     const std::string file = askForFile();
-    if (file.empty() || !writeFile(file, hpFile(Text1->Text())).empty())
+    if (!self || file.empty() || !savedOrSaid(file, writeFile(file, hpFile(Text1->Text()))))
         return;
     shared::settings.DfDirFHP = folderOf(file);
     close();
 }
 
 void EditTextGuardarHPFrm::Command3_Click() {
+    const QPointer<EditTextGuardarHPFrm> self = this;
     const auto answer =
         ask(this,
             QStringLiteral("Do you wish to substitute the main document by the correction?\r\n"
                            "This operation is not reversible!"),
             QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Question);
     EditTextFrm *document = loaded<EditTextFrm>();
-    if (answer == QMessageBox::Yes && document)
+    if (answer == QMessageBox::Yes && document && self)
         document->activePane().replaceText(Text1->Text());
 }
 

@@ -1,6 +1,9 @@
 #include "shell/edit_text_guardar_hp_frm.h"
 #include "support/program.h"
 
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
@@ -66,22 +69,28 @@ TEST_F(IntegrityWindow, SavesTheStringUnderANameThatPasses) {
     auto &window = test("\x0B"
                         "BHi\x0B"
                         "B");
-    // The first name is refused and the dialog comes again, with the second name.
-    answerFileDialog(path("SWAP"));
+    // The first name is refused and the dialog comes again where it was typed.
+    ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("sub")));
+    answerFileDialog(path("sub/SWAP"));
     QString refusal;
     whenModal("QMessageBox", [&](QWidget *message) {
         refusal = qobject_cast<QMessageBox *>(message)->text();
-        answerFileDialog(path("hello"));
+        whenModal("QFileDialog", [](QWidget *dialog) {
+            auto *name = control<QLineEdit>(dialog, "fileNameEdit");
+            EXPECT_EQ(name->text(), QStringLiteral("SWAP"));
+            name->setText(QStringLiteral("hello"));
+            call(dialog, "accept");
+        });
         message->close();
     });
     press(window, "Command1");
     EXPECT_EQ(refusal,
               QStringLiteral("Command names are not allowed (SWAP) \r\nPlease re-enter the filename."));
-    EXPECT_EQ(fileBytes("hello"), "\"\x0B"
-                                  "BHi\x0B"
-                                  "B\"\r\n");
-    EXPECT_EQ(fileBytes("SWAP"), "");
-    EXPECT_EQ(shared::settings.DfDirFHP, path(""));
+    EXPECT_EQ(fileBytes("sub/hello"), "\"\x0B"
+                                      "BHi\x0B"
+                                      "B\"\r\n");
+    EXPECT_EQ(fileBytes("sub/SWAP"), "");
+    EXPECT_EQ(shared::settings.DfDirFHP, path("sub/"));
     EXPECT_FALSE(window.isVisible());
 }
 
@@ -92,6 +101,15 @@ TEST_F(IntegrityWindow, AReservedNameIsAskedAbout) {
     press(window, "Command1");
     EXPECT_EQ(yes.text(), QStringLiteral("The filename (derive) is a reserved variable\r\nContinue ?"));
     EXPECT_EQ(fileBytes("derive"), "\"x\"\r\n");
+}
+
+TEST_F(IntegrityWindow, SaysThatTheFileWasNotWrittenAndStays) {
+    auto &window = test("x");
+    answerFileDialog(path("missing/hello"));
+    press(window, "Command1");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(
+        control<QLabel>(&m_document, "Panel1")->text().startsWith(QStringLiteral("hello wasn't saved: ")));
 }
 
 TEST_F(IntegrityWindow, CancelOfTheDialogKeepsTheWindow) {
