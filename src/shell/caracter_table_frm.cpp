@@ -114,6 +114,12 @@ void CaracterTableFrm::showFont(const QString &name) {
                         Grid1->verticalHeader()->length() + border);
 }
 
+void CaracterTableFrm::showBesideDocument() {
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
 void CaracterTableFrm::Combo1_Click() {
     showFont(Combo1->currentText());
     shared::settings.ChrTbFnt = Combo1->currentText().toStdString();
@@ -125,9 +131,12 @@ void CaracterTableFrm::Grid1_MouseUp() {
 }
 
 bool CaracterTableFrm::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == Grid1->viewport() && event->type() == QEvent::MouseButtonRelease &&
-        static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton)
-        Grid1_MouseUp();
+    if (watched == Grid1->viewport() && event->type() == QEvent::MouseButtonRelease) {
+        const auto *release = static_cast<QMouseEvent *>(event);
+        if (release->button() == Qt::LeftButton &&
+            Grid1->viewport()->rect().contains(release->position().toPoint()))
+            Grid1_MouseUp();
+    }
     if (watched == Grid1 && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {

@@ -15,6 +15,9 @@ class CaracterTableFrm : public ToolFrm {
 public:
     explicit CaracterTableFrm(QWidget *owner);
 
+    /// Shows the window and leaves the keyboard where it is.
+    void showBesideDocument();
+
 public slots:
     /// Takes the font that Combo1 shows.
     void Combo1_Click();

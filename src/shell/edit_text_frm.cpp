@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "platform/fonts.h"
 #include "platform/text_pane.h"
+#include "shell/caracter_table_frm.h"
 #include "shell/edit_text_frm_tables.h"
 #include "shell/edit_text_guardar_hp_frm.h"
 #include "shell/mdi_frm.h"
@@ -46,7 +47,7 @@ EditTextFrm::EditTextFrm(QWidget *frame)
             m_frame->listChildWindows(menu);
     m_frame->applyCharTool();
     if (shared::settings.ChrTbExi == 1)
-        m_frame->MostrarCaracterTableFrm();
+        load<CaracterTableFrm>(m_frame).showBesideDocument();
 
     applyPaneFont();
     applyPaneColours();

@@ -51,6 +51,10 @@ TEST_F(InsertWindows, TheTableInsertsTheCellUnderTheReleasedButton) {
                              "c");
     QTest::mouseRelease(grid().viewport(), Qt::LeftButton, {}, middleOf(0, 1));
     EXPECT_EQ(pane().Text(), "a\x8C!c");
+    // Letting go elsewhere inserts nothing.
+    QTest::mousePress(grid().viewport(), Qt::LeftButton, {}, middleOf(0, 1));
+    QTest::mouseRelease(grid().viewport(), Qt::LeftButton, {}, QPoint(-20, 5));
+    EXPECT_EQ(pane().Text(), "a\x8C!c");
     grid().setFocus();
     QTest::keyClick(&grid(), Qt::Key_Return);
     EXPECT_EQ(pane().Text(), "a\x8C!!c");
@@ -73,6 +77,8 @@ TEST_F(InsertWindows, TheTableComesBackWhereItStoodInItsFont) {
     m_window = &startTextEdition();
     ASSERT_NE(loaded<CaracterTableFrm>(), nullptr);
     EXPECT_EQ(loaded<CaracterTableFrm>()->pos(), QPoint(50, 70));
+    EXPECT_TRUE(loaded<CaracterTableFrm>()->isVisible());
+    EXPECT_TRUE(pane().hasFocus());
     EXPECT_EQ(fonts().currentText(), name);
 
     loaded<CaracterTableFrm>()->close();
