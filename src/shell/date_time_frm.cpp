@@ -36,7 +36,8 @@ DateTimeFrm::DateTimeFrm(QWidget *owner)
     for (const std::string &form : m_forms)
         List1->addItem(fromWindows(form));
     List1->setCurrentRow(0);
-    // All forms show without scrolling.
+    // All forms show whole, without scrolling.
+    List1->setMinimumWidth(List1->sizeHintForColumn(0) + 2 * List1->frameWidth());
     List1->setMinimumHeight(List1->sizeHintForRow(0) * static_cast<int>(kDateForms) +
                             2 * List1->frameWidth());
     connect(List1, &QListWidget::itemDoubleClicked, this, &DateTimeFrm::Command1_Click);
@@ -61,7 +62,7 @@ DateTimeFrm::DateTimeFrm(QWidget *owner)
     column->addWidget(label);
     column->addWidget(List1);
     column->addLayout(buttons);
-    resize(280, sizeHint().height());
+    resize(sizeHint().expandedTo(QSize(280, 0)));
 }
 
 void DateTimeFrm::Command1_Click() {
