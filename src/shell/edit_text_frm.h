@@ -151,6 +151,8 @@ private:
 
     /// Compiles a text and shows it in the preview that `open` brings.
     void preview(const std::string &text, void (MDIFrm::*open)());
+    /// The same for the selection, and says so if there is none.
+    void previewSelection(void (MDIFrm::*open)());
     /// Puts text into the active pane for good: an opened document has no history.
     void showDocument(const std::string &document, const QString &caption);
     bool writeDocument();

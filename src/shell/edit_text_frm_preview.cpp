@@ -13,6 +13,12 @@ void EditTextFrm::preview(const std::string &text, void (MDIFrm::*open)()) {
     (m_frame->*open)();
 }
 
+void EditTextFrm::previewSelection(void (MDIFrm::*open)()) {
+    const std::string selection = activePane().SelText();
+    say(selection.empty() ? QStringLiteral("Nothing is selected.") : QString());
+    preview(selection, open);
+}
+
 void EditTextFrm::MnuVerPrévisualizartudoNormal() {
     shared::PrevisualizarComQuebras = 0;
     preview(activePane().Text(), &MDIFrm::MostrarEditTextPreviewNormalFrm);
@@ -27,14 +33,14 @@ void EditTextFrm::MnuVerPrévisualizartudoEstiloHP48() {
 
 void EditTextFrm::VerPrévisualizarselecçãoNormal() {
     shared::PrevisualizarComQuebras = 0;
-    preview(activePane().SelText(), &MDIFrm::MostrarEditTextPreviewNormalFrm);
+    previewSelection(&MDIFrm::MostrarEditTextPreviewNormalFrm);
 }
 void EditTextFrm::VerPrévisualizarselecçãoComquebrasdelinha() {
     shared::PrevisualizarComQuebras = 1;
-    preview(activePane().SelText(), &MDIFrm::MostrarEditTextPreviewNormalFrm);
+    previewSelection(&MDIFrm::MostrarEditTextPreviewNormalFrm);
 }
 void EditTextFrm::VerPrévisualizarselecçãoEstiloHP48() {
-    preview(activePane().SelText(), &MDIFrm::MostrarEditTextPreviewFrm);
+    previewSelection(&MDIFrm::MostrarEditTextPreviewFrm);
 }
 
 } // namespace zolt

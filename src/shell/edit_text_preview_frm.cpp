@@ -4,6 +4,7 @@
 #include "platform/held_text.h"
 #include "platform/rich_text_box.h"
 #include "shell/command_table.h"
+#include "shell/entry_line.h"
 #include "shell/preview_compilation.h"
 #include "shell/shared_values.h"
 #include "shell/windows.h"
@@ -81,6 +82,7 @@ void EditTextPreviewFrm::buildText() {
     Text4->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Text4->setBackColour(kGlass);
     Text4->setWhiteIsClear(true);
+    Text4->installEventFilter(this);
     connect(Text4, &RichTextBox::click, this, &EditTextPreviewFrm::MostrarLinhaActual);
     connect(Text4, &RichTextBox::keyDown, this, &EditTextPreviewFrm::MostrarLinhaActual);
     connect(Text4, &RichTextBox::keyUp, this, &EditTextPreviewFrm::MostrarLinhaActual);
@@ -97,6 +99,7 @@ void EditTextPreviewFrm::buildList() {
     Grid1->setGeometry(kText);
     Grid1->setFrameShape(QFrame::NoFrame);
     Grid1->setFont(zoltFont(QStringLiteral("ZOLT"), 10));
+    Grid1->setItemDelegate(new EntryLine(Grid1));
     Grid1->horizontalHeader()->hide();
     Grid1->verticalHeader()->hide();
     Grid1->verticalHeader()->setMinimumSectionSize(1);
@@ -106,6 +109,8 @@ void EditTextPreviewFrm::buildList() {
     Grid1->setSelectionBehavior(QAbstractItemView::SelectRows);
     Grid1->setSelectionMode(QAbstractItemView::SingleSelection);
     Grid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // As in the text, a bar would cover the last columns.
+    Grid1->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Grid1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     Grid1->setTabKeyNavigation(false);
     paintGlass(Grid1);
@@ -119,7 +124,7 @@ void EditTextPreviewFrm::buildList() {
 }
 
 bool EditTextPreviewFrm::compile() {
-    if (!compileInto(*Text4, PreviewFlavour::Hp48))
+    if (!compileInto(*Text4, PreviewFlavour::Hp48) || loaded<EditTextPreviewFrm>() != this)
         return false;
     fillList();
     Text4->setFocus();
@@ -160,6 +165,10 @@ void EditTextPreviewFrm::leaveList() {
 }
 
 bool EditTextPreviewFrm::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == Text4 && asksForEntries(*event)) {
+        MnuPopUpMenu();
+        return true;
+    }
     if (event->type() == QEvent::MouseButtonDblClick && shared::NúmeroDeEntradas == 0) {
         leaveList();
         return true;

@@ -7,9 +7,11 @@
 #include "shell/edit_text_preview_normal_menu_frm.h"
 #include "shell/preview_compilation.h"
 #include "shell/shared_values.h"
+#include "shell/status_line.h"
 #include "shell/windows.h"
 
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace zolt {
@@ -41,8 +43,12 @@ EditTextPreviewNormalFrm::EditTextPreviewNormalFrm(QWidget *owner)
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
     Toolbar1->setIconSize(QSize(20, 20));
     buildToolBar(Toolbar1, kToolbarRows, [this] { return this; });
+    // A tool bar keeps its buttons from the keyboard; this window has no menu instead.
+    for (QToolButton *button : Toolbar1->findChildren<QToolButton *>(Qt::FindDirectChildrenOnly))
+        button->setFocusPolicy(Qt::TabFocus);
     Text4->setObjectName(QStringLiteral("Text4"));
     Text4->setFrameShape(QFrame::NoFrame);
+    Text4->installEventFilter(this);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -54,7 +60,8 @@ EditTextPreviewNormalFrm::EditTextPreviewNormalFrm(QWidget *owner)
 
 bool EditTextPreviewNormalFrm::compile() {
     const bool folds = shared::PrevisualizarComQuebras == 1;
-    if (!compileInto(*Text4, folds ? PreviewFlavour::Wrapped : PreviewFlavour::Normal))
+    if (!compileInto(*Text4, folds ? PreviewFlavour::Wrapped : PreviewFlavour::Normal) ||
+        loaded<EditTextPreviewNormalFrm>() != this)
         return false;
     Text4->setFocus();
     return true;
@@ -70,11 +77,11 @@ void EditTextPreviewNormalFrm::AbrirFicheiro() {
 }
 
 void EditTextPreviewNormalFrm::GuardarComoFicheiro() {
-    CommonDialog &dialog = previewDialog(QStringLiteral("Save"), kOverwritePrompt);
+    CommonDialog &dialog = previewDialog(QStringLiteral("Save"), kOverwritePrompt | kAddExtension);
     if (dialog.ShowSave(this) != kDialogDone)
         return;
     shared::settings.DfDirPrN = folderOf(dialog.FileName);
-    static_cast<void>(Text4->SaveFile(dialog.FileName));
+    savedOrSaid(dialog.FileName, Text4->SaveFile(dialog.FileName));
 }
 
 void EditTextPreviewNormalFrm::Copy() {
@@ -90,6 +97,14 @@ void EditTextPreviewNormalFrm::MenuPreview() {
     menu.show();
     menu.raise();
     menu.activateWindow();
+}
+
+bool EditTextPreviewNormalFrm::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == Text4 && asksForEntries(*event)) {
+        MenuPreview();
+        return true;
+    }
+    return ToolFrm::eventFilter(watched, event);
 }
 
 void EditTextPreviewNormalFrm::closing() {

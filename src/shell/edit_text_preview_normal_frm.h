@@ -27,6 +27,7 @@ public slots:
 
 protected:
     void closing() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     RichTextBox *Text4;

@@ -4,14 +4,17 @@
 #include "platform/held_text.h"
 #include "platform/rich_text_box.h"
 #include "shell/edit_text_preview_normal_frm.h"
+#include "shell/entry_line.h"
 #include "shell/preview_compilation.h"
 #include "shell/shared_values.h"
 #include "shell/windows.h"
 
+#include <QHideEvent>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
-#include <QShortcut>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -23,7 +26,9 @@ EditTextPreviewNormalMenuFrm::EditTextPreviewNormalMenuFrm(QWidget *owner)
     setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
     List1->setObjectName(QStringLiteral("List1"));
     List1->setFont(zoltFont(QStringLiteral("ZOLT"), 10));
+    List1->setItemDelegate(new EntryLine(List1));
     List1->setUniformItemSizes(true);
+    List1->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *StatusBar1 = new QStatusBar;
     StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
     StatusBar1->setSizeGripEnabled(false);
@@ -42,8 +47,9 @@ EditTextPreviewNormalMenuFrm::EditTextPreviewNormalMenuFrm(QWidget *owner)
     column->addWidget(StatusBar1);
     connect(List1, &QListWidget::currentRowChanged, this, &EditTextPreviewNormalMenuFrm::showPanels);
     connect(List1, &QListWidget::itemDoubleClicked, this, &EditTextPreviewNormalMenuFrm::goToCurrent);
-    connect(new QShortcut(Qt::Key_Return, List1), &QShortcut::activated, this,
-            &EditTextPreviewNormalMenuFrm::goToCurrent);
+    List1->installEventFilter(this);
+    List1->setMinimumWidth(EntryLine::widthOfLine(List1->font()) + 2 * List1->frameWidth() +
+                           List1->verticalScrollBar()->sizeHint().width());
     resize(320, 260);
 }
 
@@ -63,6 +69,25 @@ void EditTextPreviewNormalMenuFrm::showPanels() {
     if (shared::PrevisualizarComQuebras == 1)
         m_panels[0]->setText(QString::number(shared::LinhasDasEntradas[static_cast<std::size_t>(row)]));
     m_panels[1]->setText(QStringLiteral("%1/%2").arg(row + 1).arg(shared::NúmeroDeEntradas));
+}
+
+bool EditTextPreviewNormalMenuFrm::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            goToCurrent();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void EditTextPreviewNormalMenuFrm::hideEvent(QHideEvent *event) {
+    QDialog::hideEvent(event);
+    if (auto *preview = loaded<EditTextPreviewNormalFrm>(); preview && !event->spontaneous()) {
+        preview->activateWindow();
+        preview->text().setFocus();
+    }
 }
 
 void EditTextPreviewNormalMenuFrm::goToCurrent() {

@@ -18,6 +18,11 @@ public:
     /// Lists the entries of the compiled document.
     void fill();
 
+protected:
+    /// Gives the keyboard back to the reading copy.
+    void hideEvent(QHideEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void showPanels();
     void goToCurrent();

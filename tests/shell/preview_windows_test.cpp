@@ -9,7 +9,9 @@
 #include "shell/wait_frm.h"
 #include "support/program.h"
 
+#include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QListWidget>
@@ -18,6 +20,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
+#include <QTextBlock>
 #include <QTimer>
 
 namespace zolt {
@@ -116,6 +119,95 @@ TEST_F(PreviewWindows, JumpFromTheListToAnEntrysLine) {
     EXPECT_FALSE(list->isVisible());
     const std::string compiled = text(window).Text();
     EXPECT_EQ(text(window).SelStart(), static_cast<qsizetype>(compiled.find("*TWO") + 4));
+}
+
+/// A text whose entries are 33 characters long; the last character tells them apart.
+std::string longEntries() {
+    std::string text = "first\r\n";
+    for (char c = 'A'; c <= 'Z'; ++c)
+        text += "*" + std::string(31, 'x') + c + "\r\nplain\r\n";
+    return text;
+}
+
+std::string lineInSight(RichTextBox &box, QPoint place = QPoint(4, 4)) {
+    return box.cursorForPosition(place).block().text().toStdString();
+}
+
+template <class List> QImage rowOf(List &list, int row) {
+    const QModelIndex index = list.model()->index(row, 0);
+    return list.viewport()->grab(list.visualRect(index)).toImage();
+}
+
+TEST_F(PreviewWindows, TheKeyboardWorksTheListOfWholeEntries) {
+    auto &window = showHp48(longEntries());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto *list = control<QTableWidget>(&window, "Grid1");
+    QTest::keyClick(&text(window), Qt::Key_Return);
+    EXPECT_TRUE(list->hasFocus());
+    EXPECT_NE(rowOf(*list, 1), rowOf(*list, 2));
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(lineShown(window), QStringLiteral("4"));
+    QTest::keyClick(list, Qt::Key_Escape);
+    EXPECT_TRUE(text(window).hasFocus());
+    EXPECT_EQ(lineInSight(text(window)), "first");
+
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
+    for (const char last : {'B', 'Z'}) {
+        QApplication::sendEvent(&text(window), &menuKey);
+        while (list->currentRow() < last - 'A')
+            QTest::keyClick(list, Qt::Key_Down);
+        QTest::keyClick(list, Qt::Key_Enter);
+        EXPECT_FALSE(list->isVisible());
+        EXPECT_EQ(lineInSight(text(window)).back(), last);
+        EXPECT_EQ(text(window).SelText(), "\r\n");
+    }
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST_F(PreviewWindows, TheKeyboardWorksTheMenuWindow) {
+    auto &window = showNormal(longEntries(), true);
+    window.resize(480, 160);
+    for (const bool jumps : {false, true}) {
+        QTest::keyClick(&text(window), Qt::Key_Return);
+        auto *menu = loaded<EditTextPreviewNormalMenuFrm>();
+        ASSERT_TRUE(menu && QTest::qWaitForWindowActive(menu));
+        auto *list = control<QListWidget>(menu, "List1");
+        EXPECT_NE(rowOf(*list, 1), rowOf(*list, 2));
+        QTest::keyClick(list, Qt::Key_End);
+        QTest::keyClick(list, jumps ? Qt::Key_Enter : Qt::Key_Escape);
+        EXPECT_FALSE(menu->isVisible());
+        EXPECT_TRUE(waitFor([&] { return text(window).hasFocus(); }));
+        EXPECT_EQ(lineInSight(text(window)).back(), jumps ? 'Z' : 't');
+    }
+}
+
+TEST_F(PreviewWindows, AnEmptySelectionIsSaid) {
+    m_document.activePane().setText("text");
+    const auto *said = control<QLabel>(&m_document, "Panel1");
+    for (const char *command : {"VerPrévisualizarselecçãoNormal", "VerPrévisualizarselecçãoComquebrasdelinha",
+                                "VerPrévisualizarselecçãoEstiloHP48"}) {
+        call(&m_document, command);
+        EXPECT_EQ(said->text(), QStringLiteral("Nothing is selected.")) << command;
+        m_document.EditarSeleccionarTudo();
+        call(&m_document, command);
+        EXPECT_EQ(said->text(), QString()) << command;
+        m_document.activePane().setSelStart(0);
+    }
+}
+
+TEST_F(PreviewWindows, AWindowThatClosesWhileItCompilesIsGone) {
+    m_document.activePane().setText(std::string(2'000'000, 'x'));
+    QTimer close;
+    QObject::connect(&close, &QTimer::timeout, [] {
+        if (auto *window = loaded<EditTextPreviewFrm>())
+            window->close();
+    });
+    close.start(20);
+    call(&m_document, "MnuVerPrévisualizartudoEstiloHP48");
+    close.stop();
+    EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr);
+    EXPECT_EQ(loaded<WaitFrm>(), nullptr);
+    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
 }
 
 TEST_F(PreviewWindows, AnEmptyListOnlyCloses) {
