@@ -8,7 +8,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFontDialog>
+#include <QMimeDatabase>
 #include <algorithm>
 
 namespace zolt {
@@ -43,6 +45,18 @@ QList<FilterPair> filterPairs(const QString &filter) {
     return pairs;
 }
 
+/// Kinds of files by their names alone. Qt's own provider reads from files whose name
+/// says nothing, which stops the program at one that never answers.
+class KindsByName : public QFileIconProvider {
+public:
+    QIcon icon(const QFileInfo &file) const override {
+        return QFileIconProvider::icon(file.isDir() ? Folder : File);
+    }
+    QString type(const QFileInfo &file) const override {
+        return QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).comment();
+    }
+};
+
 QString pathFromBytes(const std::string &path) {
     return QFile::decodeName(QByteArray::fromStdString(path));
 }
@@ -60,9 +74,12 @@ QWidget *ownerFor(QWidget *asker) {
 
 } // namespace
 
-CommonDialog::CommonDialog(const QString &name, QObject *parent) : QObject(parent) {
+CommonDialog::CommonDialog(const QString &name, QObject *parent)
+    : QObject(parent), m_kinds(std::make_unique<KindsByName>()) {
     setObjectName(name);
 }
+
+CommonDialog::~CommonDialog() = default;
 
 bool CommonDialog::run(QDialog &dialog) {
     dialog.setObjectName(objectName());
@@ -82,6 +99,7 @@ std::string CommonDialog::FileTitle() const {
 }
 
 int CommonDialog::showFileDialog(QFileDialog &dialog) {
+    dialog.setIconProvider(m_kinds.get());
     QList<FilterPair> pairs = filterPairs(Filter);
     const auto chosen = static_cast<qsizetype>(FilterIndex) - 1;
     const qsizetype preselected = std::clamp<qsizetype>(chosen, 0, std::max<qsizetype>(pairs.size() - 1, 0));

@@ -5,10 +5,12 @@
 #include <QFont>
 #include <QObject>
 #include <QString>
+#include <memory>
 #include <string>
 
 class QDialog;
 class QFileDialog;
+class QFileIconProvider;
 class QWidget;
 
 namespace zolt {
@@ -29,6 +31,7 @@ class CommonDialog : public QObject {
 
 public:
     explicit CommonDialog(const QString &name, QObject *parent = nullptr);
+    ~CommonDialog() override;
 
     QString DialogTitle;
     /// Pairs of caption and patterns, "Text (*.txt)|*.txt|GROB|*.grb;*.gro|". Where
@@ -64,6 +67,8 @@ private:
     /// Runs a dialog and gives the keyboard back. True if it was accepted; else it may
     /// be gone.
     bool run(QDialog &dialog);
+
+    std::unique_ptr<QFileIconProvider> m_kinds;
 };
 
 } // namespace zolt
