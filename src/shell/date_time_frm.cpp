@@ -50,7 +50,6 @@ DateTimeFrm::DateTimeFrm(QWidget *owner)
     const auto addButton = [&](const char *name, const QString &caption, auto command) {
         auto *button = new QPushButton(caption);
         button->setObjectName(QString::fromUtf8(name));
-        button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, command);
         buttons->addWidget(button);
         return button;

@@ -125,7 +125,6 @@ EditTextExportPDFFrm::EditTextExportPDFFrm(QWidget *owner)
     connect(btnConvert, &QPushButton::clicked, this, &EditTextExportPDFFrm::btnConvert_Click);
     auto *btnClose = new QPushButton(QStringLiteral("Cancel"));
     btnClose->setObjectName(QStringLiteral("btnClose"));
-    btnClose->setAutoDefault(false);
     connect(btnClose, &QPushButton::clicked, this, &EditTextExportPDFFrm::btnClose_Click);
 
     auto *buttons = new QHBoxLayout;

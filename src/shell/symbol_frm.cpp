@@ -96,7 +96,6 @@ QPushButton *SymbolFrm::newButton(const ButtonRow &row) {
         button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(row.icon))));
     if (!*row.caption)
         button->setAccessibleName(button->toolTip());
-    button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, row.command);
     return button;
 }
