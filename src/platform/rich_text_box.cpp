@@ -5,13 +5,14 @@
 #include "graphic/rtf_reader.h"
 #include "graphic/rtf_writer.h"
 #include "platform/colours.h"
+#include "platform/rich_layout.h"
 #include "platform/rich_text_characters.h"
 #include "platform/rich_text_document.h"
 #include "platform/text_offsets.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QImage>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <algorithm>
@@ -54,6 +55,12 @@ void RichTextBox::take(RichTextDocument *document) {
     m_document->setParent(this);
     setDocument(m_document);
     delete old;
+    connect(&m_document->layout(), &RichLayout::heightFound, this, [this](qreal bottom, qreal difference) {
+        // What shows stays where it is.
+        QScrollBar *bar = verticalScrollBar();
+        if (bottom <= bar->value())
+            bar->setValue(bar->value() + static_cast<int>(difference));
+    });
 }
 
 RichText RichTextBox::richText() const {
@@ -295,15 +302,7 @@ void RichTextBox::pastePicture(const QImage &image) {
 
 int RichTextBox::lineOfOffset(qsizetype offset) const {
     const int position = positionOfOffset(*m_document, offset);
-    const QTextBlock block = m_document->findBlock(position);
-    if (lineWrapMode() == NoWrap)
-        return block.blockNumber();
-    // Qt lays out what it shows; asking for a place makes it go on up to there.
-    m_document->documentLayout()->blockBoundingRect(block);
-    int line = block.layout()->lineForTextPosition(position - block.position()).lineNumber();
-    for (QTextBlock above = m_document->begin(); above != block; above = above.next())
-        line += above.layout()->lineCount();
-    return line;
+    return m_document->layout().lineOfPosition(position);
 }
 
 int RichTextBox::lineCount() const {

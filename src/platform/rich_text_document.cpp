@@ -2,9 +2,9 @@
 
 #include "core/codes.h"
 #include "graphic/rich_text_builder.h"
+#include "platform/rich_layout.h"
 #include "platform/rich_text_characters.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTextBlock>
@@ -69,7 +69,9 @@ private:
 
 } // namespace
 
-RichTextDocument::RichTextDocument() : m_images(kImageCacheKilobytes) {
+RichTextDocument::RichTextDocument() : m_layout(new RichLayout(this)), m_images(kImageCacheKilobytes) {
+    m_layout->registerHandler(QTextFormat::ImageObject, this);
+    setDocumentLayout(m_layout);
     setDocumentMargin(kMargin);
     QTextOption option = defaultTextOption();
     option.setTabStopDistance(kTabStop);
@@ -77,13 +79,7 @@ RichTextDocument::RichTextDocument() : m_images(kImageCacheKilobytes) {
     setDefaultFont(qtFormat({}, RichText{}.fonts.front()).font());
 }
 
-void RichTextDocument::drawPictures() {
-    documentLayout()->registerHandler(QTextFormat::ImageObject, this);
-}
-
 std::unique_ptr<RichTextDocument> RichTextDocument::make(const RichText &text, const Progress &progress) {
-    // Without a layout as yet: Qt lays out a long text piecemeal only when it gets
-    // the text and the layout at once.
     std::unique_ptr<RichTextDocument> document(new RichTextDocument);
     document->setUndoRedoEnabled(false);
     QTextCursor cursor(document.get());
@@ -93,7 +89,6 @@ std::unique_ptr<RichTextDocument> RichTextDocument::make(const RichText &text, c
     if (!done)
         return nullptr;
     document->setUndoRedoEnabled(true);
-    document->drawPictures();
     return document;
 }
 

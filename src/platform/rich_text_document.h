@@ -17,6 +17,8 @@ class QTextCursor;
 
 namespace zolt {
 
+class RichLayout;
+
 /// A rich text as a Qt document. Characters are those of rich_text_characters.h, a
 /// picture is one object character. Twips become pixels, 15 to the pixel, and a
 /// picture stands on whole pixels, enlarged without smoothing, on the foot of its
@@ -49,19 +51,21 @@ public:
     void insert(QTextCursor &cursor, const RichText &text);
     void insert(QTextCursor &cursor, const RichPicture &picture, const QTextCharFormat &format);
 
+    RichLayout &layout() const { return *m_layout; }
+
     QSizeF intrinsicSize(QTextDocument *document, int position, const QTextFormat &format) override;
     void drawObject(QPainter *painter, const QRectF &place, QTextDocument *document, int position,
                     const QTextFormat &format) override;
 
 private:
     RichTextDocument();
-    void drawPictures();
     bool append(QTextCursor &cursor, const RichText &text, const Progress &progress);
     QTextCharFormat pictureFormat(const RichPicture &picture, QTextCharFormat format);
     const RichPicture *pictureOf(const QTextFormat &format) const;
     const QImage &image(int number);
     qreal depthBelowBaseline(int position, const QTextFormat &format) const;
 
+    RichLayout *m_layout; // the document's
     /// Pictures stay until the document goes, since an undo may bring them back.
     std::vector<RichPicture> m_pictures;
     bool m_whiteIsClear = false;
