@@ -1,7 +1,9 @@
 #include "platform/held_text.h"
 
 #include "core/charset.h"
+#include "core/codes.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -50,6 +52,15 @@ const std::array<unsigned char, 0x10000> &heldBytes() {
 bool endsLine(char16_t character) {
     return character == u'\r' || character == u'\n' || character == kParagraph ||
            character == char16_t(QChar::LineSeparator);
+}
+
+/// Whether a picture cell begins here as code page 1252 shows it, so that a document
+/// copied from a plain editor keeps its pictures.
+bool beginsWindowsCell(QStringView text) {
+    return text.front() == char16_t(windowsCharacter(static_cast<unsigned char>(kCellMark))) &&
+           text.size() >= qsizetype(kCellLength) &&
+           std::all_of(text.begin() + 1, text.begin() + kCellLength,
+                       [](QChar c) { return c.unicode() < 128 && hexDigitValue(c.toLatin1()) >= 0; });
 }
 
 } // namespace
@@ -103,6 +114,8 @@ std::string bytesOfOutsideText(QStringView outside) {
                 ++i;
         } else if (unit >= kHeldByte && unit < kHeldByte + 256) {
             bytes += static_cast<char>(unit - kHeldByte);
+        } else if (beginsWindowsCell(QStringView(text).sliced(i))) {
+            bytes += kCellMark;
         } else {
             bytes += bytesOfCharacter(unit);
         }

@@ -25,7 +25,8 @@ std::string bytesOfHeldText(QStringView held);
 /// The bytes of a text from outside, typed, pasted or dropped: those that stand for
 /// each character (see bytesOfCharacter); a letter and an accent that follows it are
 /// one where Unicode has that. CR LF, CR, LF and the separators of Unicode all give
-/// CR LF. A private character that holds a byte gives it back.
+/// CR LF. A private character that holds a byte gives it back, and a "ž" in front of
+/// six hexadecimal digits the mark of a picture cell.
 std::string bytesOfOutsideText(QStringView text);
 
 /// What other programs get of a document's bytes: the characters that the
