@@ -1,5 +1,6 @@
 #include "shell/tool_frm.h"
 
+#include "shell/long_work.h"
 #include "shell/mdi_frm.h"
 #include "shell/windows.h"
 
@@ -31,12 +32,14 @@ void ToolFrm::closeEvent(QCloseEvent *event) {
     closing();
     event->accept();
     markClosed(*this);
+    outliveWork(*this);
     if (MDIFrm *frame = loaded<MDIFrm>()) {
         if (m_kind == DisablesTheFrame)
             frame->setEnabled(true);
         if (m_kind == HidesTheFrame)
             frame->show();
-        frame->takeFocusBack();
+        if (frame->isEnabled())
+            frame->takeFocusBack();
     }
 }
 

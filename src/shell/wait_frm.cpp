@@ -64,6 +64,7 @@ PreviewProgress WaitFrm::progress() {
     clock->start();
     const auto stopped = [] { return shared::CancelarOperação == 1; };
     PreviewProgress progress;
+    // `picture` below, which lives as long, keeps the window.
     progress.phase = [this, clock, stopped, shown = 0](int phase, std::size_t position,
                                                        std::size_t length) mutable {
         const bool begins = phase != shown;
