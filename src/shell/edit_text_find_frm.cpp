@@ -8,13 +8,24 @@
 #include "shell/long_work.h"
 #include "shell/shared_values.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 
 namespace zolt {
+
+namespace {
+
+/// The keys that press a button of the window, by themselves or as a shortcut.
+bool pressesButton(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || key == Qt::Key_F3;
+}
+
+} // namespace
 
 EditTextFindFrm::EditTextFindFrm(QWidget *owner)
     : ToolFrm(QStringLiteral("Find and replace"), BesideTheFrame, owner),
@@ -55,6 +66,12 @@ EditTextFindFrm::EditTextFindFrm(QWidget *owner)
     addButton("Command2", QStringLiteral("Close"), &QWidget::close);
     grid->setColumnStretch(1, 1);
     grid->setSizeConstraint(QLayout::SetFixedSize);
+    for (auto *part : findChildren<QWidget *>())
+        part->installEventFilter(this);
+
+    Text1->setText(shared::lastSearch);
+    DistinguirMaiúsculas = shared::lastSearchMatchesCase;
+    Check1->setChecked(DistinguirMaiúsculas == 1);
 }
 
 void EditTextFindFrm::focusFindBox() {
@@ -62,8 +79,31 @@ void EditTextFindFrm::focusFindBox() {
     Text1->selectAll();
 }
 
+bool EditTextFindFrm::hasText() const {
+    return !Text1->text().isEmpty();
+}
+
+bool EditTextFindFrm::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::MouseButtonPress)
+        m_byKey = false;
+    else if (event->type() == QEvent::Shortcut)
+        m_byKey = true;
+    else if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress)
+        m_byKey = pressesButton(static_cast<QKeyEvent *>(event)->key());
+    return ToolFrm::eventFilter(watched, event);
+}
+
+void EditTextFindFrm::giveFocus(TextPane &pane) {
+    if (m_byKey && isActiveWindow())
+        pane.setFocus();
+    else
+        takeFocus(pane);
+}
+
 bool EditTextFindFrm::search(TextPane &pane, const std::function<void(const Progress &)> &search) {
     PararProcura = 0;
+    shared::lastSearch = Text1->Text();
+    shared::lastSearchMatchesCase = DistinguirMaiúsculas;
     const int number = ++m_searches;
     bool stale = false;
     const QPointer<EditTextFindFrm> window(this);
@@ -82,7 +122,10 @@ bool EditTextFindFrm::search(TextPane &pane, const std::function<void(const Prog
 }
 
 void EditTextFindFrm::sayEnd() {
+    const QPointer<QWidget> active = QApplication::activeWindow();
     showMessage(this, MensagemFimDaProcura);
+    if (active)
+        active->activateWindow();
 }
 
 void EditTextFindFrm::Command1_Click() {
@@ -99,7 +142,7 @@ void EditTextFindFrm::Command1_Click() {
             pane->setSelStart(static_cast<qsizetype>(found.position));
         return sayEnd();
     }
-    takeFocus(*pane);
+    giveFocus(*pane);
     pane->setSelStart(static_cast<qsizetype>(found.position) - 1);
     pane->setSelLength(static_cast<qsizetype>(find.size()));
     shared::PosiçãoCursor = static_cast<std::int32_t>(pane->SelStart() + static_cast<qsizetype>(find.size()));
@@ -112,7 +155,7 @@ void EditTextFindFrm::Command3_Click() {
     const std::string find = Text1->Text();
     const std::string replacement = Text2->Text();
     const qsizetype start = shared::PosiçãoCursor - static_cast<qsizetype>(find.size());
-    takeFocus(*pane);
+    giveFocus(*pane);
     if (start < 0)
         return;
     if (pane->SelText() == find)
@@ -140,7 +183,7 @@ void EditTextFindFrm::Command5_Click() {
     if (!search(*pane, replaceInPane))
         return;
     if (result.replacements > 0) {
-        takeFocus(*pane);
+        giveFocus(*pane);
         // What an undo is to bring back, not where the caret has walked.
         pane->setSelStart(start);
         pane->setSelLength(length);

@@ -23,6 +23,8 @@ public:
     explicit EditTextFindFrm(QWidget *owner);
 
     void focusFindBox();
+    /// Whether there is a text to find.
+    bool hasText() const;
 
 public slots:
     /// Find next.
@@ -38,6 +40,7 @@ public slots:
 
 protected:
     void closing() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     FindOptions options(const std::string &find) const { return {find, DistinguirMaiúsculas == 1}; }
@@ -45,6 +48,10 @@ private:
     /// is stale: another command began meanwhile, the text was changed, or a window
     /// went.
     bool search(TextPane &pane, const std::function<void(const Progress &)> &search);
+    /// Gives the pane the focus. A search that a key began in this window leaves the
+    /// window the keyboard, and the pane has the focus within the frame: the next Enter
+    /// searches on and types nothing into the document.
+    void giveFocus(TextPane &pane);
     void sayEnd();
 
     ByteLine *Text1;
@@ -58,6 +65,8 @@ private:
     QString MensagemFimDaProcura;
     /// Counts the searches begun.
     int m_searches = 0;
+    /// Whether a key rather than the mouse pressed a button of this window last.
+    bool m_byKey = false;
 };
 
 } // namespace zolt

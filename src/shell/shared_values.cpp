@@ -10,6 +10,8 @@ std::string TextoGuardado;
 std::int16_t GuardarCancelado = 0;
 std::int16_t SemPerguntaDeSaída = 0;
 std::int32_t PosiçãoCursor = 0;
+std::string lastSearch;
+std::int16_t lastSearchMatchesCase = 0;
 std::string TextoDeArranque;
 std::string EstiloDeLetra;
 std::int16_t TipoDeOptimização = 0;
@@ -34,13 +36,14 @@ std::string CaminhoPrograma;
 
 void reset() {
     settings = {};
-    for (std::string *text : {&programFolder, &commandLine, &TextoGuardado, &TextoDeArranque, &EstiloDeLetra,
-                              &TextoPrevisualizar, &ExtensãoTexto, &ExtensãoGráfico, &IconeTexto,
-                              &IconeGráfico, &FormatoTexto, &FormatoGráfico, &CaminhoPrograma})
+    for (std::string *text : {&programFolder, &commandLine, &TextoGuardado, &lastSearch, &TextoDeArranque,
+                              &EstiloDeLetra, &TextoPrevisualizar, &ExtensãoTexto, &ExtensãoGráfico,
+                              &IconeTexto, &IconeGráfico, &FormatoTexto, &FormatoGráfico, &CaminhoPrograma})
         text->clear();
     for (std::int16_t *number :
-         {&EdiçãoActiva, &GuardarCancelado, &SemPerguntaDeSaída, &TipoDeOptimização, &PrevisualizarComQuebras,
-          &CancelarOperação, &LarguraFigura, &AlturaFigura, &TipoDeConversão, &TipoAnterior, &PararLeitura})
+         {&EdiçãoActiva, &GuardarCancelado, &SemPerguntaDeSaída, &lastSearchMatchesCase, &TipoDeOptimização,
+          &PrevisualizarComQuebras, &CancelarOperação, &LarguraFigura, &AlturaFigura, &TipoDeConversão,
+          &TipoAnterior, &PararLeitura})
         *number = 0;
     PosiçãoCursor = 0;
     NúmeroDeEntradas = 0;

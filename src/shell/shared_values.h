@@ -27,8 +27,13 @@ extern std::string TextoGuardado;
 extern std::int16_t GuardarCancelado;
 /// 1 lets the document window close without the question.
 extern std::int16_t SemPerguntaDeSaída;
-/// The active pane's SelStart at its last mouse click: searches begin behind it.
+/// The active pane's SelStart where the user last placed the caret, by a click, by a key
+/// or by opening a document: searches begin behind it.
 extern std::int32_t PosiçãoCursor;
+/// What the find window looked for last, and whether in the same case (1): it begins
+/// with them when it opens again.
+extern std::string lastSearch;
+extern std::int16_t lastSearchMatchesCase;
 /// The document named on the command line, between its reading and the panes.
 extern std::string TextoDeArranque;
 
