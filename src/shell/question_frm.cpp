@@ -9,6 +9,7 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -19,6 +20,22 @@ namespace {
 constexpr int kTextual = 1;
 constexpr int kGraphical = 2;
 constexpr int kPictureSize = 96;
+
+/// A picture that shows when it has the keyboard.
+class ChoicePicture : public PictureLabel {
+public:
+    using PictureLabel::PictureLabel;
+
+protected:
+    void paintEvent(QPaintEvent *event) override {
+        PictureLabel::paintEvent(event);
+        if (!hasFocus())
+            return;
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::WindowText), 1, Qt::DotLine));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+};
 
 QPushButton *addButton(QHBoxLayout *row, const char *name, const QString &caption) {
     auto *button = new QPushButton(caption);
@@ -65,13 +82,22 @@ QuestionFrm::QuestionFrm(QWidget *owner) : ToolFrm(QStringLiteral("Start"), Hide
     column->addWidget(tip);
     column->addLayout(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    ok->setFocus();
+    // Left to themselves, buttons take arrow keys as ways to each other.
+    ok->installEventFilter(this);
+    cancel->installEventFilter(this);
 
-    markChoice(shared::settings.Question == kGraphical ? kGraphical : kTextual);
+    const int chosen = shared::settings.Question == kGraphical ? kGraphical : kTextual;
+    markChoice(chosen);
+    picture(chosen)->setFocus();
+}
+
+QWidget *QuestionFrm::picture(int edition) const {
+    return findChild<QWidget *>(QStringLiteral("Picture%1").arg(edition));
 }
 
 QWidget *QuestionFrm::buildChoice(int number, const QString &caption, const QString &icon) {
-    auto *picture = new PictureLabel;
+    auto *picture = new ChoicePicture;
+    picture->setFocusPolicy(Qt::StrongFocus);
     picture->setObjectName(QStringLiteral("Picture%1").arg(number));
     picture->setPixmap(QIcon(icon).pixmap(kPictureSize));
     picture->setAccessibleName(caption);
@@ -84,7 +110,8 @@ QWidget *QuestionFrm::buildChoice(int number, const QString &caption, const QStr
     // Line1 to Line4, or Line5 to Line8: above, below, left and right of the picture.
     auto *choice = new QWidget;
     auto *grid = new QGridLayout(choice);
-    grid->setSpacing(4);
+    grid->setSpacing(0);
+    picture->setMargin(4);
     const struct { int row, column, columns; } places[] = {{0, 0, 3}, {2, 0, 3}, {1, 0, 1}, {1, 2, 1}};
     for (int i = 0; i < 4; ++i) {
         const int index = 4 * (number - 1) + i;
@@ -103,6 +130,7 @@ QWidget *QuestionFrm::buildChoice(int number, const QString &caption, const QStr
     grid->addWidget(picture, 1, 1, Qt::AlignCenter);
     auto *label = new QLabel(caption);
     label->setAlignment(Qt::AlignCenter);
+    label->setMargin(4);
     grid->addWidget(label, 3, 0, 1, 3);
     return choice;
 }
@@ -124,15 +152,36 @@ void QuestionFrm::choose(int edition) {
     shared::settings.Question = static_cast<std::int16_t>(edition);
 }
 
-void QuestionFrm::keyPressEvent(QKeyEvent *event) {
-    switch (event->key()) {
-    case Qt::Key_Left:
-        return choose(kTextual);
-    case Qt::Key_Right:
-        return choose(kGraphical);
-    default:
-        QDialog::keyPressEvent(event);
+bool QuestionFrm::chooseByKey(int key) {
+    int edition = key == Qt::Key_Left || key == Qt::Key_Up      ? kTextual
+                  : key == Qt::Key_Right || key == Qt::Key_Down ? kGraphical
+                                                                : 0;
+    if (edition != 0) {
+        picture(edition)->setFocus();
+    } else if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) {
+        for (const int number : {kTextual, kGraphical})
+            if (picture(number)->hasFocus())
+                edition = number;
     }
+    if (edition == 0)
+        return false;
+    choose(edition);
+    return true;
+}
+
+void QuestionFrm::keyPressEvent(QKeyEvent *event) {
+    // Enter on a picture chooses it, and then is OK's.
+    if (!chooseByKey(event->key()) || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        QDialog::keyPressEvent(event);
+}
+
+bool QuestionFrm::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key >= Qt::Key_Left && key <= Qt::Key_Down)
+            return chooseByKey(key);
+    }
+    return ToolFrm::eventFilter(watched, event);
 }
 
 void QuestionFrm::Command1_Click() {

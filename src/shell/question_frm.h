@@ -30,11 +30,15 @@ public slots:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QWidget *buildChoice(int number, const QString &caption, const QString &icon);
     void markChoice(int chosen);
     void choose(int edition);
+    QWidget *picture(int edition) const;
+    /// Arrow keys choose, and so do Space and Enter on a picture. False for other keys.
+    bool chooseByKey(int key);
 
     std::array<QFrame *, 8> m_lines{};
 };
