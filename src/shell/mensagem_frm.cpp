@@ -38,8 +38,9 @@ void MensagemFrm::Command1_Click() {
         sayGraphicalEditionIsMissing(this);
         return;
     }
-    openNamedFile();
+    // First of all the frame comes back: what follows stands before it.
     close();
+    openNamedFile();
 }
 
 } // namespace zolt
