@@ -170,6 +170,10 @@ void TextPane::undoToggle() {
     m_lastStepUndid ? redo() : undo();
 }
 
+bool TextPane::canUndoToggle() const {
+    return m_lastStepUndid || (document()->isUndoAvailable() && !isReadOnly());
+}
+
 void TextPane::walkHistory(void (QPlainTextEdit::*step)(),
                            std::optional<PaneSelection> (UndoSelections::*selectionAt)(int)) {
     const int depth = document()->availableUndoSteps();

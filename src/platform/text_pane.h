@@ -82,6 +82,10 @@ public slots:
     /// change if there was a change or a redo since.
     void undoToggle();
 
+public:
+    /// Whether undoToggle would do something.
+    bool canUndoToggle() const;
+
 signals:
     // Reported as they happen, after the pane has acted on them: text, caret and
     // display lines agree.
