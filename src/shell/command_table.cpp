@@ -34,7 +34,7 @@ QAction *addItem(QMenu *menu, const MenuRow &row, const Receiver &receiver) {
     action->setObjectName(QString::fromUtf8(row.name));
     action->setIconVisibleInMenu(true);
     if (row.key) {
-        action->setShortcut(QKeySequence(QString::fromUtf8(row.key)));
+        action->setShortcuts(QKeySequence::listFromString(QString::fromUtf8(row.key)));
         action->setShortcutContext(Qt::WindowShortcut);
     }
     if (row.check != MenuRow::Plain) {
@@ -86,6 +86,8 @@ void buildToolBar(QToolBar *bar, const QList<ToolRow> &rows, const Receiver &rec
         auto *action = new QAction(iconOf(row.icon), QString::fromUtf8(row.toolTip), bar);
         action->setObjectName(QString::fromUtf8(row.key));
         action->setToolTip(QString::fromUtf8(row.toolTip));
+        action->setCheckable(row.check != MenuRow::Plain);
+        action->setChecked(row.check == MenuRow::Checked);
         connectSlot(action, receiver, row.slot, row.prepare);
         bar->addAction(action);
         bar->widgetForAction(action)->setObjectName(QString::fromUtf8(row.key));

@@ -21,6 +21,7 @@ struct MenuRow {
     /// The public slot of the receiver that the item calls; null for a submenu, and
     /// for an item that has no command and stands disabled.
     const char *slot = nullptr;
+    /// The keys, the one that the menu shows first: "Ctrl+G; Ctrl+S".
     const char *key = nullptr;
     /// Name of the picture in the resources, without folder and extension.
     const char *icon = nullptr;
@@ -37,6 +38,8 @@ struct ToolRow {
     /// As in MenuRow; a button without a slot does nothing.
     const char *slot = nullptr;
     void (*prepare)() = nullptr;
+    /// Anything but Plain gives a button that stays down while its command's state is on.
+    MenuRow::Check check = MenuRow::Plain;
 };
 
 /// The object whose slots a table names, asked for at each command: a toolbar

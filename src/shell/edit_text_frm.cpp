@@ -1,6 +1,5 @@
 #include "shell/edit_text_frm.h"
 
-#include "core/codes.h"
 #include "platform/colours.h"
 #include "platform/desktop.h"
 #include "platform/fonts.h"
@@ -26,6 +25,14 @@
 
 namespace zolt {
 
+namespace {
+
+/// How long the keys rest before the document is compared with the saved text, in
+/// milliseconds.
+constexpr int kComparisonDelay = 300;
+
+} // namespace
+
 EditTextFrm::EditTextFrm(QWidget *frame)
     : QMdiSubWindow(frame), m_frame(qobject_cast<MDIFrm *>(frame)), m_panes{}, m_panels{} {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -33,6 +40,11 @@ EditTextFrm::EditTextFrm(QWidget *frame)
     setCaption(QStringLiteral("Document1"));
     m_frame->showFont(QString::fromStdString(shared::settings.TFntName), shared::settings.TFntSize);
     shared::EdiçãoActiva = 1;
+
+    m_comparison = new QTimer(this);
+    m_comparison->setSingleShot(true);
+    m_comparison->setInterval(kComparisonDelay);
+    connect(m_comparison, &QTimer::timeout, this, [this] { showWouldAsk(documentChanged()); });
 
     buildPanes();
     buildStatusBar();
@@ -48,13 +60,17 @@ EditTextFrm::EditTextFrm(QWidget *frame)
     m_frame->applyCharTool();
     if (shared::settings.ChrTbExi == 1)
         load<CaracterTableFrm>(m_frame).showBesideDocument();
+    gatherEditActions();
 
     applyPaneFont();
     applyPaneColours();
     showActivePane();
     shared::TextoGuardado.clear();
+    documentBegins();
     updateStatus();
     updateClock();
+    updateEditActions();
+    followLockKeys(nullptr);
     qApp->installEventFilter(this);
 }
 
@@ -81,9 +97,14 @@ void EditTextFrm::buildPanes() {
 
 void EditTextFrm::followPane(TextPane *pane) {
     connect(pane, &TextPane::Change, this, &EditTextFrm::updateStatus);
+    connect(pane, &TextPane::Change, this, &EditTextFrm::followChange);
+    connect(pane, &TextPane::Change, this, &EditTextFrm::updateEditActions);
+    connect(pane, &TextPane::selectionChanged, this, &EditTextFrm::updateEditActions);
     connect(pane, &TextPane::keyDown, this, &EditTextFrm::updateStatus);
     connect(pane, &TextPane::keyDown, this, [this] { say({}); });
     connect(pane, &TextPane::keyUp, this, &EditTextFrm::updateStatus);
+    for (const auto key : {&TextPane::keyDown, &TextPane::keyUp})
+        connect(pane, key, this, &EditTextFrm::followKeyCaret);
     connect(pane, &TextPane::mouseUp, this, &EditTextFrm::updateStatus);
     connect(pane, &TextPane::click, this,
             [pane] { shared::PosiçãoCursor = static_cast<std::int32_t>(pane->SelStart()); });
@@ -94,34 +115,12 @@ void EditTextFrm::followPane(TextPane *pane) {
     });
 }
 
-void EditTextFrm::buildStatusBar() {
-    for (int i = 0; i < PanelCount; ++i) {
-        auto *panel = new QLabel(StatusBar1);
-        panel->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
-        panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        panel->setTextFormat(Qt::PlainText);
-        panel->setMargin(2);
-        panel->setAlignment(i == Progress ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
-        StatusBar1->addWidget(panel, i == Progress ? 1 : 0);
-        m_panels[static_cast<std::size_t>(i)] = panel;
-    }
-    const auto widthFor = [this](const QString &text) { return fontMetrics().horizontalAdvance(text) + 16; };
-    m_panels[Caret]->setMinimumWidth(widthFor(QStringLiteral("(000000, 0000)")));
-    m_panels[Length]->setMinimumWidth(widthFor(QStringLiteral("00000000")));
-    for (const Panel lock : {NumLock, CapsLock}) {
-        m_panels[lock]->setText(lock == NumLock ? QStringLiteral("NUM") : QStringLiteral("CAPS"));
-        m_panels[lock]->setEnabled(false);
-    }
-    auto *clock = new QTimer(this);
-    connect(clock, &QTimer::timeout, this, &EditTextFrm::updateClock);
-    clock->start(1000);
-}
-
 TextPane &EditTextFrm::activePane() const {
     return pane(shared::settings.TxtWWrap == 2 ? 2 : 1);
 }
 
 void EditTextFrm::setCaption(const QString &caption) {
+    m_caption = caption;
     // "[*]" in a window title is Qt's mark of change; doubled, it stands for itself.
     setWindowTitle(QString(caption).replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
@@ -160,42 +159,7 @@ void EditTextFrm::showActivePane() {
     widget()->setFocusProxy(&activePane());
     activePane().setFocus();
     menuItem("MnuEditarTranslinearpalavras")->setChecked(wraps);
-}
-
-void EditTextFrm::updateStatus() {
-    if (!m_panels[Caret])
-        return;
-    const TextPane &pane = activePane();
-    const qsizetype end = pane.selEnd();
-    const qsizetype column = end - pane.lineStartOfCaret();
-    QLabel *caret = m_panels[Caret];
-    caret->setText(QStringLiteral("(%1, %2)").arg(pane.lineOfOffset(end) + 1).arg(column));
-    const bool beyond = column > kColumns;
-    caret->setFrameShadow(beyond ? QFrame::Raised : QFrame::Sunken);
-    caret->setLineWidth(beyond ? 2 : 1);
-    m_panels[Length]->setText(QString::number(pane.length()));
-}
-
-void EditTextFrm::say(const QString &message) {
-    m_panels[Progress]->setText(message);
-    m_panels[Progress]->setToolTip(message);
-}
-
-void EditTextFrm::updateClock() {
-    const QDateTime now = QDateTime::currentDateTime();
-    m_panels[Date]->setText(QLocale::system().toString(now.date(), QLocale::ShortFormat));
-    m_panels[Time]->setText(QLocale::system().toString(now.time(), QLocale::ShortFormat));
-}
-
-bool EditTextFrm::eventFilter(QObject *watched, QEvent *event) {
-    // The keys that lock are known by the modifier state that comes with any key:
-    // bit 1 Caps Lock, bit 4 Num Lock, as X and Wayland number them.
-    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
-        const quint32 state = static_cast<QKeyEvent *>(event)->nativeModifiers();
-        m_panels[CapsLock]->setEnabled(state & 0x02);
-        m_panels[NumLock]->setEnabled(state & 0x10);
-    }
-    return QMdiSubWindow::eventFilter(watched, event);
+    m_frame->toolbar(2)->findChild<QAction *>(QStringLiteral("Translinear palavras"))->setChecked(wraps);
 }
 
 QAction *EditTextFrm::menuItem(const char *name) const {

@@ -3,6 +3,7 @@
 #include "core/letter_case.h"
 #include "core/settings.h"
 #include "graphic/rich_text.h"
+#include "platform/lock_keys.h"
 
 #include <QFont>
 #include <QMdiSubWindow>
@@ -10,10 +11,12 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 
 class QLabel;
 class QMenu;
 class QStatusBar;
+class QTimer;
 
 namespace zolt {
 
@@ -34,9 +37,15 @@ public:
     TextPane &pane(int number) const { return *m_panes[static_cast<std::size_t>(number - 1)]; }
 
     /// The document's display name.
-    QString caption() const { return windowTitle(); }
+    QString caption() const { return m_caption; }
     void setCaption(const QString &caption);
     void setCaption(const std::string &fileTitle);
+
+    /// A document that has just come from a file or begun, with the caret at its start.
+    void documentBegins();
+    /// Whether closing the window would ask about changes, as known a moment after the
+    /// last change. Unlike the question itself it doesn't read the document.
+    bool wouldAsk() const { return m_wouldAsk; }
 
     /// Says something in panel 1 of the status bar, until the next save or key.
     void say(const QString &message);
@@ -135,6 +144,19 @@ private:
     void showActivePane();
     void updateStatus();
     void updateClock();
+    /// Says in panel 1, with the caption, that a document with changes went.
+    void sayReplaced(const QString &caption);
+
+    /// Notes that the document changed, and whether closing it would ask now.
+    void followChange();
+    void showWouldAsk(bool wouldAsk);
+    /// Keeps PosiçãoCursor where a key has put the caret.
+    void followKeyCaret();
+    void followLockKeys(const QKeyEvent *event);
+    /// Finds the Edit menu's items, the pop-up menu's and the toolbar's buttons.
+    void gatherEditActions();
+    /// Greys out those that can't act now.
+    void updateEditActions();
     bool eventFilter(QObject *watched, QEvent *event) override;
     void toggleTextToolbars();
     /// The panes' font as the settings have it.
@@ -170,6 +192,19 @@ private:
     std::array<QLabel *, PanelCount> m_panels;
     QList<QMenu *> m_menus;
     QMenu *MnuPopUp;
+
+    QString m_caption;
+    /// True since the document was changed after it was opened, begun or saved.
+    bool m_touched = false;
+    bool m_wouldAsk = false;
+    /// Compares document and saved text once the keys rest, where lengths don't tell.
+    QTimer *m_comparison;
+    /// The active pane's selection before the key under way: start and end.
+    std::pair<qsizetype, qsizetype> m_selectionBeforeKey;
+    LockKeys m_lockKeys;
+    /// What each of the Edit menu's commands greys out; see edit_text_frm_edit.cpp.
+    QList<QList<QAction *>> m_editActions;
+    bool m_clipboardFits = false;
 };
 
 } // namespace zolt

@@ -13,6 +13,7 @@
 
 #include <QCloseEvent>
 #include <QLabel>
+#include <QTimer>
 #include <QToolBar>
 
 namespace zolt {
@@ -47,6 +48,7 @@ Progress percentInto(QLabel *panel) {
 void EditTextFrm::showDocument(const std::string &document, const QString &caption) {
     activePane().setText(document);
     setCaption(caption);
+    documentBegins();
 }
 
 void EditTextFrm::FicheiroNovo() {
@@ -64,11 +66,15 @@ void EditTextFrm::FicheiroAbrir() {
         return;
     const FileContents file = readFile(dialog.FileName);
     if (!file.ok()) {
+        say(QStringLiteral("%1 wasn't opened: %2")
+                .arg(fromFileName(dialog.FileTitle()), QString::fromLocal8Bit(file.reason.c_str())));
         dialog.FileName = nameBefore;
         return;
     }
     const std::string document = documentFromFile(file.bytes, percentInto(m_panels[Progress]));
-    m_panels[Progress]->clear();
+    say({});
+    if (m_touched && documentChanged())
+        sayReplaced(caption());
     shared::settings.DefltDir = folderOf(dialog.FileName);
     showDocument(document, fromFileName(dialog.FileTitle()));
 }
@@ -80,6 +86,9 @@ bool EditTextFrm::writeDocument() {
         return false;
     say({});
     shared::TextoGuardado = document;
+    m_touched = false;
+    m_comparison->stop();
+    showWouldAsk(false);
     return true;
 }
 
@@ -107,7 +116,9 @@ void EditTextFrm::FicheiroGuardarComo() {
 }
 
 bool EditTextFrm::documentChanged() const {
-    return activePane().length() > 0 && activePane().Text() != shared::TextoGuardado;
+    const auto length = static_cast<std::size_t>(activePane().length());
+    return length > 0 &&
+           (length != shared::TextoGuardado.size() || activePane().Text() != shared::TextoGuardado);
 }
 
 void EditTextFrm::discardDocument() {

@@ -1,10 +1,10 @@
 #include "shell/mdi_frm.h"
 
-#include "core/settings.h"
 #include "platform/desktop.h"
 #include "platform/message_box.h"
 #include "platform/text_pane.h"
 #include "shell/about_frm.h"
+#include "shell/active_pane.h"
 #include "shell/caracter_table_frm.h"
 #include "shell/caracter_toolbar_frm.h"
 #include "shell/date_time_frm.h"
@@ -27,20 +27,51 @@
 #include "shell/symbol_frm.h"
 #include "shell/wait_frm.h"
 
-#include <QActionGroup>
-#include <QApplication>
-#include <QCloseEvent>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFile>
 #include <QFontDatabase>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QToolBar>
 
 namespace zolt {
+
+namespace {
+
+/// A list of the toolbar, which gives the keyboard back to the document once it was
+/// used or left.
+class ToolbarList : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+    void hidePopup() override {
+        const bool wasOpen = view()->isVisible();
+        QComboBox::hidePopup();
+        if (wasOpen)
+            leave();
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override {
+        if (event->key() == Qt::Key_Escape)
+            leave();
+        else
+            QComboBox::keyPressEvent(event);
+    }
+
+private:
+    static void leave() {
+        if (TextPane *pane = activePane())
+            pane->setFocus();
+    }
+};
+
+} // namespace
 
 MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) {
     setWindowTitle(QStringLiteral("ZOLT"));
@@ -54,7 +85,10 @@ MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) 
     m_ownMenus = buildMenus(
         frameMenuTable(), [this] { return this; }, this);
     showMenus({});
-    resize(1000, 700);
+    auto *next = new QShortcut(Qt::Key_F3, this);
+    next->setContext(Qt::ApplicationShortcut);
+    connect(next, &QShortcut::activated, this, &MDIFrm::findNext);
+    placeAtStart();
 }
 
 void MDIFrm::buildToolbars() {
@@ -76,12 +110,12 @@ void MDIFrm::buildToolbars() {
 }
 
 void MDIFrm::buildCombos() {
-    Combo1 = new QComboBox(this);
+    Combo1 = new ToolbarList(this);
     Combo1->setObjectName(QStringLiteral("Combo1"));
     Combo1->setToolTip(QStringLiteral("Font name"));
     Combo1->addItems(QFontDatabase::families());
     Combo1->setMaximumWidth(200);
-    Combo2 = new QComboBox(this);
+    Combo2 = new ToolbarList(this);
     Combo2->setObjectName(QStringLiteral("Combo2"));
     Combo2->setToolTip(QStringLiteral("Font size"));
     for (const int size : kFontSizes)
@@ -101,37 +135,6 @@ void MDIFrm::buildCombos() {
         shared::settings.TFntSize = static_cast<std::int16_t>(size.toInt());
         if (auto *window = loaded<EditTextFrm>())
             window->applyPaneFont();
-    });
-}
-
-void MDIFrm::adopt(QWidget *documentWindow) {
-    auto *child = qobject_cast<QMdiSubWindow *>(documentWindow);
-    m_area->addSubWindow(child);
-    connect(child, &QWidget::windowTitleChanged, this, &MDIFrm::showTitle, Qt::QueuedConnection);
-}
-
-void MDIFrm::showTitle() {
-    // Qt joins a maximised child's title to the frame's, but keeps the child's first
-    // one when that changes.
-    const QMdiSubWindow *child = m_area->currentSubWindow();
-    const QString own = QStringLiteral("ZOLT");
-    const QString title = child && child->isMaximized() && child->isVisible()
-                              ? QStringLiteral("%1 - [%2]").arg(own, child->windowTitle())
-                              : own;
-    if (windowTitle() != title)
-        setWindowTitle(title);
-}
-
-void MDIFrm::listChildWindows(QMenu *menu) {
-    auto *children = new QActionGroup(menu);
-    connect(menu, &QMenu::aboutToShow, this, [this, menu, children] {
-        qDeleteAll(children->actions());
-        for (QMdiSubWindow *child : m_area->subWindowList()) {
-            QAction *action = menu->addAction(child->windowTitle(), child, [child] { child->setFocus(); });
-            action->setCheckable(true);
-            action->setChecked(child == m_area->activeSubWindow());
-            children->addAction(action);
-        }
     });
 }
 
@@ -226,6 +229,17 @@ void MDIFrm::MostrarDateTimeFrm() {
 void MDIFrm::MostrarEditTextFindFrm() {
     mostrar<EditTextFindFrm>();
 }
+void MDIFrm::findNext() {
+    if (!loaded<EditTextFrm>())
+        return;
+    if (!loaded<EditTextFindFrm>() && !shared::lastSearch.empty())
+        showBeside<EditTextFindFrm>();
+    if (auto *window = loaded<EditTextFindFrm>(); window && window->isVisible() && window->hasText())
+        return window->Command1_Click();
+    MostrarEditTextFindFrm();
+    loaded<EditTextFindFrm>()->focusFindBox();
+}
+
 void MDIFrm::MostrarEditTextWordCountFrm() {
     mostrar<EditTextWordCountFrm>().countDocument();
 }
@@ -262,80 +276,6 @@ void MDIFrm::MnuAjudadozolt() {
     showMessage(this, QStringLiteral("The help can't be opened: no program on this desktop shows it, or "
                                      "its file is missing from\r\n%1.")
                           .arg(fromFileName(shared::programFolder)));
-}
-
-void MDIFrm::tile(Qt::Orientation orientation) {
-    QList<QMdiSubWindow *> children;
-    for (QMdiSubWindow *child : m_area->subWindowList())
-        if (child->isVisible() && !child->isMinimized())
-            children << child;
-    const QRect whole = m_area->viewport()->rect();
-    for (qsizetype i = 0; i < children.size(); ++i) {
-        const auto part = [&](int length) { return static_cast<int>(length * i / children.size()); };
-        const auto size = [&](int length) { return length / static_cast<int>(children.size()); };
-        children[i]->showNormal();
-        children[i]->setGeometry(orientation == Qt::Horizontal
-                                     ? QRect(part(whole.width()), 0, size(whole.width()), whole.height())
-                                     : QRect(0, part(whole.height()), whole.width(), size(whole.height())));
-    }
-}
-
-void MDIFrm::TileVertically() {
-    tile(Qt::Horizontal);
-}
-void MDIFrm::TileHorizontally() {
-    tile(Qt::Vertical);
-}
-void MDIFrm::Cascade() {
-    m_area->cascadeSubWindows();
-}
-
-void MDIFrm::MinimizeAll() {
-    for (QMdiSubWindow *child : m_area->subWindowList())
-        child->showMinimized();
-    for (QWidget *window : QApplication::topLevelWidgets())
-        if (window != this && window->isVisible() && window->isWindow() && !qobject_cast<QMenu *>(window))
-            window->showMinimized();
-}
-
-void MDIFrm::RestoreAll() {
-    for (QMdiSubWindow *child : m_area->subWindowList())
-        child->showNormal();
-    for (QWidget *window : QApplication::topLevelWidgets())
-        if (window != this && window->isMinimized())
-            window->showNormal();
-}
-
-void MDIFrm::CloseAll() {
-    for (QWidget *window : QApplication::topLevelWidgets())
-        if (window != this && window->isVisible() && !qobject_cast<QMenu *>(window))
-            window->close();
-    m_area->closeAllSubWindows();
-}
-
-void MDIFrm::changeEvent(QEvent *event) {
-    QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::EnabledChange || isEnabled())
-        return;
-    // A disabled frame means the frame alone, not the windows that stand before it.
-    for (QObject *child : children())
-        if (auto *window = qobject_cast<QWidget *>(child); window && window->isWindow())
-            window->setEnabled(true);
-}
-
-void MDIFrm::closeEvent(QCloseEvent *event) {
-    for (QMdiSubWindow *child : m_area->subWindowList())
-        if (!child->close()) {
-            event->ignore();
-            return;
-        }
-    // A failure is silent: the settings of the last run then stand.
-    writeSettings(shared::programFolder + "/ZOLT.ini", shared::settings);
-    event->accept();
-    for (QWidget *window : QApplication::topLevelWidgets())
-        if (window != this)
-            window->hide();
-    emit ended();
 }
 
 } // namespace zolt

@@ -22,6 +22,10 @@ public:
 
     /// Puts a document window into the frame.
     void adopt(QWidget *documentWindow);
+    /// Shows the name of a maximised document, behind a star if closing it would ask.
+    void showTitle();
+    /// A frame that is hidden and shown again stands where it stood.
+    void setVisible(bool visible) override;
     /// Lists the open document windows at the end of a Window menu, each time it opens.
     void listChildWindows(QMenu *menu);
     /// Activates the frame and gives the focus to the document's pane, or to the frame
@@ -83,6 +87,8 @@ public slots:
     void Command3_Click();
     /// Moves the keyboard between the document and the quick bar.
     void switchToQuickBar();
+    /// Goes to the next match of what was searched last, or shows the window that asks.
+    void findNext();
 
     /// The window commands, which serve the document windows' menus too.
     void TileVertically();
@@ -97,11 +103,11 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void placeAtStart();
     void buildToolbars();
     void buildCombos();
     void buildQuickBar();
     void closeDockedBar();
-    void showTitle();
     void tile(Qt::Orientation orientation);
 
     /// Shows the one window of a class before the frame and gives it the focus.
@@ -111,6 +117,14 @@ private:
         window.raise();
         window.activateWindow();
         return window;
+    }
+
+    /// Shows it and leaves the focus where it is.
+    template <class Window> void showBeside() {
+        Window &window = load<Window>(this);
+        window.setAttribute(Qt::WA_ShowWithoutActivating);
+        window.show();
+        window.setAttribute(Qt::WA_ShowWithoutActivating, false);
     }
 
     /// The same for an insert window, whose file dialog comes before it is drawn.
@@ -125,6 +139,8 @@ private:
     template <class Window> void mostrarPreview();
 
     QMdiArea *m_area;
+    /// What saveGeometry gave when the frame was last hidden, in this run or the last.
+    QByteArray m_place;
     QList<QToolBar *> m_toolbars;
     QList<QMenu *> m_ownMenus;
     QComboBox *Combo1;

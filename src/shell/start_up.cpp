@@ -8,6 +8,7 @@
 #include "platform/message_box.h"
 #include "platform/program_folder.h"
 #include "platform/text_pane.h"
+#include "shell/active_pane.h"
 #include "shell/dialog_frm.h"
 #include "shell/edit_text_frm.h"
 #include "shell/mdi_frm.h"
@@ -73,7 +74,7 @@ EditTextFrm &showTextWindow() {
         frame.adopt(&window);
     frame.show();
     window.showMaximized();
-    window.activePane().setFocus();
+    takeFocus(window.activePane());
     return window;
 }
 
@@ -157,6 +158,7 @@ void openNamedFile() {
     shared::TextoDeArranque.clear();
     commonDialog(DialogFrm::Document).FileName = name;
     window.setCaption(titleOf(name));
+    window.documentBegins();
     shared::settings.DefltDir = folderOf(name);
 }
 
