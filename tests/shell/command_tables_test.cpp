@@ -1,8 +1,11 @@
+#include "shell/edit_text_find_frm.h"
 #include "shell/edit_text_frm_tables.h"
 #include "shell/mdi_frm_tables.h"
 #include "support/program.h"
 
+#include <QAction>
 #include <QFile>
+#include <QMenu>
 #include <QTest>
 #include <QToolBar>
 
@@ -61,19 +64,37 @@ TEST_F(CommandTables, GiveTheKeysOfTheTextEdition) {
     answerFileDialog(path("saved.zlt"));
     press(Qt::Key_G);
     EXPECT_EQ(fileBytes("saved.zlt"), "abc\r\n");
+    // Beside these stand the keys of other editors.
+    window.pane(1).setText("def");
+    press(Qt::Key_S);
+    EXPECT_EQ(fileBytes("saved.zlt"), "def\r\n");
+    press(Qt::Key_F);
+    EXPECT_NE(loaded<EditTextFindFrm>(), nullptr);
 }
 
 TEST_F(CommandTables, LeaveOnlyTheFramesOwnCommandsWithoutADocument) {
     MDIFrm &frame = start();
     QStringList enabled;
     for (const auto &row : frameMenuTable())
-        if (row.level > 0 && qstrcmp(row.caption, "-") != 0 && row.slot)
-            enabled << QString::fromUtf8(row.name);
+        if (const auto *item = frame.findChild<QAction *>(QString::fromUtf8(row.name));
+            item && !item->menu() && !item->isSeparator() && item->isEnabled())
+            enabled << item->objectName();
     EXPECT_EQ(enabled,
               QStringList({QStringLiteral("MnuFicheiroNovo"), QStringLiteral("MnuFicheiroSair"),
                            QStringLiteral("MnuVerBarradeferramentas"), QStringLiteral("MnuAjudadozolt"),
                            QStringLiteral("MnuAjudaAcercadoZOLT")}));
     EXPECT_EQ(frame.toolbar(1)->actions().size(), 5);
+}
+
+TEST_F(CommandTables, TheFramesToolbarFollowsItsItemAndComesBackWithAnEmptyFrame) {
+    MDIFrm &frame = start();
+    auto *item = control<QAction>(&frame, "MnuVerBarradeferramentas");
+    item->trigger();
+    EXPECT_TRUE(frame.toolbar(1)->isHidden());
+    call(&frame, "MnuFicheiroNovo");
+    startTextEdition().close();
+    EXPECT_TRUE(item->isChecked());
+    EXPECT_FALSE(frame.toolbar(1)->isHidden());
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "shell/edit_text_find_frm.h"
 #include "support/program.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
@@ -198,12 +199,77 @@ TEST_F(FindWindow, WhatIsTypedDuringAReplaceIsNotLost) {
     EXPECT_NE(pane().Text().find("typed"), std::string::npos);
 }
 
-TEST_F(FindWindow, AClickInThePaneSaysWhereTheSearchBegins) {
-    pane().setText("ab ab");
-    pane().setSelStart(4);
-    QTest::mouseClick(pane().viewport(), Qt::LeftButton, {}, pane().cursorRect().center());
+TEST_F(FindWindow, TheSearchBeginsWhereTheUserPutTheCaret) {
+    pane().setText("ab ab ab");
     fill(QStringLiteral("ab"));
+    pane().setSelStart(7);
+    QTest::mouseClick(pane().viewport(), Qt::LeftButton, {}, pane().cursorRect().center());
     EXPECT_TRUE(pressAndFinish("Command1"));
+
+    QTest::keyClick(&pane(), Qt::Key_Home);
+    QTest::keyClick(&pane(), Qt::Key_Right);
+    press("Command1");
+    EXPECT_EQ(pane().SelStart(), 3);
+    // A key that leaves the caret where the search put it doesn't count.
+    QTest::keyClick(&pane(), Qt::Key_Control);
+    press("Command1");
+    EXPECT_EQ(pane().SelStart(), 6);
+    QTest::keyClick(&pane(), Qt::Key_Home);
+    QTest::keyClicks(&pane(), QStringLiteral("ab"));
+    press("Command1");
+    EXPECT_EQ(pane().SelStart(), 2);
+
+    writeBytes("other.zlt", "ab\r\n");
+    answerFileDialog(path("other.zlt"));
+    call(&m_window, "FicheiroAbrir");
+    press("Command1");
+    EXPECT_EQ(pane().SelText(), "ab");
+}
+
+TEST_F(FindWindow, EnterSearchesOnAndNeverTypesIntoTheDocument) {
+    pane().setText("ab ab ab");
+    QTest::keyClicks(control<QLineEdit>(m_find, "Text1"), QStringLiteral("ab"));
+    for (const qsizetype place : {0, 3, 6}) {
+        ASSERT_TRUE(waitFor([this] { return m_find->isActiveWindow(); }));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(pane().SelStart(), place);
+        EXPECT_EQ(loaded<MDIFrm>()->focusWidget(), &pane());
+    }
+    Answer ok(QMessageBox::Ok);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(ok.came());
+    EXPECT_TRUE(waitFor([this] { return m_find->isActiveWindow(); }));
+    EXPECT_EQ(pane().Text(), "ab ab ab");
+    // The mouse hands the keyboard over.
+    shared::PosiçãoCursor = 0;
+    press("Command1");
+    EXPECT_TRUE(waitFor([this] { return pane().hasFocus(); }));
+}
+
+TEST_F(FindWindow, F3SearchesOnFromAnywhere) {
+    pane().setText("Ab ab Ab ab");
+    fill(QStringLiteral("Ab"));
+    matchCase();
+    ASSERT_TRUE(waitFor([this] { return m_find->isActiveWindow(); }));
+    QTest::keyClick(control<QLineEdit>(m_find, "Text1"), Qt::Key_F3);
+    EXPECT_EQ(pane().SelStart(), 0);
+    EXPECT_TRUE(m_find->isActiveWindow());
+    m_find->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    ASSERT_TRUE(waitFor([this] { return pane().hasFocus(); }));
+    QTest::keyClick(&pane(), Qt::Key_F3);
+    EXPECT_EQ(pane().SelStart(), 6);
+    EXPECT_TRUE(waitFor([this] { return pane().hasFocus(); }));
+    m_find = loaded<EditTextFindFrm>();
+    ASSERT_NE(m_find, nullptr);
+    EXPECT_TRUE(m_find->isVisible());
+    EXPECT_EQ(control<QLineEdit>(m_find, "Text1")->text(), QStringLiteral("Ab"));
+
+    // With nothing to search for it asks.
+    fill({});
+    QTest::keyClick(&pane(), Qt::Key_F3);
+    EXPECT_TRUE(waitFor([this] { return control<QLineEdit>(m_find, "Text1")->hasFocus(); }));
 }
 
 } // namespace

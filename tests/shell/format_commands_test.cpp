@@ -223,11 +223,14 @@ TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
     QPalette desktop = QApplication::palette();
     const QPalette before = desktop;
     desktop.setColor(QPalette::Base, QColor(1, 2, 3));
+    desktop.setColor(QPalette::Text, QColor(250, 251, 252));
     QApplication::setPalette(desktop);
     shared::settings.TFntBold = "True";
     press("MnuFormatarPadrão");
     EXPECT_EQ(background(1), QColor(Qt::white));
+    EXPECT_EQ(textColour(1), QColor(Qt::black)); // the desktop's can't be read on white
     EXPECT_EQ(background(2), QColor(1, 2, 3));
+    EXPECT_EQ(textColour(2), QColor(250, 251, 252));
     EXPECT_EQ(shared::settings.TFntBckC, "16777215");
     EXPECT_EQ(shared::settings.TFntColr, "-2147483640");
     EXPECT_EQ(shared::settings.TFntName, "ZOLT");

@@ -3,8 +3,10 @@
 
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTest>
 #include <QToolBar>
+#include <algorithm>
 #include <filesystem>
 
 namespace zolt {
@@ -90,6 +92,84 @@ TEST_F(StartUp, AsksForTheEditionOfAnotherKindOfFile) {
     QTest::mouseClick(control<QPushButton>(asks, "Command1"), Qt::LeftButton);
     ASSERT_NE(loaded<EditTextFrm>(), nullptr);
     EXPECT_EQ(loaded<EditTextFrm>()->activePane().Text(), "text");
+}
+
+TEST_F(StartUp, AFileThatGoesBeforeTheAnswerLeavesTheChooserAlone) {
+    writeBytes("notes.txt", "text");
+    MDIFrm &frame = start(path("notes.txt"));
+    QFile::remove(QString::fromStdString(path("notes.txt")));
+    Answer message(QMessageBox::Ok);
+    QTest::mouseClick(control<QPushButton>(shown("MensagemFrm"), "Command1"), Qt::LeftButton);
+    EXPECT_TRUE(message.text().contains(QStringLiteral("notes.txt")));
+    EXPECT_NE(shown("QuestionFrm"), nullptr);
+    EXPECT_EQ(shown("MensagemFrm"), nullptr);
+    EXPECT_FALSE(frame.isVisible());
+}
+
+TEST_F(StartUp, TheChooserIsWorkedByKeys) {
+    MDIFrm &frame = start();
+    QWidget *chooser = shown("QuestionFrm");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(chooser));
+    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+    const auto focus = [] { return QApplication::focusWidget()->objectName(); };
+    EXPECT_EQ(focus(), QStringLiteral("Picture1"));
+    QStringList stops;
+    for (int i = 0; i < 4; ++i) {
+        stops << focus();
+        press(Qt::Key_Tab);
+    }
+    stops.sort();
+    EXPECT_EQ(stops.join(u' '), QStringLiteral("Command1 Command2 Picture1 Picture2"));
+
+    // Arrow keys choose from wherever they are pressed, and go to what they chose.
+    for (const char *from : {"Picture1", "Command1", "Command2"}) {
+        control<QWidget>(chooser, from)->setFocus();
+        press(Qt::Key_Right);
+        EXPECT_EQ(focus(), QStringLiteral("Picture2"));
+        EXPECT_EQ(shared::settings.Question, 2);
+        press(Qt::Key_Right);
+        EXPECT_EQ(focus(), QStringLiteral("Picture2"));
+        press(Qt::Key_Left);
+        EXPECT_EQ(shared::settings.Question, 1);
+    }
+    press(Qt::Key_Right);
+    control<QWidget>(chooser, "Picture1")->setFocus();
+    press(Qt::Key_Return);
+    EXPECT_NE(loaded<EditTextFrm>(), nullptr);
+    EXPECT_TRUE(frame.isVisible());
+}
+
+TEST_F(StartUp, ThePaneHasTheKeyboardBesideTheCharacterTable) {
+    start();
+    shared::settings.ChrTbExi = 1;
+    QTest::keyClick(shown("QuestionFrm"), Qt::Key_Return);
+    ASSERT_NE(shown("CaracterTableFrm"), nullptr);
+    EXPECT_TRUE(waitFor([] { return loaded<EditTextFrm>()->activePane().hasFocus(); }));
+}
+
+TEST_F(StartUp, TheFrameComesBackWhereItStoodAndOnAScreen) {
+    MDIFrm &frame = start();
+    QTest::keyClick(shown("QuestionFrm"), Qt::Key_Escape);
+    const QRect place(40, 60, 500, 400);
+    frame.setGeometry(place);
+    leave();
+    EXPECT_EQ(std::ranges::count(fileBytes("ZOLT.ini"), '\n'), 33);
+    start();
+    QTest::keyClick(shown("QuestionFrm"), Qt::Key_Escape);
+    EXPECT_EQ(loaded<MDIFrm>()->geometry(), place);
+
+    loaded<MDIFrm>()->setGeometry(5000, 5000, 3000, 2000);
+    leave();
+    start();
+    QTest::keyClick(shown("QuestionFrm"), Qt::Key_Escape);
+    const QRect screen = loaded<MDIFrm>()->screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(loaded<MDIFrm>()->geometry()));
+
+    leave();
+    writeBytes("ZOLT.state", "nonsense");
+    start();
+    QTest::keyClick(shown("QuestionFrm"), Qt::Key_Escape);
+    EXPECT_TRUE(loaded<MDIFrm>()->isVisible());
 }
 
 TEST_F(StartUp, AFileThatCannotBeReadBringsAMessageAndTheChooser) {

@@ -1,0 +1,159 @@
+#include "shell/about_frm.h"
+#include "shell/caracter_table_frm.h"
+#include "shell/edit_text_guardar_hp_frm.h"
+#include "shell/edit_text_insert_image_frm.h"
+#include "shell/edit_text_preview_frm.h"
+#include "shell/long_work.h"
+#include "shell/wait_frm.h"
+#include "support/program.h"
+
+#include <QAction>
+#include <QImage>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace zolt {
+namespace {
+
+using namespace testing_support;
+
+class WindowLife : public ProgramTest {
+protected:
+    WindowLife() : m_document(startTextEdition()) {}
+
+    /// Deletes the windows that are closed and wanted by nobody, as the event loop does.
+    static void deleteClosed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+    /// Runs `act` once, as soon as long work lets the windows live.
+    static void duringWork(QTimer &timer, std::function<void()> act) {
+        QObject::connect(&timer, &QTimer::timeout, &timer, [&timer, act = std::move(act)] {
+            timer.stop();
+            act();
+            deleteClosed();
+        });
+        timer.start(0);
+    }
+
+    EditTextFrm &m_document;
+};
+
+TEST_F(WindowLife, ADisabledFrameDoesNotClose) {
+    MDIFrm &frame = *loaded<MDIFrm>();
+    bool ended = false;
+    QObject::connect(&frame, &MDIFrm::ended, [&] { ended = true; });
+    call(&m_document, "TesteDeIntegridade");
+    EXPECT_FALSE(frame.close());
+    EXPECT_FALSE(ended);
+    EXPECT_TRUE(loaded<EditTextGuardarHPFrm>()->isVisible());
+    loaded<EditTextGuardarHPFrm>()->close();
+    EXPECT_TRUE(frame.close());
+    EXPECT_TRUE(ended);
+}
+
+TEST_F(WindowLife, ClosingWindowsDuringACompilationCancelsIt) {
+    std::string text;
+    for (int i = 0; i < 20'000; ++i)
+        text += "*line and more\r\n";
+    m_document.activePane().setText(text);
+    QTimer timer;
+    bool acted = false;
+    duringWork(timer, [&] {
+        acted = true;
+        QPointer<WaitFrm> wait = loaded<WaitFrm>();
+        ASSERT_NE(wait, nullptr);
+        EXPECT_FALSE(loaded<MDIFrm>()->close());
+        wait->close();
+        deleteClosed();
+        EXPECT_NE(wait, nullptr); // the compiler goes on to its next step
+    });
+    call(&m_document, "MnuVerPrévisualizartudoEstiloHP48");
+    EXPECT_TRUE(acted);
+    deleteClosed();
+    EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr);
+    EXPECT_EQ(loaded<WaitFrm>(), nullptr);
+    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
+}
+
+TEST_F(WindowLife, ClosingTheFrameDuringAReadingEndsBoth) {
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    ASSERT_TRUE(image.save(QString::fromStdString(path("black.bmp"))));
+    answerFileDialog(path("black.bmp"));
+    call(loaded<MDIFrm>(), "MostrarEditTextInsertImageFrm");
+    QPointer<EditTextInsertImageFrm> window = loaded<EditTextInsertImageFrm>();
+    control<QLineEdit>(window, "Text3")->selectAll();
+    QTest::keyClicks(control<QLineEdit>(window, "Text3"), QStringLiteral("1089"));
+    shared::SemPerguntaDeSaída = 1;
+    QPointer<MDIFrm> frame = loaded<MDIFrm>();
+    QTimer timer;
+    duringWork(timer, [&] {
+        EXPECT_TRUE(frame->close());
+        deleteClosed();
+        EXPECT_NE(window, nullptr);
+    });
+    QTest::mouseClick(control<QPushButton>(window, "Command2"), Qt::LeftButton);
+    timer.stop();
+    frame->close();
+    deleteClosed();
+    EXPECT_EQ(window, nullptr);
+    EXPECT_EQ(frame, nullptr);
+}
+
+TEST_F(WindowLife, AClosedWindowGoesWithTheLastWork) {
+    QPointer<AboutFrm> window = &load<AboutFrm>(loaded<MDIFrm>());
+    window->show();
+    Progress first = livelyProgress({}, [] { return false; });
+    {
+        const Progress second = first;
+        window->close();
+        first = {};
+        deleteClosed();
+        EXPECT_NE(window, nullptr);
+    }
+    deleteClosed();
+    EXPECT_EQ(window, nullptr);
+}
+
+TEST_F(WindowLife, TheWindowMenuBringsAMinimisedDocumentBack) {
+    auto *menu = qobject_cast<QMenu *>(m_document.menuItem("MnuJanelaCascata")->parent());
+    for (const bool maximised : {true, false}) {
+        maximised ? m_document.showMaximized() : m_document.showNormal();
+        call(&m_document, "MinimizeAll");
+        ASSERT_TRUE(m_document.isMinimized());
+        emit menu->aboutToShow();
+        menu->actions().last()->trigger();
+        EXPECT_FALSE(m_document.isMinimized());
+        EXPECT_EQ(m_document.isMaximized(), maximised);
+    }
+}
+
+TEST_F(WindowLife, TheWindowMenuArrangesTheDocument) {
+    const QSize whole = m_document.parentWidget()->size();
+    for (const char *command : {"TileVertically", "TileHorizontally"}) {
+        m_document.showNormal();
+        m_document.setGeometry(10, 10, 300, 200);
+        call(&m_document, command);
+        EXPECT_EQ(m_document.geometry(), QRect({0, 0}, whole)) << command;
+    }
+    call(&m_document, "VerTabeladecaracteres");
+    call(&m_document, "MinimizeAll");
+    EXPECT_TRUE(loaded<CaracterTableFrm>()->isMinimized());
+    call(&m_document, "RestoreAll");
+    EXPECT_FALSE(m_document.isMinimized());
+    EXPECT_FALSE(loaded<CaracterTableFrm>()->isMinimized());
+}
+
+TEST_F(WindowLife, TheFrameGoesOnTopAndComesDownAgain) {
+    MDIFrm &frame = *loaded<MDIFrm>();
+    for (const bool onTop : {true, false}) {
+        m_document.menuItem("MnuVerSemprenotopo")->trigger();
+        EXPECT_EQ(frame.windowFlags().testFlag(Qt::WindowStaysOnTopHint), onTop);
+        EXPECT_TRUE(frame.isVisible());
+    }
+}
+
+} // namespace
+} // namespace zolt
