@@ -5,9 +5,9 @@
 #include "platform/rich_text_box.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QElapsedTimer>
 #include <QImage>
-#include <QBuffer>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>

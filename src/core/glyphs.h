@@ -16,7 +16,9 @@ struct Glyph {
 };
 
 /// Dots across: 8 for Style::Double, 4 for all others.
-constexpr int glyphWidth(Style style) { return style == Style::Double ? 2 * kCellWidth : kCellWidth; }
+constexpr int glyphWidth(Style style) {
+    return style == Style::Double ? 2 * kCellWidth : kCellWidth;
+}
 
 /// The picture of a character of the calculator's set in a style. The same
 /// table makes the fonts.

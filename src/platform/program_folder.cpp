@@ -18,7 +18,9 @@ bool isSystemFolder(const QString &folder) {
     return false;
 }
 
-std::string bytes(const QString &path) { return QFile::encodeName(path).toStdString(); }
+std::string bytes(const QString &path) {
+    return QFile::encodeName(path).toStdString();
+}
 
 /// Copies the files that come with the program, leaving those that stand there.
 void provideFiles(const QString &folder) {

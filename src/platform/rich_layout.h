@@ -73,7 +73,7 @@ private:
     mutable qreal m_widest = 0;  // line seen, if they don't wrap
     mutable std::unordered_map<int, int> m_formatHeights;
     mutable std::unordered_map<int, qreal> m_formatWidths; // of an average character
-    int m_measured = 0; // every paragraph in front of this one is exact
+    int m_measured = 0;                                    // every paragraph in front of this one is exact
     QTimer m_idle;
     QSizeF m_reported;
 };

@@ -5,9 +5,9 @@
 #include "graphic/rich_text.h"
 #include "platform/lock_keys.h"
 
+#include <QColor>
 #include <QFont>
 #include <QMdiSubWindow>
-#include <QColor>
 #include <array>
 #include <optional>
 #include <string>

@@ -213,10 +213,14 @@ TEST(TextPaneClipboard, TextFromOutsideBecomesBytes) {
         const char *pasted;
         const char *bytes;
     } cases[] = {
-        {"a\nb\rc\r\nd", "a\r\nb\r\nc\r\nd"},  {"\n\r\n\n", "\r\n\r\n\r\n"},
-        {"x\u2028y\u2029z", "x\r\ny\r\nz"},    {"α\tμβ😀Ж", "\x8C\t\xB5\xDF??"},
-        {"“it’s” – 5″…", "\"it's\" - 5\"..."}, {"e\u0301o\u0302 q\u0304", "\xE9\xF4 q"},
-        {"ž99F0A1, že", "\x9E" "99F0A1, ze"},
+        {"a\nb\rc\r\nd", "a\r\nb\r\nc\r\nd"},
+        {"\n\r\n\n", "\r\n\r\n\r\n"},
+        {"x\u2028y\u2029z", "x\r\ny\r\nz"},
+        {"α\tμβ😀Ж", "\x8C\t\xB5\xDF??"},
+        {"“it’s” – 5″…", "\"it's\" - 5\"..."},
+        {"e\u0301o\u0302 q\u0304", "\xE9\xF4 q"},
+        {"ž99F0A1, že", "\x9E"
+                        "99F0A1, ze"},
     };
     for (const auto &c : cases) {
         QApplication::clipboard()->setText(QString::fromUtf8(c.pasted));
