@@ -2,12 +2,12 @@
 // Run it with QT_QPA_PLATFORM=offscreen.
 
 #include "core/file.h"
-#include "shell/edit_text_frm.h"
-#include "shell/edit_text_preview_frm.h"
-#include "shell/mdi_frm.h"
-#include "shell/shared_values.h"
-#include "shell/start_up.h"
-#include "shell/windows.h"
+#include "shell/base/shared_values.h"
+#include "shell/base/windows.h"
+#include "shell/document/text/edit_text_frm.h"
+#include "shell/frame/mdi_frm.h"
+#include "shell/preview/edit_text_preview_frm.h"
+#include "shell/start/start_up.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,5 +1,5 @@
-#include "shell/mdi_frm.h"
-#include "shell/start_up.h"
+#include "shell/frame/mdi_frm.h"
+#include "shell/start/start_up.h"
 
 #include <QApplication>
 #include <cstdio>

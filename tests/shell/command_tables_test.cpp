@@ -1,6 +1,6 @@
-#include "shell/edit_text_find_frm.h"
-#include "shell/edit_text_frm_tables.h"
-#include "shell/mdi_frm_tables.h"
+#include "shell/document/text/edit_text_frm_tables.h"
+#include "shell/frame/mdi_frm_tables.h"
+#include "shell/tools/edit_text_find_frm.h"
 #include "support/program.h"
 
 #include <QAction>

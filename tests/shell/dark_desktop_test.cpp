@@ -1,6 +1,6 @@
 #include "platform/rich_text_box.h"
-#include "shell/edit_text_preview_frm.h"
-#include "shell/edit_text_preview_normal_frm.h"
+#include "shell/preview/edit_text_preview_frm.h"
+#include "shell/preview/edit_text_preview_normal_frm.h"
 #include "support/program.h"
 
 #include <QAbstractItemView>

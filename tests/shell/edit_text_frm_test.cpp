@@ -1,5 +1,5 @@
 #include "platform/common_dialog.h"
-#include "shell/dialog_frm.h"
+#include "shell/base/dialog_frm.h"
 #include "support/program.h"
 
 #include <QAbstractItemView>

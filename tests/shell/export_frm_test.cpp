@@ -1,6 +1,6 @@
 #include "export/pdf_writer.h"
-#include "shell/dialog_frm.h"
-#include "shell/edit_text_export_pdf_frm.h"
+#include "shell/base/dialog_frm.h"
+#include "shell/exports/edit_text_export_pdf_frm.h"
 #include "support/opened_files.h"
 #include "support/program.h"
 

@@ -1,4 +1,4 @@
-#include "shell/edit_text_find_frm.h"
+#include "shell/tools/edit_text_find_frm.h"
 #include "support/program.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "platform/colours.h"
 #include "platform/common_dialog.h"
-#include "shell/dialog_frm.h"
+#include "shell/base/dialog_frm.h"
 #include "support/program.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "platform/held_text.h"
-#include "shell/caracter_table_frm.h"
-#include "shell/date_time_frm.h"
-#include "shell/edit_text_word_count_frm.h"
+#include "shell/tools/caracter_table_frm.h"
+#include "shell/tools/date_time_frm.h"
+#include "shell/tools/edit_text_word_count_frm.h"
 #include "support/program.h"
 
 #include <QApplication>

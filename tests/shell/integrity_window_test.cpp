@@ -1,4 +1,4 @@
-#include "shell/edit_text_guardar_hp_frm.h"
+#include "shell/exports/edit_text_guardar_hp_frm.h"
 #include "support/program.h"
 
 #include <QDir>

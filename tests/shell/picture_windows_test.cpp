@@ -2,10 +2,10 @@
 #include "images/grob.h"
 #include "images/image_text.h"
 #include "platform/surface_view.h"
-#include "shell/edit_text_conv_img_frm.h"
-#include "shell/edit_text_insert_grob_frm.h"
-#include "shell/edit_text_insert_image_frm.h"
-#include "shell/edit_text_insert_velda_frm.h"
+#include "shell/pictures/edit_text_conv_img_frm.h"
+#include "shell/pictures/edit_text_insert_grob_frm.h"
+#include "shell/pictures/edit_text_insert_image_frm.h"
+#include "shell/pictures/edit_text_insert_velda_frm.h"
 #include "support/program.h"
 
 #include <QAction>

@@ -3,10 +3,10 @@
 #include "hp48/preview_compiler.h"
 #include "hp48/screen.h"
 #include "platform/rich_text_box.h"
-#include "shell/edit_text_preview_frm.h"
-#include "shell/edit_text_preview_normal_frm.h"
-#include "shell/edit_text_preview_normal_menu_frm.h"
-#include "shell/wait_frm.h"
+#include "shell/preview/edit_text_preview_frm.h"
+#include "shell/preview/edit_text_preview_normal_frm.h"
+#include "shell/preview/edit_text_preview_normal_menu_frm.h"
+#include "shell/preview/wait_frm.h"
 #include "support/program.h"
 
 #include <QApplication>

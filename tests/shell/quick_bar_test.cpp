@@ -1,6 +1,6 @@
 #include "core/quick_bar.h"
 #include "platform/held_text.h"
-#include "shell/caracter_toolbar_frm.h"
+#include "shell/tools/caracter_toolbar_frm.h"
 #include "support/program.h"
 
 #include <QAction>

@@ -1,4 +1,4 @@
-#include "shell/question_frm.h"
+#include "shell/tools/question_frm.h"
 #include "support/program.h"
 
 #include <QPushButton>

@@ -1,7 +1,7 @@
 #include "platform/byte_line.h"
 #include "platform/held_text.h"
-#include "shell/cell_views.h"
-#include "shell/symbol_frm.h"
+#include "shell/symbols/symbol_frm.h"
+#include "shell/widgets/cell_views.h"
 #include "support/program.h"
 
 #include <QAction>

@@ -1,10 +1,10 @@
-#include "shell/about_frm.h"
-#include "shell/caracter_table_frm.h"
-#include "shell/edit_text_guardar_hp_frm.h"
-#include "shell/edit_text_insert_image_frm.h"
-#include "shell/edit_text_preview_frm.h"
-#include "shell/long_work.h"
-#include "shell/wait_frm.h"
+#include "shell/base/long_work.h"
+#include "shell/exports/edit_text_guardar_hp_frm.h"
+#include "shell/pictures/edit_text_insert_image_frm.h"
+#include "shell/preview/edit_text_preview_frm.h"
+#include "shell/preview/wait_frm.h"
+#include "shell/tools/about_frm.h"
+#include "shell/tools/caracter_table_frm.h"
 #include "support/program.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "support/program.h"
 
 #include "core/file.h"
-#include "shell/start_up.h"
+#include "shell/start/start_up.h"
 
 #include <QApplication>
 #include <QComboBox>

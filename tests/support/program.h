@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/text_pane.h"
-#include "shell/edit_text_frm.h"
-#include "shell/mdi_frm.h"
-#include "shell/shared_values.h"
-#include "shell/windows.h"
+#include "shell/base/shared_values.h"
+#include "shell/base/windows.h"
+#include "shell/document/text/edit_text_frm.h"
+#include "shell/frame/mdi_frm.h"
 
 #include <QMessageBox>
 #include <QTemporaryDir>

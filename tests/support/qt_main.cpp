@@ -1,4 +1,4 @@
-#include "shell/start_up.h"
+#include "shell/start/start_up.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>

@@ -1,0 +1,46 @@
+#include "shell/base/tool_frm.h"
+
+#include "shell/base/long_work.h"
+#include "shell/base/windows.h"
+#include "shell/frame/mdi_frm.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+
+namespace zolt {
+
+ToolFrm::ToolFrm(const QString &caption, Kind kind, QWidget *owner) : QDialog(owner), m_kind(kind) {
+    setWindowTitle(caption);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
+}
+
+void ToolFrm::showEvent(QShowEvent *event) {
+    if (MDIFrm *frame = loaded<MDIFrm>()) {
+        if (m_kind == DisablesTheFrame)
+            frame->setEnabled(false);
+        if (m_kind == HidesTheFrame)
+            frame->hide();
+    }
+    QDialog::showEvent(event);
+}
+
+void ToolFrm::reject() {
+    close();
+}
+
+void ToolFrm::closeEvent(QCloseEvent *event) {
+    closing();
+    event->accept();
+    markClosed(*this);
+    outliveWork(*this);
+    if (MDIFrm *frame = loaded<MDIFrm>()) {
+        if (m_kind == DisablesTheFrame)
+            frame->setEnabled(true);
+        if (m_kind == HidesTheFrame)
+            frame->show();
+        if (frame->isEnabled())
+            frame->takeFocusBack();
+    }
+}
+
+} // namespace zolt

@@ -1,0 +1,46 @@
+// The text edition's previews, of the whole document and of the selection.
+
+#include "platform/text_pane.h"
+#include "shell/base/shared_values.h"
+#include "shell/document/text/edit_text_frm.h"
+#include "shell/frame/mdi_frm.h"
+
+namespace zolt {
+
+void EditTextFrm::preview(const std::string &text, void (MDIFrm::*open)()) {
+    shared::TextoPrevisualizar = text;
+    m_frame->MostrarWaitFrm();
+    (m_frame->*open)();
+}
+
+void EditTextFrm::previewSelection(void (MDIFrm::*open)()) {
+    const std::string selection = activePane().SelText();
+    say(selection.empty() ? QStringLiteral("Nothing is selected.") : QString());
+    preview(selection, open);
+}
+
+void EditTextFrm::MnuVerPrévisualizartudoNormal() {
+    shared::PrevisualizarComQuebras = 0;
+    preview(activePane().Text(), &MDIFrm::MostrarEditTextPreviewNormalFrm);
+}
+void EditTextFrm::MnuVerPrévisualizartudoComquebrasdelinha() {
+    shared::PrevisualizarComQuebras = 1;
+    preview(activePane().Text(), &MDIFrm::MostrarEditTextPreviewNormalFrm);
+}
+void EditTextFrm::MnuVerPrévisualizartudoEstiloHP48() {
+    preview(activePane().Text(), &MDIFrm::MostrarEditTextPreviewFrm);
+}
+
+void EditTextFrm::VerPrévisualizarselecçãoNormal() {
+    shared::PrevisualizarComQuebras = 0;
+    previewSelection(&MDIFrm::MostrarEditTextPreviewNormalFrm);
+}
+void EditTextFrm::VerPrévisualizarselecçãoComquebrasdelinha() {
+    shared::PrevisualizarComQuebras = 1;
+    previewSelection(&MDIFrm::MostrarEditTextPreviewNormalFrm);
+}
+void EditTextFrm::VerPrévisualizarselecçãoEstiloHP48() {
+    previewSelection(&MDIFrm::MostrarEditTextPreviewFrm);
+}
+
+} // namespace zolt

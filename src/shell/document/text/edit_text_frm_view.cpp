@@ -1,0 +1,71 @@
+// The windows that stand beside the text edition's document.
+
+#include "shell/base/shared_values.h"
+#include "shell/document/text/edit_text_frm.h"
+#include "shell/frame/mdi_frm.h"
+#include "shell/symbols/symbol_frm.h"
+#include "shell/tools/caracter_table_frm.h"
+#include "shell/tools/caracter_toolbar_frm.h"
+#include "shell/tools/edit_text_find_frm.h"
+
+#include <QScreen>
+
+namespace zolt {
+
+void EditTextFrm::VerBarradecaracteres() {
+    if (auto *bar = loaded<CaracterToolbarFrm>(); bar && bar->isVisible())
+        bar->move(bar->screen()->geometry().right() + 1 - bar->width(), pixels(1000));
+    if (shared::settings.CharTool == 0)
+        shared::settings.CharTool = 3;
+    m_frame->applyCharTool();
+}
+
+void EditTextFrm::VerTabeladecaracteres() {
+    m_frame->MostrarCaracterTableFrm();
+}
+
+void EditTextFrm::MnuInserirDataehora() {
+    m_frame->MostrarDateTimeFrm();
+}
+void EditTextFrm::MnuFerramentasContarpalavras() {
+    m_frame->MostrarEditTextWordCountFrm();
+}
+
+void EditTextFrm::MnuInserirListadesímbolos() {
+    m_frame->MostrarSymbolFrm();
+    loaded<SymbolFrm>()->showPage(SymbolFrm::ListPage);
+}
+
+void EditTextFrm::MnuInserirCriarnovosímbolo() {
+    m_frame->MostrarSymbolFrm();
+    loaded<SymbolFrm>()->showPage(SymbolFrm::EditionPage);
+}
+
+void EditTextFrm::recordCompanions() {
+    Settings &settings = shared::settings;
+    const auto *bar = loaded<CaracterToolbarFrm>();
+    if (!bar || !bar->isVisible())
+        settings.CharTool = 0;
+    if (!m_frame->topPanel()->isHidden())
+        settings.CharTool = 3;
+    else if (!m_frame->rightPanel()->isHidden())
+        settings.CharTool = 4;
+
+    const auto *table = loaded<CaracterTableFrm>();
+    settings.ChrTbExi = table && table->isVisible() ? 1 : 0;
+    if (settings.ChrTbExi == 1) {
+        settings.ChrTbPoX = twipsSetting(table->x());
+        settings.ChrTbPoY = twipsSetting(table->y());
+    }
+}
+
+void EditTextFrm::closeCompanions() {
+    m_frame->topPanel()->hide();
+    m_frame->rightPanel()->hide();
+    unload<CaracterTableFrm>();
+    unload<CaracterToolbarFrm>();
+    unload<EditTextFindFrm>();
+    unload<SymbolFrm>();
+}
+
+} // namespace zolt

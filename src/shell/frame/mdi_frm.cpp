@@ -1,0 +1,281 @@
+#include "shell/frame/mdi_frm.h"
+
+#include "platform/desktop.h"
+#include "platform/message_box.h"
+#include "platform/text_pane.h"
+#include "shell/base/active_pane.h"
+#include "shell/base/shared_values.h"
+#include "shell/document/text/edit_text_frm.h"
+#include "shell/document/text/edit_text_frm_tables.h"
+#include "shell/exports/edit_text_export_pdf_frm.h"
+#include "shell/exports/edit_text_guardar_hp_frm.h"
+#include "shell/frame/mdi_frm_tables.h"
+#include "shell/pictures/edit_text_conv_img_frm.h"
+#include "shell/pictures/edit_text_insert_grob_frm.h"
+#include "shell/pictures/edit_text_insert_image_frm.h"
+#include "shell/pictures/edit_text_insert_velda_frm.h"
+#include "shell/preview/edit_text_preview_frm.h"
+#include "shell/preview/edit_text_preview_normal_frm.h"
+#include "shell/preview/wait_frm.h"
+#include "shell/symbols/symbol_frm.h"
+#include "shell/tools/about_frm.h"
+#include "shell/tools/caracter_table_frm.h"
+#include "shell/tools/caracter_toolbar_frm.h"
+#include "shell/tools/date_time_frm.h"
+#include "shell/tools/edit_text_find_frm.h"
+#include "shell/tools/edit_text_word_count_frm.h"
+#include "shell/tools/mensagem_frm.h"
+#include "shell/tools/question_frm.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QFile>
+#include <QFontDatabase>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QToolBar>
+
+namespace zolt {
+
+namespace {
+
+/// A list of the toolbar, which gives the keyboard back to the document once it was
+/// used or left.
+class ToolbarList : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+    void hidePopup() override {
+        const bool wasOpen = view()->isVisible();
+        QComboBox::hidePopup();
+        if (wasOpen)
+            leave();
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override {
+        if (event->key() == Qt::Key_Escape)
+            leave();
+        else
+            QComboBox::keyPressEvent(event);
+    }
+
+private:
+    static void leave() {
+        if (TextPane *pane = activePane())
+            pane->setFocus();
+    }
+};
+
+} // namespace
+
+MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) {
+    setWindowTitle(QStringLiteral("ZOLT"));
+    connect(this, &QWidget::windowTitleChanged, this, &MDIFrm::showTitle, Qt::QueuedConnection);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
+    m_area->setObjectName(QStringLiteral("MdiArea"));
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    buildQuickBar();
+    buildToolbars();
+    m_ownMenus = buildMenus(
+        frameMenuTable(), [this] { return this; }, this);
+    showMenus({});
+    auto *next = new QShortcut(Qt::Key_F3, this);
+    next->setContext(Qt::ApplicationShortcut);
+    connect(next, &QShortcut::activated, this, &MDIFrm::findNext);
+    placeAtStart();
+}
+
+void MDIFrm::buildToolbars() {
+    for (int number = 1; number <= 3; ++number) {
+        auto *bar = addToolBar(QString());
+        bar->setObjectName(QStringLiteral("Toolbar%1").arg(number));
+        bar->setIconSize(QSize(20, 20));
+        bar->setMovable(false);
+        bar->setContextMenuPolicy(Qt::PreventContextMenu);
+        m_toolbars << bar;
+    }
+    insertToolBarBreak(toolbar(3));
+    const Receiver textWindow = [] { return loaded<EditTextFrm>(); };
+    buildToolBar(toolbar(1), frameToolbarTable(), [this] { return this; });
+    buildToolBar(toolbar(2), textStandardToolbarTable(), textWindow);
+    buildCombos();
+    buildToolBar(toolbar(3), textFormatToolbarTable(), textWindow);
+    showTextToolbars(false, false);
+}
+
+void MDIFrm::buildCombos() {
+    Combo1 = new ToolbarList(this);
+    Combo1->setObjectName(QStringLiteral("Combo1"));
+    Combo1->setToolTip(QStringLiteral("Font name"));
+    Combo1->addItems(QFontDatabase::families());
+    Combo1->setMaximumWidth(200);
+    Combo2 = new ToolbarList(this);
+    Combo2->setObjectName(QStringLiteral("Combo2"));
+    Combo2->setToolTip(QStringLiteral("Font size"));
+    for (const int size : kFontSizes)
+        Combo2->addItem(QString::number(size));
+    for (QComboBox *combo : {Combo1, Combo2}) {
+        combo->setEditable(false);
+        combo->setFocusPolicy(Qt::ClickFocus);
+        toolbar(3)->addWidget(combo);
+    }
+    toolbar(3)->addSeparator();
+    connect(Combo1, &QComboBox::textActivated, this, [](const QString &name) {
+        shared::settings.TFntName = name.toStdString();
+        if (auto *window = loaded<EditTextFrm>())
+            window->applyPaneFont();
+    });
+    connect(Combo2, &QComboBox::textActivated, this, [](const QString &size) {
+        shared::settings.TFntSize = static_cast<std::int16_t>(size.toInt());
+        if (auto *window = loaded<EditTextFrm>())
+            window->applyPaneFont();
+    });
+}
+
+void MDIFrm::takeFocusBack() {
+    activateWindow();
+    if (const auto *document = loaded<EditTextFrm>())
+        document->activePane().setFocus();
+    else
+        setFocus();
+}
+
+void MDIFrm::showMenus(const QList<QMenu *> &menus) {
+    menuBar()->clear();
+    for (QMenu *menu : menus.isEmpty() ? m_ownMenus : menus)
+        menuBar()->addMenu(menu);
+    // Only the menus that show may answer to their keys.
+    for (QMenu *menu : m_ownMenus)
+        for (QAction *action : menu->actions())
+            action->setShortcutContext(menus.isEmpty() ? Qt::WindowShortcut : Qt::WidgetShortcut);
+}
+
+QToolBar *MDIFrm::toolbar(int number) const {
+    return m_toolbars[number - 1];
+}
+
+void MDIFrm::showTextToolbars(bool standard, bool format) {
+    toolbar(2)->setVisible(standard);
+    toolbar(3)->setVisible(format);
+}
+
+void MDIFrm::showFont(const QString &name, int points) {
+    Combo1->setCurrentIndex(Combo1->findText(name));
+    Combo2->setCurrentIndex(Combo2->findText(QString::number(points)));
+}
+
+void MDIFrm::MostrarQuestionFrm() {
+    mostrar<QuestionFrm>();
+}
+void MDIFrm::MostrarMensagemFrm() {
+    mostrar<MensagemFrm>();
+}
+void MDIFrm::MostrarSymbolFrm() {
+    mostrar<SymbolFrm>();
+}
+void MDIFrm::MostrarEditTextExportPDFFrm() {
+    mostrar<EditTextExportPDFFrm>();
+}
+void MDIFrm::MostrarEditTextGuardarHPFrm() {
+    mostrar<EditTextGuardarHPFrm>();
+}
+template <class Window> void MDIFrm::mostrarPreview() {
+    unload<Window>();
+    if (load<Window>(this).compile()) {
+        mostrar<Window>();
+        return;
+    }
+    shared::CancelarOperação = 0;
+    unload<Window>();
+}
+
+void MDIFrm::MostrarWaitFrm() {
+    mostrar<WaitFrm>();
+}
+void MDIFrm::MostrarEditTextPreviewFrm() {
+    mostrarPreview<EditTextPreviewFrm>();
+}
+void MDIFrm::MostrarEditTextPreviewNormalFrm() {
+    mostrarPreview<EditTextPreviewNormalFrm>();
+}
+void MDIFrm::MostrarAboutFrm() {
+    mostrar<AboutFrm>();
+}
+void MDIFrm::MostrarEditTextConvImgFrm() {
+    mostrar<EditTextConvImgFrm>();
+}
+void MDIFrm::MostrarEditTextInsertImageFrm() {
+    mostrarInsertFrm<EditTextInsertImageFrm>();
+}
+void MDIFrm::MostrarEditTextInsertGrobFrm() {
+    mostrarInsertFrm<EditTextInsertGrobFrm>();
+}
+void MDIFrm::MostrarEditTextInsertVeldaFrm() {
+    mostrarInsertFrm<EditTextInsertVeldaFrm>();
+}
+
+void MDIFrm::MostrarCaracterTableFrm() {
+    mostrar<CaracterTableFrm>();
+}
+void MDIFrm::MostrarDateTimeFrm() {
+    mostrar<DateTimeFrm>();
+}
+void MDIFrm::MostrarEditTextFindFrm() {
+    mostrar<EditTextFindFrm>();
+}
+void MDIFrm::findNext() {
+    if (!loaded<EditTextFrm>())
+        return;
+    if (!loaded<EditTextFindFrm>() && !shared::lastSearch.empty())
+        showBeside<EditTextFindFrm>();
+    if (auto *window = loaded<EditTextFindFrm>(); window && window->isVisible() && window->hasText())
+        return window->Command1_Click();
+    MostrarEditTextFindFrm();
+    loaded<EditTextFindFrm>()->focusFindBox();
+}
+
+void MDIFrm::MostrarEditTextWordCountFrm() {
+    mostrar<EditTextWordCountFrm>().countDocument();
+}
+
+// Alone among the windows it leaves the focus where it is.
+void MDIFrm::MostrarCaracterToolbar() {
+    load<CaracterToolbarFrm>(this).show();
+}
+
+void MDIFrm::MnuFicheiroNovo() {
+    MostrarQuestionFrm();
+}
+void MDIFrm::MnuFicheiroSair() {
+    close();
+}
+void MDIFrm::MnuAjudaAcercadoZOLT() {
+    MostrarAboutFrm();
+}
+
+void MDIFrm::MnuVerBarradeferramentas() {
+    toolbar(1)->setVisible(menuItem(m_ownMenus, "MnuVerBarradeferramentas")->isChecked());
+}
+
+void MDIFrm::checkOwnToolbar() {
+    menuItem(m_ownMenus, "MnuVerBarradeferramentas")->setChecked(true);
+}
+
+void MDIFrm::MnuAjudadozolt() {
+    for (const char *name : {"/ZOLT.chm", "/ZOLT.html"}) {
+        const std::string help = shared::programFolder + name;
+        if (QFile::exists(fromFileName(help)) && openInDesktop(help))
+            return;
+    }
+    showMessage(this, QStringLiteral("The help can't be opened: no program on this desktop shows it, or "
+                                     "its file is missing from\r\n%1.")
+                          .arg(fromFileName(shared::programFolder)));
+}
+
+} // namespace zolt

@@ -1,0 +1,152 @@
+#pragma once
+
+#include "shell/base/windows.h"
+
+#include <QMainWindow>
+
+class QComboBox;
+class QMdiArea;
+class QMenu;
+class QToolBar;
+
+namespace zolt {
+
+/// The main frame: it holds the document windows, the toolbars and a menu for the
+/// time when no document is open. Its own commands open other windows; a toolbar
+/// button calls the same slot as the document window's menu item.
+class MDIFrm : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit MDIFrm(QWidget *owner = nullptr);
+
+    /// Puts a document window into the frame.
+    void adopt(QWidget *documentWindow);
+    /// Shows the name of a maximised document, behind a star if closing it would ask.
+    void showTitle();
+    /// A frame that is hidden and shown again stands where it stood.
+    void setVisible(bool visible) override;
+    /// Lists the open document windows at the end of a Window menu, each time it opens.
+    void listChildWindows(QMenu *menu);
+    /// Activates the frame and gives the focus to the document's pane, or to the frame
+    /// itself without a document.
+    void takeFocusBack();
+    /// Shows a document window's menus in the place of the frame's own, or the
+    /// frame's own again for an empty list.
+    void showMenus(const QList<QMenu *> &menus);
+    /// Toolbar `number`, from 1 to 3.
+    QToolBar *toolbar(int number) const;
+    /// Shows or hides the text edition's two bars, the standard one above the
+    /// format one.
+    void showTextToolbars(bool standard, bool format);
+    /// Checks the frame's own toolbar item, as at the start.
+    void checkOwnToolbar();
+    /// Shows a font's name and size in Combo1 and Combo2, without acting on it.
+    void showFont(const QString &name, int points);
+
+    /// Shows the quick bar as CharTool says: nowhere, floating or docked.
+    void applyCharTool();
+    /// A docked bar's panel: Picture3 at the top, Picture4 on the right.
+    QWidget *topPanel() const { return Picture3; }
+    QWidget *rightPanel() const { return Picture4; }
+
+signals:
+    /// The frame has closed and the settings are written: the program is to end.
+    void ended();
+
+public slots:
+    void MostrarQuestionFrm();
+    void MostrarMensagemFrm();
+    void MostrarSymbolFrm();
+    void MostrarEditTextExportPDFFrm();
+    void MostrarEditTextGuardarHPFrm();
+    void MostrarEditTextInsertImageFrm();
+    void MostrarEditTextInsertGrobFrm();
+    void MostrarEditTextInsertVeldaFrm();
+    void MostrarEditTextConvImgFrm();
+    void MostrarWaitFrm();
+    /// Both compile TextoPrevisualizar first; a cancelled preview doesn't show.
+    void MostrarEditTextPreviewFrm();
+    void MostrarEditTextPreviewNormalFrm();
+    void MostrarAboutFrm();
+    void MostrarCaracterToolbar();
+    void MostrarCaracterTableFrm();
+    void MostrarDateTimeFrm();
+    void MostrarEditTextFindFrm();
+    void MostrarEditTextWordCountFrm();
+
+    void MnuFicheiroNovo();
+    void MnuFicheiroSair();
+    void MnuVerBarradeferramentas();
+    void MnuAjudadozolt();
+    void MnuAjudaAcercadoZOLT();
+
+    /// A button of a docked quick bar, and the close buttons of the two panels.
+    void Command1_Click(int Index);
+    void Command2_Click();
+    void Command3_Click();
+    /// Moves the keyboard between the document and the quick bar.
+    void switchToQuickBar();
+    /// Goes to the next match of what was searched last, or shows the window that asks.
+    void findNext();
+
+    /// The window commands, which serve the document windows' menus too.
+    void TileVertically();
+    void TileHorizontally();
+    void Cascade();
+    void MinimizeAll();
+    void RestoreAll();
+    void CloseAll();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void placeAtStart();
+    void buildToolbars();
+    void buildCombos();
+    void buildQuickBar();
+    void closeDockedBar();
+    void tile(Qt::Orientation orientation);
+
+    /// Shows the one window of a class before the frame and gives it the focus.
+    template <class Window> Window &mostrar() {
+        Window &window = load<Window>(this);
+        window.show();
+        window.raise();
+        window.activateWindow();
+        return window;
+    }
+
+    /// Shows it and leaves the focus where it is.
+    template <class Window> void showBeside() {
+        Window &window = load<Window>(this);
+        window.setAttribute(Qt::WA_ShowWithoutActivating);
+        window.show();
+        window.setAttribute(Qt::WA_ShowWithoutActivating, false);
+    }
+
+    /// The same for an insert window, whose file dialog comes before it is drawn.
+    template <class Window> void mostrarInsertFrm() {
+        Window &window = load<Window>(this);
+        if (!window.isVisible())
+            window.begin();
+        mostrar<Window>();
+    }
+
+    /// The same for a new preview, if it is compiled to its end.
+    template <class Window> void mostrarPreview();
+
+    QMdiArea *m_area;
+    /// What saveGeometry gave when the frame was last hidden, in this run or the last.
+    QByteArray m_place;
+    QList<QToolBar *> m_toolbars;
+    QList<QMenu *> m_ownMenus;
+    QComboBox *Combo1;
+    QComboBox *Combo2;
+    QWidget *Picture3;
+    QWidget *Picture4;
+};
+
+} // namespace zolt

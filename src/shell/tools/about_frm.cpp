@@ -1,0 +1,34 @@
+#include "shell/tools/about_frm.h"
+
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace zolt {
+
+AboutFrm::AboutFrm(QWidget *owner) : ToolFrm(QStringLiteral("About ZOLT"), BesideTheFrame, owner) {
+    auto *column = new QVBoxLayout(this);
+    auto *picture = new QLabel;
+    picture->setPixmap(QIcon(QStringLiteral(":/icons/zolt.svg")).pixmap(96));
+    picture->setAlignment(Qt::AlignCenter);
+    auto *name = new QLabel(QStringLiteral("<h2>ZOLT</h2>Version " ZOLT_VERSION));
+    name->setAlignment(Qt::AlignCenter);
+    auto *purpose = new QLabel(QStringLiteral("Documents for the HP48 calculator"));
+    purpose->setAlignment(Qt::AlignCenter);
+    auto *link = new QLabel(QStringLiteral("<a href=\"https://zolt.example/\">zolt.example</a>"));
+    link->setObjectName(QStringLiteral("Label1"));
+    link->setAlignment(Qt::AlignCenter);
+    link->setOpenExternalLinks(true);
+    auto *ok = new QPushButton(QStringLiteral("OK"));
+    ok->setObjectName(QStringLiteral("Command1"));
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QWidget::close);
+    for (QWidget *part : std::initializer_list<QWidget *>{picture, name, purpose, link})
+        column->addWidget(part);
+    column->addWidget(ok, 0, Qt::AlignCenter);
+    column->setContentsMargins(40, 24, 40, 24);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+} // namespace zolt

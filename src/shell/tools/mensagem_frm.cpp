@@ -1,0 +1,46 @@
+#include "shell/tools/mensagem_frm.h"
+
+#include "shell/base/shared_values.h"
+#include "shell/start/start_up.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace zolt {
+
+MensagemFrm::MensagemFrm(QWidget *owner)
+    : ToolFrm(QStringLiteral("ZOLT"), HidesTheFrame, owner),
+      Option1(new QRadioButton(QStringLiteral("Textual Edition"))),
+      Option2(new QRadioButton(QStringLiteral("Graphical Edition"))) {
+    Option1->setObjectName(QStringLiteral("Option1"));
+    Option2->setObjectName(QStringLiteral("Option2"));
+    Option1->setChecked(true);
+    auto *ok = new QPushButton(QStringLiteral("OK"));
+    ok->setObjectName(QStringLiteral("Command1"));
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &MensagemFrm::Command1_Click);
+
+    auto *column = new QVBoxLayout(this);
+    auto *question = new QLabel(QStringLiteral("Open file in:"));
+    question->setObjectName(QStringLiteral("Label1"));
+    column->addWidget(question);
+    column->addWidget(Option1);
+    column->addWidget(Option2);
+    column->addWidget(ok, 0, Qt::AlignRight);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    setMinimumWidth(240);
+}
+
+void MensagemFrm::Command1_Click() {
+    if (Option2->isChecked()) {
+        sayGraphicalEditionIsMissing(this);
+        return;
+    }
+    // First of all the frame comes back: what follows stands before it.
+    close();
+    openNamedFile();
+}
+
+} // namespace zolt

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "shell/base/tool_frm.h"
+
+class QRadioButton;
+
+namespace zolt {
+
+/// Asks in which edition a file of an unknown kind is to open. While it stands
+/// the frame is hidden.
+class MensagemFrm : public ToolFrm {
+    Q_OBJECT
+
+public:
+    explicit MensagemFrm(QWidget *owner);
+
+public slots:
+    /// OK: opens the file in the chosen edition.
+    void Command1_Click();
+
+private:
+    QRadioButton *Option1;
+    QRadioButton *Option2;
+};
+
+} // namespace zolt
