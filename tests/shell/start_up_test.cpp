@@ -140,11 +140,13 @@ TEST_F(StartUp, TheChooserIsWorkedByKeys) {
 }
 
 TEST_F(StartUp, ThePaneHasTheKeyboardBesideTheCharacterTable) {
-    start();
-    shared::settings.ChrTbExi = 1;
-    QTest::keyClick(shown("QuestionFrm"), Qt::Key_Return);
+    call(&startTextEdition(), "VerTabeladecaracteres");
+    leave();
+    writeBytes("plain.zlt", "text");
+    start(path("plain.zlt"));
     ASSERT_NE(shown("CaracterTableFrm"), nullptr);
-    EXPECT_TRUE(waitFor([] { return loaded<EditTextFrm>()->activePane().hasFocus(); }));
+    QTest::qWait(50); // for windows to become active that would
+    EXPECT_TRUE(loaded<EditTextFrm>()->activePane().hasFocus());
 }
 
 TEST_F(StartUp, TheFrameComesBackWhereItStoodAndOnAScreen) {
