@@ -84,6 +84,7 @@ ReplaceAllResult replaceAll(std::string_view text, const FindOptions &options, s
     for (; found.outcome == ScanResult::Matched; found = search.next(done)) {
         const std::size_t match = found.position - 1;
         result.text.append(text.substr(done, match - done)).append(replacement);
+        result.offsets.push_back(match);
         ++result.replacements;
         done = match + options.find.size();
     }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zolt {
 
@@ -45,6 +46,8 @@ struct ReplaceAllResult {
     Outcome outcome = NothingToDo;
     /// The whole text afterwards; empty if there is nothing to do.
     std::string text;
+    /// Where the matches stand in the text searched, from 0.
+    std::vector<std::size_t> offsets;
     std::size_t replacements = 0;
     /// Characters up to the end of the last replacement, in the new text.
     std::size_t posiçãoCursor = 0;

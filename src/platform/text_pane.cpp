@@ -52,6 +52,13 @@ TextPane::TextPane(bool wraps, QWidget *parent) : QPlainTextEdit(parent) {
     connect(this, &QPlainTextEdit::selectionChanged, this, &TextPane::followSelection);
     connect(document(), &QTextDocument::contentsChange, this, &TextPane::followContents);
     connect(this, &QPlainTextEdit::textChanged, this, &TextPane::reportChange);
+    connect(this, &TextPane::Change, m_events, &PaneEvents::Change);
+    connect(this, &TextPane::keyDown, m_events, &PaneEvents::keyDown);
+    connect(this, &TextPane::keyUp, m_events, &PaneEvents::keyUp);
+    connect(this, &TextPane::mouseDown, m_events, &PaneEvents::mouseDown);
+    connect(this, &TextPane::mouseUp, m_events, &PaneEvents::mouseUp);
+    connect(this, &TextPane::click, m_events, &PaneEvents::click);
+    connect(this, &TextPane::selectionChanged, m_events, &PaneEvents::selectionMoved);
 }
 
 std::string TextPane::Text() const {
@@ -88,6 +95,18 @@ void TextPane::replaceText(std::string_view bytes) {
         replaceRange(from, to, bytes.substr(start.size(), bytes.size() - start.size() - end.size()), 0);
 }
 
+void TextPane::replaceEach(const std::vector<std::size_t> &offsets, std::size_t length,
+                           std::string_view replacement) {
+    const std::string old = Text();
+    std::string text;
+    std::size_t done = 0;
+    for (const std::size_t offset : offsets) {
+        text.append(old, done, offset - done).append(replacement);
+        done = offset + length;
+    }
+    replaceText(text.append(old, done));
+}
+
 qsizetype TextPane::length() const {
     return textLength(*document());
 }
@@ -99,10 +118,6 @@ qsizetype TextPane::SelStart() const {
 void TextPane::setSelStart(qsizetype offset) {
     const int position = positionOfOffset(offset);
     select({position, position});
-}
-
-qsizetype TextPane::SelLength() const {
-    return selEnd() - SelStart();
 }
 
 void TextPane::setSelLength(qsizetype length) {

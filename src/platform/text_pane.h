@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/pane.h"
 #include "platform/undo_selections.h"
 
 #include <QByteArray>
@@ -28,7 +29,7 @@ class PaneLayout;
 ///
 /// A key costs the same in a long document as in a short one: length, SelStart,
 /// selEnd and lineOfOffset don't read the text.
-class TextPane : public QPlainTextEdit {
+class TextPane : public QPlainTextEdit, public Pane {
     Q_OBJECT
     Q_PROPERTY(QByteArray Text READ textProperty WRITE setTextProperty NOTIFY Change)
     Q_PROPERTY(QByteArray SelText READ selTextProperty WRITE setSelTextProperty)
@@ -40,33 +41,43 @@ public:
     /// words, longer words anywhere. One that doesn't has both scroll bars.
     explicit TextPane(bool wraps, QWidget *parent = nullptr);
 
-    std::string Text() const;
+    QAbstractScrollArea &control() override { return *this; }
+    const QAbstractScrollArea &control() const override { return *this; }
+    PaneEvents &events() const override { return *m_events; }
+    bool hasSelection() const override { return textCursor().hasSelection(); }
+    void replaceEach(const std::vector<std::size_t> &offsets, std::size_t length,
+                     std::string_view replacement) override;
+    void cut() override { QPlainTextEdit::cut(); }
+    void copy() override { QPlainTextEdit::copy(); }
+    void paste() override { QPlainTextEdit::paste(); }
+    bool canPaste() const override { return QPlainTextEdit::canPaste(); }
+    using Pane::hasFocus;
+    std::string Text() const override;
     /// Replaces all and clears the undo history; the caret goes to 0.
     void setText(std::string_view bytes);
     /// Replaces all in one undo step; the caret goes to 0. Only the stretch that
     /// differs is edited.
     void replaceText(std::string_view bytes);
     /// Bytes of the text; doesn't read it.
-    qsizetype length() const;
+    qsizetype length() const override;
 
-    qsizetype SelStart() const;
+    qsizetype SelStart() const override;
     /// Makes a caret at the offset.
-    void setSelStart(qsizetype offset);
-    qsizetype SelLength() const;
+    void setSelStart(qsizetype offset) override;
     /// Selects that many bytes from SelStart on, with the caret at their end.
-    void setSelLength(qsizetype length);
-    qsizetype selEnd() const;
-    std::string SelText() const;
+    void setSelLength(qsizetype length) override;
+    qsizetype selEnd() const override;
+    std::string SelText() const override;
     /// Replaces the selection in one undo step, or inserts at the caret; the
     /// caret stands behind the new bytes.
-    void setSelText(std::string_view bytes);
+    void setSelText(std::string_view bytes) override;
 
     /// Display line, from 0, of an offset: soft-wrapped lines count, and the
     /// offset of a soft break belongs to the line that it begins.
-    int lineOfOffset(qsizetype offset) const;
+    int lineOfOffset(qsizetype offset) const override;
     int displayLineCount() const;
     /// Offset of the start of the display line that holds the caret.
-    qsizetype lineStartOfCaret() const;
+    qsizetype lineStartOfCaret() const override;
 
     /// The font of the whole pane. What it lacks, such as marks for control
     /// characters, is taken from the font ZOLT.
@@ -76,15 +87,15 @@ public:
 public slots:
     /// One step back or forth in the whole history, with the selection that
     /// stood there.
-    void undo();
-    void redo();
+    void undo() override;
+    void redo() override;
     /// Brings back what the last step undid, whoever took that step; undoes the last
     /// change if there was a change or a redo since.
-    void undoToggle();
+    void undoToggle() override;
 
 public:
     /// Whether undoToggle would do something.
-    bool canUndoToggle() const;
+    bool canUndoToggle() const override;
 
 signals:
     // Reported as they happen, after the pane has acted on them: text, caret and
@@ -150,6 +161,7 @@ private:
     /// change brought behind them, within that change's undo step.
     void joinLineEnds(const std::vector<int> &positions);
 
+    PaneEvents *m_events = new PaneEvents(this);
     PaneLayout *m_layout; // the document's
     UndoSelections m_undoSelections;
     PaneSelection m_lastSelection;    // before the change that is under way

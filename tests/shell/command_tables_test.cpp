@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QTest>
 #include <QToolBar>
+#include <algorithm>
 
 namespace zolt {
 namespace {
@@ -16,11 +17,13 @@ using namespace testing_support;
 
 class CommandTables : public ProgramTest {
 protected:
-    static void expectSlotsAndIcons(const QObject &receiver, const char *name, const char *slot,
+    static void expectSlotsAndIcons(const QList<QObject *> &receivers, const char *name, const char *slot,
                                     const char *icon) {
         const QByteArray signature = QByteArray(slot) + "()";
-        EXPECT_TRUE(!slot || receiver.metaObject()->indexOfSlot(signature.constData()) >= 0)
-            << name << " calls " << slot;
+        const bool known = std::any_of(receivers.begin(), receivers.end(), [&](const QObject *receiver) {
+            return receiver->metaObject()->indexOfSlot(signature.constData()) >= 0;
+        });
+        EXPECT_TRUE(!slot || known) << name << " calls " << slot;
         EXPECT_TRUE(!icon || QFile::exists(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(icon))))
             << icon;
     }
@@ -28,28 +31,30 @@ protected:
 
 TEST_F(CommandTables, NameOnlyOperationsAndPicturesThatExist) {
     EditTextFrm &window = startTextEdition();
+    const QList<QObject *> frame{loaded<MDIFrm>()};
+    const QList<QObject *> document{&window, loaded<MDIFrm>()};
     for (const auto &row : frameMenuTable())
-        expectSlotsAndIcons(*loaded<MDIFrm>(), row.name, row.slot, row.icon);
+        expectSlotsAndIcons(frame, row.name, row.slot, row.icon);
     for (const auto &row : frameToolbarTable())
-        expectSlotsAndIcons(*loaded<MDIFrm>(), row.key, row.slot, row.icon);
+        expectSlotsAndIcons(frame, row.key, row.slot, row.icon);
     for (const auto *table : {&textMenuTable(), &textPopUpTable()})
         for (const auto &row : *table)
-            expectSlotsAndIcons(window, row.name, row.slot, row.icon);
+            expectSlotsAndIcons(document, row.name, row.slot, row.icon);
     for (const auto *table : {&textStandardToolbarTable(), &textFormatToolbarTable()})
         for (const auto &row : *table)
-            expectSlotsAndIcons(window, row.key, row.slot, row.icon);
+            expectSlotsAndIcons(document, row.key, row.slot, row.icon);
 }
 
 TEST_F(CommandTables, GiveTheKeysOfTheTextEdition) {
     EditTextFrm &window = startTextEdition();
-    window.pane(1).setText("abc");
-    window.pane(1).setFocus();
+    window.textPane(1).setText("abc");
+    window.textPane(1).setFocus();
     // Ctrl+A opens, Ctrl+O is New, Ctrl+G saves.
     const auto press = [&](Qt::Key key) {
         loaded<MDIFrm>()->activateWindow();
         ASSERT_TRUE(waitFor([] { return loaded<MDIFrm>()->isActiveWindow(); }));
-        window.pane(1).setFocus();
-        QTest::keyClick(&window.pane(1), key, Qt::ControlModifier);
+        window.textPane(1).setFocus();
+        QTest::keyClick(&window.textPane(1), key, Qt::ControlModifier);
     };
     QString opened;
     whenModal("QFileDialog", [&](QWidget *dialog) {
@@ -65,7 +70,7 @@ TEST_F(CommandTables, GiveTheKeysOfTheTextEdition) {
     press(Qt::Key_G);
     EXPECT_EQ(fileBytes("saved.zlt"), "abc\r\n");
     // Beside these stand the keys of other editors.
-    window.pane(1).setText("def");
+    window.textPane(1).setText("def");
     press(Qt::Key_S);
     EXPECT_EQ(fileBytes("saved.zlt"), "def\r\n");
     press(Qt::Key_F);

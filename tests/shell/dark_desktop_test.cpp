@@ -59,7 +59,7 @@ class DarkWindow : public DarkDesktop, public testing::WithParamInterface<Sight>
 
 TEST_P(DarkWindow, AllTextsAreLegible) {
     EditTextFrm &document = startTextEdition();
-    document.activePane().setText("Hi\r\n*entry");
+    document.activeTextPane().setText("Hi\r\n*entry");
     for (const char *operation : GetParam().operations)
         call(&document, operation);
     QWidget *window = &document;
@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(DarkDesktop, TheWebPageLooksLikeThePane) {
     EditTextFrm &document = startTextEdition();
-    document.activePane().setText("Hi");
+    document.activeTextPane().setText("Hi");
     answerFileDialog(path("page.htm"));
     call(&document, "ExportarHTML");
     EXPECT_NE(fileBytes("page.htm").find("<body text=\"#000000\" bgcolor=\"#FFFFFF\">"), std::string::npos);

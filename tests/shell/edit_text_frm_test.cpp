@@ -53,7 +53,7 @@ class TextWindow : public ProgramTest {
 protected:
     TextWindow() : m_window(startTextEdition()) {}
 
-    TextPane &pane() { return m_window.activePane(); }
+    TextPane &pane() { return m_window.activeTextPane(); }
     void type(const char *keys) { QTest::keyClicks(&pane(), QString::fromUtf8(keys)); }
     QLabel &panel(int number) {
         return *control<QLabel>(&m_window, qPrintable(QStringLiteral("Panel%1").arg(number)));
@@ -189,7 +189,7 @@ TEST_F(TextWindow, AStarInTheTitleSaysThatClosingWouldAsk) {
     EXPECT_TRUE(waitFor([&] { return !starred(); }));
     open("saved.zlt");
     EXPECT_TRUE(starred());
-    m_window.pane(1).setText("");
+    m_window.textPane(1).setText("");
     EXPECT_FALSE(starred());
 }
 

@@ -23,7 +23,7 @@ class Export : public ProgramTest {
 protected:
     EditTextFrm &document(std::string_view text) {
         EditTextFrm &window = startTextEdition();
-        window.activePane().setText(text);
+        window.activeTextPane().setText(text);
         return window;
     }
     static QString panel() { return control<QLabel>(loaded<EditTextFrm>(), "Panel1")->text(); }
@@ -195,7 +195,7 @@ TEST_F(PdfWindow, StartedWithAFileSavesByItself) {
     QDir::setCurrent(m_folder.path());
     writeBytes("named.zlt", "from the file\r\n");
     start("\"named.zlt\"");
-    auto &pane = loaded<EditTextFrm>()->activePane();
+    auto &pane = loaded<EditTextFrm>()->activeTextPane();
     pane.setText("changed since");
     answerFileDialog(path("out.pdf"));
     loaded<EditTextFrm>()->menuItem("MnuFicheiroExportarPDF")->trigger();
@@ -215,13 +215,15 @@ TEST_F(PdfWindow, TextBoxesSelectTheirTextOnFocus) {
 
 class WebPageExport : public Export {
 protected:
-    WebPageExport() : m_window(document("<b>One\r\n\r\nTwo")) {
-        shared::settings.TFntColr = "255";
-        shared::settings.TFntBckC = std::to_string(0xC08000);
-        shared::settings.TFntItal = shared::settings.TFntBold = "True";
-        shared::settings.TFntSize = 14;
-        m_window.applyPaneFont();
-        m_window.applyPaneColours();
+    WebPageExport() : m_window((storeLook(), document("<b>One\r\n\r\nTwo"))) {}
+
+    void storeLook() {
+        Settings settings = defaultSettings(path(""));
+        settings.TFntColr = "255";
+        settings.TFntBckC = std::to_string(0xC08000);
+        settings.TFntItal = settings.TFntBold = "True";
+        settings.TFntSize = 14;
+        writeSettings(path("ZOLT.ini"), settings);
     }
 
     static constexpr char kPage[] = "<html>\r\n<body text=\"#FF0000\" bgcolor=\"#0080C0\">\r\n"
@@ -233,15 +235,15 @@ protected:
 TEST_F(WebPageExport, WritesThePageAndKeepsTheDocumentsName) {
     answerFileDialog(path("doc.zlt"));
     call(&m_window, "FicheiroGuardarComo");
-    m_window.activePane().setSelStart(0);
-    m_window.activePane().setSelText("x");
-    m_window.activePane().undo();
+    m_window.activeTextPane().setSelStart(0);
+    m_window.activeTextPane().setSelText("x");
+    m_window.activeTextPane().undo();
     answerFileDialog(path("page.htm"));
     m_window.menuItem("MnuFicheiroExportarHTML")->trigger();
     EXPECT_EQ(fileBytes("page.htm"), kPage);
     EXPECT_EQ(shared::GuardarCancelado, 0);
     EXPECT_EQ(m_window.caption(), QStringLiteral("doc.zlt"));
-    m_window.activePane().setText("later");
+    m_window.activeTextPane().setText("later");
     call(&m_window, "FicheiroGuardar");
     EXPECT_EQ(fileBytes("doc.zlt"), "later\r\n");
     EXPECT_EQ(fileBytes("page.htm"), kPage);
@@ -260,7 +262,7 @@ TEST_F(WebPageExport, AWayThatEndsWithoutAFileShowsNoBoxButWhatItMust) {
     EXPECT_EQ(shared::settings.DefltDir, folder);
 
     shared::GuardarCancelado = 0;
-    m_window.activePane().setText("");
+    m_window.activeTextPane().setText("");
     for (const char *operation : {"ExportarHTML", "FicheiroExportarPrevisualizarpaginaWeb"}) {
         Answer ok(QMessageBox::Ok);
         call(&m_window, operation);

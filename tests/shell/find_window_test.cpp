@@ -20,7 +20,7 @@ protected:
         m_find = loaded<EditTextFindFrm>();
     }
 
-    TextPane &pane() { return m_window.activePane(); }
+    TextPane &pane() { return m_window.activeTextPane(); }
     void fill(const QString &find, const QString &replacement = {}) {
         control<QLineEdit>(m_find, "Text1")->setText(find);
         control<QLineEdit>(m_find, "Text2")->setText(replacement);

@@ -21,7 +21,7 @@ class FormatCommands : public ProgramTest {
 protected:
     FormatCommands() : m_window(startTextEdition()) {}
 
-    TextPane &pane() { return m_window.activePane(); }
+    TextPane &pane() { return m_window.activeTextPane(); }
     void put(const std::string &text, qsizetype start, qsizetype length) {
         pane().setText(text);
         pane().setSelStart(start);
@@ -39,8 +39,8 @@ protected:
             .insert(static_cast<std::size_t>(pane().selEnd()), ">")
             .insert(static_cast<std::size_t>(pane().SelStart()), "<");
     }
-    QColor background(int number) { return m_window.pane(number).palette().color(QPalette::Base); }
-    QColor textColour(int number) { return m_window.pane(number).palette().color(QPalette::Text); }
+    QColor background(int number) { return m_window.textPane(number).palette().color(QPalette::Base); }
+    QColor textColour(int number) { return m_window.textPane(number).palette().color(QPalette::Text); }
 
     EditTextFrm &m_window;
 };
@@ -201,10 +201,10 @@ TEST_F(FormatCommands, SchemesAndFontsHoldAfterARestart) {
 
     leave();
     EditTextFrm &again = startTextEdition();
-    EXPECT_EQ(again.pane(2).palette().color(QPalette::Base), QColor(0x3D, 0x60, 0x3C));
+    EXPECT_EQ(again.textPane(2).palette().color(QPalette::Base), QColor(0x3D, 0x60, 0x3C));
     EXPECT_EQ(shared::settings.TFntName, name);
-    EXPECT_EQ(again.pane(2).font().pointSizeF(), 18);
-    EXPECT_TRUE(again.pane(1).font().italic());
+    EXPECT_EQ(again.textPane(2).font().pointSizeF(), 18);
+    EXPECT_TRUE(again.textPane(1).font().italic());
     EXPECT_EQ(control<QComboBox>(loaded<MDIFrm>(), "Combo2")->currentText(), QStringLiteral("18"));
 }
 
@@ -214,9 +214,9 @@ TEST_F(FormatCommands, AFontThatIsNotInstalledIsKeptByName) {
     EditTextFrm &again = startTextEdition();
     EXPECT_EQ(shared::settings.TFntName, "A font that is nowhere");
     EXPECT_EQ(control<QComboBox>(loaded<MDIFrm>(), "Combo1")->currentText(), QString());
-    EXPECT_TRUE(again.pane(1).font().families().contains(QStringLiteral("ZOLT")));
-    again.pane(1).setText("a\x8C");
-    EXPECT_EQ(again.pane(1).Text(), "a\x8C");
+    EXPECT_TRUE(again.textPane(1).font().families().contains(QStringLiteral("ZOLT")));
+    again.textPane(1).setText("a\x8C");
+    EXPECT_EQ(again.textPane(1).Text(), "a\x8C");
 }
 
 TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
@@ -234,7 +234,7 @@ TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
     EXPECT_EQ(shared::settings.TFntBckC, "16777215");
     EXPECT_EQ(shared::settings.TFntColr, "-2147483640");
     EXPECT_EQ(shared::settings.TFntName, "ZOLT");
-    EXPECT_FALSE(m_window.pane(1).font().bold());
+    EXPECT_FALSE(m_window.textPane(1).font().bold());
     // Another text colour leaves that as it is.
     whenModal("QColorDialog", [](QWidget *window) { qobject_cast<QColorDialog *>(window)->accept(); });
     pressTool("Cor do texto");

@@ -22,7 +22,7 @@ class InsertWindows : public ProgramTest {
 protected:
     InsertWindows() : m_window(&startTextEdition()) {}
 
-    TextPane &pane() { return m_window->activePane(); }
+    TextPane &pane() { return m_window->activeTextPane(); }
     QTableWidget &grid() { return *control<QTableWidget>(loaded<CaracterTableFrm>(), "Grid1"); }
     QComboBox &fonts() { return *control<QComboBox>(loaded<CaracterTableFrm>(), "Combo1"); }
     QPoint middleOf(int row, int column) { return grid().visualItemRect(grid().item(row, column)).center(); }
@@ -95,11 +95,11 @@ TEST_F(InsertWindows, TheTableComesBackWhereItStoodInItsFont) {
 
 TEST_F(InsertWindows, ADateGoesIntoBothPanes) {
     for (const int number : {1, 2}) {
-        m_window->pane(number).setText("abc");
-        m_window->pane(number).setSelStart(1);
-        m_window->pane(number).setSelLength(1);
+        m_window->textPane(number).setText("abc");
+        m_window->textPane(number).setSelStart(1);
+        m_window->textPane(number).setSelLength(1);
     }
-    call(m_window, "MnuInserirDataehora");
+    m_window->menuItem("MnuInserirDataehora")->trigger();
     QWidget *window = loaded<DateTimeFrm>();
     auto *list = control<QListWidget>(window, "List1");
     EXPECT_EQ(list->count(), 17);
@@ -110,10 +110,10 @@ TEST_F(InsertWindows, ADateGoesIntoBothPanes) {
     control<QPushButton>(window, "Command1")->click();
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
     for (const int number : {1, 2})
-        EXPECT_EQ(m_window->pane(number).Text(), "a" + date + "c");
+        EXPECT_EQ(m_window->textPane(number).Text(), "a" + date + "c");
 
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    call(m_window, "MnuInserirDataehora");
+    m_window->menuItem("MnuInserirDataehora")->trigger();
     control<QPushButton>(loaded<DateTimeFrm>(), "Command2")->click();
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
     EXPECT_EQ(pane().Text(), "a" + date + "c");
@@ -124,10 +124,10 @@ TEST_F(InsertWindows, TheCountsAreOfTheMomentOfTheCommand) {
         return control<QLabel>(loaded<EditTextWordCountFrm>(), name)->text().toInt();
     };
     pane().setText("ab cd");
-    call(m_window, "MnuFerramentasContarpalavras");
+    m_window->menuItem("MnuFerramentasContarpalavras")->trigger();
     EXPECT_EQ(count("Palavras"), 2);
     pane().setText("ab\r\n\r\n");
-    call(m_window, "MnuFerramentasContarpalavras");
+    m_window->menuItem("MnuFerramentasContarpalavras")->trigger();
     EXPECT_EQ(count("Palavras"), 1);
     EXPECT_EQ(count("CaracteresSemEspaços"), 2);
     EXPECT_EQ(count("CaracteresComEspaços"), 3);

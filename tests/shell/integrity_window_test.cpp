@@ -17,7 +17,7 @@ protected:
     IntegrityWindow() : m_document(startTextEdition()) {}
 
     EditTextGuardarHPFrm &test(std::string_view document) {
-        m_document.activePane().setText(document);
+        m_document.activeTextPane().setText(document);
         call(&m_document, "TesteDeIntegridade");
         return *loaded<EditTextGuardarHPFrm>();
     }
@@ -42,9 +42,9 @@ TEST_F(IntegrityWindow, ReportsAndCorrectsWhatWasTyped) {
               "-Ilegal character found (\") in position (7). Substituted by (')\r\n"
               "\r\n** Verification ended **\r\n\r\nNumber of errors found: 1\r\n");
     EXPECT_EQ(box(window, "Text2").palette().color(QPalette::Text), QColor(Qt::red));
-    EXPECT_EQ(m_document.activePane().Text(), "It's \"\x0B"
-                                              "Bhi\x0B"
-                                              "B\"");
+    EXPECT_EQ(m_document.activeTextPane().Text(), "It's \"\x0B"
+                                                  "Bhi\x0B"
+                                                  "B\"");
     press(window, "Command4");
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
 }
@@ -56,12 +56,12 @@ TEST_F(IntegrityWindow, AskedToCorrectReplacesTheDocument) {
         press(window, "Command3");
         EXPECT_TRUE(no.text().startsWith(QStringLiteral("Do you wish to substitute")));
     }
-    EXPECT_EQ(m_document.activePane().Text(), "plain");
+    EXPECT_EQ(m_document.activeTextPane().Text(), "plain");
     box(window, "Text1").setSelStart(1);
     QTest::keyClicks(&box(window, "Text1"), QStringLiteral("very "));
     Answer yes(QMessageBox::Yes);
     press(window, "Command3");
-    EXPECT_EQ(m_document.activePane().Text(), "\"very plain\"");
+    EXPECT_EQ(m_document.activeTextPane().Text(), "\"very plain\"");
     EXPECT_TRUE(window.isVisible());
 }
 

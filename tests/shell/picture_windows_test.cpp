@@ -78,9 +78,9 @@ protected:
 
 TEST_F(PictureWindows, InsertAPcPictureTwiceInPlaceOfTheSelection) {
     writeBlackPicture("black.bmp");
-    m_document.activePane().setText("before AFTER after");
-    m_document.activePane().setSelStart(7);
-    m_document.activePane().setSelLength(5);
+    m_document.activeTextPane().setText("before AFTER after");
+    m_document.activeTextPane().setSelStart(7);
+    m_document.activeTextPane().setSelLength(5);
     auto &window = openWith<EditTextInsertImageFrm>("MostrarEditTextInsertImageFrm", path("black.bmp"));
     EXPECT_EQ(window.windowTitle(), QStringLiteral("Insert image - black.bmp"));
     EXPECT_EQ(shared::settings.DfDirIPC, path(""));
@@ -91,14 +91,14 @@ TEST_F(PictureWindows, InsertAPcPictureTwiceInPlaceOfTheSelection) {
     press(window, "Command2");
     press(window, "Command2");
     const std::string picture = blackImageText(2, 1);
-    EXPECT_EQ(m_document.activePane().Text(), "before " + picture + picture + " after");
+    EXPECT_EQ(m_document.activeTextPane().Text(), "before " + picture + picture + " after");
 }
 
 TEST_F(PictureWindows, ABlackPictureFillsTheScreen) {
     writeBlackPicture("black.bmp");
     auto &window = openWith<EditTextInsertImageFrm>("MostrarEditTextInsertImageFrm", path("black.bmp"));
     press(window, "Command2");
-    const auto picture = VerVelda(m_document.activePane().Text());
+    const auto picture = VerVelda(m_document.activeTextPane().Text());
     EXPECT_EQ(picture.surface.width(), 132);
     EXPECT_EQ(picture.surface.height(), 66);
     for (int y = 0; y < 66; ++y)
@@ -217,7 +217,7 @@ TEST_F(PictureWindows, KeepNothingOfTheFileBeforeOneThatIsRefused) {
         EXPECT_EQ(window.windowTitle(), QString::fromUtf8(caption));
         EXPECT_EQ(window.findChild<SurfaceView *>()->sizeInDots(), QSize(132, 65));
         press(window, "Command2");
-        EXPECT_EQ(m_document.activePane().Text(), "");
+        EXPECT_EQ(m_document.activeTextPane().Text(), "");
         press(window, "Command3");
     };
     auto &picture = openWith<EditTextInsertImageFrm>("MostrarEditTextInsertImageFrm", path("good.bmp"));
@@ -249,10 +249,10 @@ TEST_F(PictureWindows, InsertAGrobIntoThePaneThatTheSettingsName) {
     auto &window = openWith<EditTextInsertGrobFrm>("MostrarEditTextInsertGrobFrm", path("dot.gro"));
     EXPECT_EQ(control<QGroupBox>(&window, "Frame1")->title(), QStringLiteral("( 8 x  6 ) "));
     press(window, "Command2");
-    EXPECT_EQ(m_document.pane(2).Text(), "\x9E"
-                                         "F0000F\x9E"
-                                         "000000");
-    EXPECT_EQ(m_document.pane(1).Text(), "");
+    EXPECT_EQ(m_document.textPane(2).Text(), "\x9E"
+                                             "F0000F\x9E"
+                                             "000000");
+    EXPECT_EQ(m_document.textPane(1).Text(), "");
 }
 
 TEST_F(PictureWindows, WarnOfAGrobThatIsTooWide) {
@@ -267,7 +267,7 @@ TEST_F(PictureWindows, InsertAStoredImageAsItStands) {
     writeBytes("image.zli", std::string(kCell) + "\r\n" + std::string(kCell) + "\r\n");
     auto &window = openWith<EditTextInsertVeldaFrm>("MostrarEditTextInsertVeldaFrm", path("image.zli"));
     press(window, "Command2");
-    EXPECT_EQ(m_document.activePane().Text(), std::string(kCell) + "\r\n" + std::string(kCell));
+    EXPECT_EQ(m_document.activeTextPane().Text(), std::string(kCell) + "\r\n" + std::string(kCell));
 }
 
 TEST_F(PictureWindows, StopInsertsNothing) {
@@ -286,16 +286,16 @@ TEST_F(PictureWindows, StopInsertsNothing) {
     stop.start(0);
     press(window, "Command2");
     EXPECT_TRUE(stopped);
-    EXPECT_EQ(m_document.activePane().Text(), "");
+    EXPECT_EQ(m_document.activeTextPane().Text(), "");
 }
 
 TEST_F(PictureWindows, ReadAgainAfterOneWasClosed) {
     writeBlackGrob("tall.gro", 396);
     for (int time = 0; time < 2; ++time) {
         auto &window = openWith<EditTextInsertGrobFrm>("MostrarEditTextInsertGrobFrm", path("tall.gro"));
-        m_document.activePane().setText("");
+        m_document.activeTextPane().setText("");
         press(window, "Command2");
-        EXPECT_EQ(m_document.activePane().Text(), blackImageText(33, 66));
+        EXPECT_EQ(m_document.activeTextPane().Text(), blackImageText(33, 66));
         press(window, "Command3");
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }

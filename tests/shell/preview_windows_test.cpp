@@ -42,12 +42,12 @@ protected:
     PreviewWindows() : m_document(startTextEdition()) {}
 
     EditTextPreviewFrm &showHp48(std::string_view text) {
-        m_document.activePane().setText(text);
+        m_document.activeTextPane().setText(text);
         call(&m_document, "MnuVerPrévisualizartudoEstiloHP48");
         return *loaded<EditTextPreviewFrm>();
     }
     EditTextPreviewNormalFrm &showNormal(std::string_view text, bool wraps) {
-        m_document.activePane().setText(text);
+        m_document.activeTextPane().setText(text);
         call(&m_document,
              wraps ? "MnuVerPrévisualizartudoComquebrasdelinha" : "MnuVerPrévisualizartudoNormal");
         return *loaded<EditTextPreviewNormalFrm>();
@@ -182,7 +182,7 @@ TEST_F(PreviewWindows, TheKeyboardWorksTheMenuWindow) {
 }
 
 TEST_F(PreviewWindows, AnEmptySelectionIsSaid) {
-    m_document.activePane().setText("text");
+    m_document.activeTextPane().setText("text");
     const auto *said = control<QLabel>(&m_document, "Panel1");
     for (const char *command : {"VerPrévisualizarselecçãoNormal", "VerPrévisualizarselecçãoComquebrasdelinha",
                                 "VerPrévisualizarselecçãoEstiloHP48"}) {
@@ -191,12 +191,12 @@ TEST_F(PreviewWindows, AnEmptySelectionIsSaid) {
         m_document.EditarSeleccionarTudo();
         call(&m_document, command);
         EXPECT_EQ(said->text(), QString()) << command;
-        m_document.activePane().setSelStart(0);
+        m_document.activeTextPane().setSelStart(0);
     }
 }
 
 TEST_F(PreviewWindows, AWindowThatClosesWhileItCompilesIsGone) {
-    m_document.activePane().setText(std::string(2'000'000, 'x'));
+    m_document.activeTextPane().setText(std::string(2'000'000, 'x'));
     QTimer close;
     QObject::connect(&close, &QTimer::timeout, [] {
         if (auto *window = loaded<EditTextPreviewFrm>())
@@ -233,7 +233,7 @@ TEST_F(PreviewWindows, ACancelledPreviewNeverShows) {
                 "Bbold\x0B"
                 "B and \x9E"
                 "F0F0F0 more\r\n";
-    m_document.activePane().setText(text);
+    m_document.activeTextPane().setText(text);
     for (int phase = 1; phase <= kPreviewPhases; ++phase) {
         // Cancel is pressed as soon as the phase's name stands in the window.
         QTimer press;

@@ -19,7 +19,7 @@ protected:
     QuickBar() : m_window(&startTextEdition()) {}
 
     MDIFrm &frame() { return *loaded<MDIFrm>(); }
-    TextPane &pane() { return m_window->activePane(); }
+    TextPane &pane() { return m_window->activeTextPane(); }
 
     /// The panel that shows the bar, found among all that could; null for none.
     QuickBarPanel *visibleBar() {

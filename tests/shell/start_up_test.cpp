@@ -71,8 +71,8 @@ TEST_P(StartUpWithAFile, OpensItInBothPanes) {
     start(GetParam().before + path(GetParam().name) + GetParam().after);
     EditTextFrm *window = loaded<EditTextFrm>();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(window->pane(1).Text(), "one\r\ntwo\xFF");
-    EXPECT_EQ(window->pane(2).Text(), "one\r\ntwo\xFF");
+    EXPECT_EQ(window->textPane(1).Text(), "one\r\ntwo\xFF");
+    EXPECT_EQ(window->textPane(2).Text(), "one\r\ntwo\xFF");
     EXPECT_EQ(window->caption(), QString::fromUtf8(GetParam().name));
     EXPECT_EQ(shared::settings.DefltDir, path(""));
 }
@@ -91,7 +91,7 @@ TEST_F(StartUp, AsksForTheEditionOfAnotherKindOfFile) {
     EXPECT_TRUE(control<QRadioButton>(asks, "Option1")->isChecked());
     QTest::mouseClick(control<QPushButton>(asks, "Command1"), Qt::LeftButton);
     ASSERT_NE(loaded<EditTextFrm>(), nullptr);
-    EXPECT_EQ(loaded<EditTextFrm>()->activePane().Text(), "text");
+    EXPECT_EQ(loaded<EditTextFrm>()->activeTextPane().Text(), "text");
 }
 
 TEST_F(StartUp, AFileThatGoesBeforeTheAnswerLeavesTheChooserAlone) {
@@ -146,7 +146,7 @@ TEST_F(StartUp, ThePaneHasTheKeyboardBesideTheCharacterTable) {
     start(path("plain.zlt"));
     ASSERT_NE(shown("CaracterTableFrm"), nullptr);
     QTest::qWait(50); // for windows to become active that would
-    EXPECT_TRUE(loaded<EditTextFrm>()->activePane().hasFocus());
+    EXPECT_TRUE(loaded<EditTextFrm>()->activeTextPane().hasFocus());
 }
 
 TEST_F(StartUp, TheFrameComesBackWhereItStoodAndOnAScreen) {
@@ -187,7 +187,7 @@ TEST_F(StartUp, AnEmptyFileIsAnEmptyDocumentWithAName) {
     start(path("empty.zlt"));
     ASSERT_NE(loaded<EditTextFrm>(), nullptr);
     EXPECT_EQ(loaded<EditTextFrm>()->caption(), QStringLiteral("empty.zlt"));
-    EXPECT_EQ(loaded<EditTextFrm>()->activePane().Text(), "");
+    EXPECT_EQ(loaded<EditTextFrm>()->activeTextPane().Text(), "");
 }
 
 TEST_F(StartUp, WritesTheSettingsAtTheFirstStartAndAtTheEnd) {

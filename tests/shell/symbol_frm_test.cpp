@@ -239,7 +239,7 @@ TEST_F(SymbolWindow, WithoutASelectedLineNothingHappens) {
         press(command);
     EXPECT_EQ(shown(), "One Two Three ");
     EXPECT_EQ(page(), SymbolFrm::ListPage);
-    EXPECT_EQ(m_document->activePane().Text(), "");
+    EXPECT_EQ(m_document->activeTextPane().Text(), "");
 }
 
 TEST_F(SymbolWindow, CleansTheListAndCancelKeepsTheFile) {
@@ -274,24 +274,24 @@ TEST_F(SymbolWindow, ItsPopUpActsOnTheSelectedLine) {
 
 TEST_F(SymbolWindow, InsertsIntoBothPanes) {
     for (const int number : {1, 2}) {
-        m_document->pane(number).setText("abcd");
-        m_document->pane(number).setSelStart(number);
-        m_document->pane(number).setSelLength(2);
+        m_document->textPane(number).setText("abcd");
+        m_document->textPane(number).setSelStart(number);
+        m_document->textPane(number).setSelLength(2);
     }
     QTest::keyClick(&list(), Qt::Key_Down);
     press("Command4");
-    EXPECT_EQ(m_document->pane(1).Text(), "a" + cell("200000") + "d");
-    EXPECT_EQ(m_document->pane(2).Text(), "ab" + cell("200000"));
+    EXPECT_EQ(m_document->textPane(1).Text(), "a" + cell("200000") + "d");
+    EXPECT_EQ(m_document->textPane(2).Text(), "ab" + cell("200000"));
 
     const QPoint third = list().visualItemRect(list().item(2)).center();
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, third);
     QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, third);
-    EXPECT_EQ(m_document->pane(1).Text(), "a" + cell("200000") + cell("300000") + "d");
+    EXPECT_EQ(m_document->textPane(1).Text(), "a" + cell("200000") + cell("300000") + "d");
 
     setPage(SymbolFrm::EditionPage);
     type("Text3", "<x>");
     press("Command4");
-    EXPECT_EQ(m_document->pane(1).Text(), "a" + cell("200000") + cell("300000") + "<x>d");
+    EXPECT_EQ(m_document->textPane(1).Text(), "a" + cell("200000") + cell("300000") + "<x>d");
     EXPECT_TRUE(m_window->isVisible());
 
     // Without a selected line there is nothing to insert: the selection stays.
@@ -299,7 +299,7 @@ TEST_F(SymbolWindow, InsertsIntoBothPanes) {
     press("Command14");
     m_document->EditarSeleccionarTudo();
     press("Command4");
-    EXPECT_NE(m_document->pane(1).Text(), "");
+    EXPECT_NE(m_document->textPane(1).Text(), "");
 }
 
 TEST_F(SymbolWindow, OpensAnotherFileAndOkWritesThere) {

@@ -57,7 +57,7 @@ TEST_F(WindowLife, ClosingWindowsDuringACompilationCancelsIt) {
     std::string text;
     for (int i = 0; i < 20'000; ++i)
         text += "*line and more\r\n";
-    m_document.activePane().setText(text);
+    m_document.activeTextPane().setText(text);
     QTimer timer;
     bool acted = false;
     duringWork(timer, [&] {
@@ -121,7 +121,7 @@ TEST_F(WindowLife, TheWindowMenuBringsAMinimisedDocumentBack) {
     auto *menu = qobject_cast<QMenu *>(m_document.menuItem("MnuJanelaCascata")->parent());
     for (const bool maximised : {true, false}) {
         maximised ? m_document.showMaximized() : m_document.showNormal();
-        call(&m_document, "MinimizeAll");
+        call(loaded<MDIFrm>(), "MinimizeAll");
         ASSERT_TRUE(m_document.isMinimized());
         emit menu->aboutToShow();
         menu->actions().last()->trigger();
@@ -135,13 +135,13 @@ TEST_F(WindowLife, TheWindowMenuArrangesTheDocument) {
     for (const char *command : {"TileVertically", "TileHorizontally"}) {
         m_document.showNormal();
         m_document.setGeometry(10, 10, 300, 200);
-        call(&m_document, command);
+        call(loaded<MDIFrm>(), command);
         EXPECT_EQ(m_document.geometry(), QRect({0, 0}, whole)) << command;
     }
     call(&m_document, "VerTabeladecaracteres");
-    call(&m_document, "MinimizeAll");
+    call(loaded<MDIFrm>(), "MinimizeAll");
     EXPECT_TRUE(loaded<CaracterTableFrm>()->isMinimized());
-    call(&m_document, "RestoreAll");
+    call(loaded<MDIFrm>(), "RestoreAll");
     EXPECT_FALSE(m_document.isMinimized());
     EXPECT_FALSE(loaded<CaracterTableFrm>()->isMinimized());
 }

@@ -16,20 +16,23 @@ QIcon iconOf(const char *name) {
 }
 
 /// Lets `action` call the public slot of that name; slots have no arguments.
-void connectSlot(QAction *action, const Receiver &receiver, const char *slot, void (*prepare)()) {
+void connectSlot(QAction *action, const Receivers &receivers, const char *slot, void (*prepare)()) {
     if (!slot)
         return;
-    QObject::connect(action, &QAction::triggered, action, [receiver, slot, prepare] {
-        if (QObject *object = receiver()) {
+    QObject::connect(action, &QAction::triggered, action, [receivers, slot, prepare] {
+        const QByteArray signature = QByteArray(slot) + "()";
+        for (QObject *object : receivers()) {
+            if (object->metaObject()->indexOfMethod(signature) < 0)
+                continue;
             if (prepare)
                 prepare();
-            const bool called = QMetaObject::invokeMethod(object, slot, Qt::DirectConnection);
-            Q_ASSERT_X(called, "command table", slot);
+            QMetaObject::invokeMethod(object, slot, Qt::DirectConnection);
+            return;
         }
     });
 }
 
-QAction *addItem(QMenu *menu, const MenuRow &row, const Receiver &receiver) {
+QAction *addItem(QMenu *menu, const MenuRow &row, const Receivers &receivers) {
     auto *action = new QAction(iconOf(row.icon), QString::fromUtf8(row.caption), menu);
     action->setObjectName(QString::fromUtf8(row.name));
     action->setIconVisibleInMenu(true);
@@ -42,7 +45,7 @@ QAction *addItem(QMenu *menu, const MenuRow &row, const Receiver &receiver) {
         action->setChecked(row.check == MenuRow::Checked);
     }
     action->setEnabled(row.slot != nullptr);
-    connectSlot(action, receiver, row.slot, row.prepare);
+    connectSlot(action, receivers, row.slot, row.prepare);
     menu->addAction(action);
     return action;
 }
@@ -53,7 +56,7 @@ bool isSubmenu(const QList<MenuRow> &rows, qsizetype i) {
 
 } // namespace
 
-QList<QMenu *> buildMenus(const QList<MenuRow> &rows, const Receiver &receiver, QWidget *owner) {
+QList<QMenu *> buildMenus(const QList<MenuRow> &rows, const Receivers &receivers, QWidget *owner) {
     QList<QMenu *> topLevel;
     QList<QMenu *> open;
     for (qsizetype i = 0; i < rows.size(); ++i) {
@@ -71,13 +74,13 @@ QList<QMenu *> buildMenus(const QList<MenuRow> &rows, const Receiver &receiver, 
         } else if (qstrcmp(row.caption, "-") == 0) {
             open.last()->addSeparator()->setObjectName(QString::fromUtf8(row.name));
         } else {
-            addItem(open.last(), row, receiver);
+            addItem(open.last(), row, receivers);
         }
     }
     return topLevel;
 }
 
-void buildToolBar(QToolBar *bar, const QList<ToolRow> &rows, const Receiver &receiver) {
+void buildToolBar(QToolBar *bar, const QList<ToolRow> &rows, const Receivers &receivers) {
     for (const ToolRow &row : rows) {
         if (!*row.key) {
             bar->addSeparator();
@@ -88,7 +91,7 @@ void buildToolBar(QToolBar *bar, const QList<ToolRow> &rows, const Receiver &rec
         action->setToolTip(QString::fromUtf8(row.toolTip));
         action->setCheckable(row.check != MenuRow::Plain);
         action->setChecked(row.check == MenuRow::Checked);
-        connectSlot(action, receiver, row.slot, row.prepare);
+        connectSlot(action, receivers, row.slot, row.prepare);
         bar->addAction(action);
         bar->widgetForAction(action)->setObjectName(QString::fromUtf8(row.key));
     }

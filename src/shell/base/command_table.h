@@ -18,7 +18,7 @@ struct MenuRow {
     int level;
     const char *name;
     const char *caption;
-    /// The public slot of the receiver that the item calls; null for a submenu, and
+    /// The public slot of a receiver that the item calls; null for a submenu, and
     /// for an item that has no command and stands disabled.
     const char *slot = nullptr;
     /// The keys, the one that the menu shows first: "Ctrl+G; Ctrl+S".
@@ -42,16 +42,17 @@ struct ToolRow {
     MenuRow::Check check = MenuRow::Plain;
 };
 
-/// The object whose slots a table names, asked for at each command: a toolbar
-/// outlives the document windows. Null makes the command do nothing.
-using Receiver = std::function<QObject *()>;
+/// The objects whose slots a table names, asked for at each command: a toolbar
+/// outlives the document windows. The first that has the slot is called, so that what a
+/// document window doesn't do itself goes to the frame.
+using Receivers = std::function<QList<QObject *>()>;
 
 /// The top-level menus that a table describes, in order. Every item and menu bears
 /// its name as objectName; a submenu's action does too. The menus belong to `owner`.
-QList<QMenu *> buildMenus(const QList<MenuRow> &rows, const Receiver &receiver, QWidget *owner);
+QList<QMenu *> buildMenus(const QList<MenuRow> &rows, const Receivers &receivers, QWidget *owner);
 
 /// Fills a toolbar. Each action and each button bears its key as objectName.
-void buildToolBar(QToolBar *bar, const QList<ToolRow> &rows, const Receiver &receiver);
+void buildToolBar(QToolBar *bar, const QList<ToolRow> &rows, const Receivers &receivers);
 
 /// The item of this name in the menus, or null.
 QAction *menuItem(const QList<QMenu *> &menus, const char *name);

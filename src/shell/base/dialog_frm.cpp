@@ -1,7 +1,7 @@
 #include "shell/base/dialog_frm.h"
 
+#include "shell/base/frame.h"
 #include "shell/base/windows.h"
-#include "shell/frame/mdi_frm.h"
 
 namespace zolt {
 
@@ -13,7 +13,7 @@ DialogFrm::DialogFrm(QWidget *owner) : QWidget(owner, Qt::Window | Qt::WindowSta
 }
 
 CommonDialog &commonDialog(DialogFrm::Client client) {
-    return load<DialogFrm>(loaded<MDIFrm>()).dialog(client);
+    return load<DialogFrm>(frameWindow()).dialog(client);
 }
 
 } // namespace zolt

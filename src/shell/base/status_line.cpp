@@ -2,13 +2,12 @@
 
 #include "core/file.h"
 #include "platform/desktop.h"
-#include "shell/base/windows.h"
-#include "shell/document/text/edit_text_frm.h"
+#include "shell/base/document_in_use.h"
 
 namespace zolt {
 
 void sayInStatusBar(const QString &message) {
-    if (auto *document = loaded<EditTextFrm>())
+    if (DocumentInUse *document = documentInUse())
         document->say(message);
 }
 

@@ -1,8 +1,8 @@
 #include "shell/base/tool_frm.h"
 
+#include "shell/base/frame.h"
 #include "shell/base/long_work.h"
 #include "shell/base/windows.h"
-#include "shell/frame/mdi_frm.h"
 
 #include <QCloseEvent>
 #include <QIcon>
@@ -15,13 +15,19 @@ ToolFrm::ToolFrm(const QString &caption, Kind kind, QWidget *owner) : QDialog(ow
 }
 
 void ToolFrm::showEvent(QShowEvent *event) {
-    if (MDIFrm *frame = loaded<MDIFrm>()) {
+    if (QWidget *frame = frameWindow()) {
         if (m_kind == DisablesTheFrame)
             frame->setEnabled(false);
         if (m_kind == HidesTheFrame)
             frame->hide();
     }
     QDialog::showEvent(event);
+}
+
+void ToolFrm::present() {
+    show();
+    raise();
+    activateWindow();
 }
 
 void ToolFrm::reject() {
@@ -33,13 +39,13 @@ void ToolFrm::closeEvent(QCloseEvent *event) {
     event->accept();
     markClosed(*this);
     outliveWork(*this);
-    if (MDIFrm *frame = loaded<MDIFrm>()) {
+    if (QWidget *frame = frameWindow()) {
         if (m_kind == DisablesTheFrame)
             frame->setEnabled(true);
         if (m_kind == HidesTheFrame)
             frame->show();
         if (frame->isEnabled())
-            frame->takeFocusBack();
+            mainFrame()->takeFocusBack();
     }
 }
 

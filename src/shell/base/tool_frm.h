@@ -14,6 +14,9 @@ public:
     enum Kind { BesideTheFrame, DisablesTheFrame, HidesTheFrame };
     ToolFrm(const QString &caption, Kind kind, QWidget *owner);
 
+    /// Shows the window and gives it the keyboard.
+    void present();
+
 public slots:
     /// Escape closes the window as its close button does.
     void reject() override;

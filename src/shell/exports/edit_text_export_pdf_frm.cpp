@@ -6,11 +6,11 @@
 #include "platform/message_box.h"
 #include "platform/text_pane.h"
 #include "shell/base/dialog_frm.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
 #include "shell/base/windows.h"
-#include "shell/document/text/edit_text_frm.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -185,8 +185,8 @@ void EditTextExportPDFFrm::showEvent(QShowEvent *event) {
 }
 
 void EditTextExportPDFFrm::FicheiroGuardarTemporário() {
-    EditTextFrm *document = loaded<EditTextFrm>();
-    const std::string text = document ? document->activePane().Text() : std::string();
+    const Pane *pane = activePane();
+    const std::string text = pane ? pane->Text() : std::string();
     // An older text must not be taken for this one.
     if (!writeFile(FicheiroTemporário, fileFromDocument(text)).empty())
         QFile::remove(fromFileName(FicheiroTemporário));

@@ -9,8 +9,6 @@
 #include "shell/base/dialog_frm.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
-#include "shell/document/text/edit_text_frm.h"
-#include "shell/frame/mdi_frm.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -64,18 +62,17 @@ EditTextGuardarHPFrm::EditTextGuardarHPFrm(QWidget *owner)
     resize(560, 520);
 }
 
-void EditTextGuardarHPFrm::testDocument() {
+void EditTextGuardarHPFrm::testDocument(TextPane &pane) {
+    m_document = &pane;
     Text1->setText({});
     Text2->setText({});
     Text2->setColours(palette().color(QPalette::Text), palette().color(QPalette::Base));
-    loaded<MDIFrm>()->MostrarEditTextGuardarHPFrm();
+    present();
     const QPointer<EditTextGuardarHPFrm> self = this;
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 
-    EditTextFrm *document = loaded<EditTextFrm>();
-    if (!document || !self)
+    if (!self || !m_document)
         return;
-    const TextPane &pane = document->activePane();
     Text1->setPaneFont(pane.font());
     Text1->setColours(pane.palette().color(QPalette::Text), pane.palette().color(QPalette::Base));
     const ResultadoDoTeste result = testarIntegridade(pane.Text());
@@ -133,9 +130,8 @@ void EditTextGuardarHPFrm::Command3_Click() {
             QStringLiteral("Do you wish to substitute the main document by the correction?\r\n"
                            "This operation is not reversible!"),
             QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Question);
-    EditTextFrm *document = loaded<EditTextFrm>();
-    if (answer == QMessageBox::Yes && document && self)
-        document->activePane().replaceText(Text1->Text());
+    if (answer == QMessageBox::Yes && self && m_document)
+        m_document->replaceText(Text1->Text());
 }
 
 } // namespace zolt

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "platform/text_pane.h"
 #include "shell/base/tool_frm.h"
 
-namespace zolt {
+#include <QPointer>
 
-class TextPane;
+namespace zolt {
 
 /// The integrity test's window: the report, the corrected text, and the roads on
 /// from there: correct the document, or write the file that the calculator takes.
@@ -14,8 +15,8 @@ class EditTextGuardarHPFrm : public ToolFrm {
 public:
     explicit EditTextGuardarHPFrm(QWidget *owner);
 
-    /// Tests the text edition's document and fills the window.
-    void testDocument();
+    /// Tests the document that a pane of the text edition holds, and fills the window.
+    void testDocument(TextPane &pane);
 
 public slots:
     /// Save: writes the HP file under a name that the calculator takes.
@@ -28,6 +29,7 @@ private:
     std::string askForFile();
     bool nameIsAllowed(const std::string &title);
 
+    QPointer<TextPane> m_document;
     TextPane *Text1;
     TextPane *Text2;
 };

@@ -2,11 +2,9 @@
 
 #include "platform/desktop.h"
 #include "platform/message_box.h"
-#include "platform/text_pane.h"
-#include "shell/base/active_pane.h"
+#include "platform/pane.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/shared_values.h"
-#include "shell/document/text/edit_text_frm.h"
-#include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/exports/edit_text_export_pdf_frm.h"
 #include "shell/exports/edit_text_guardar_hp_frm.h"
 #include "shell/frame/mdi_frm_tables.h"
@@ -66,14 +64,15 @@ protected:
 
 private:
     static void leave() {
-        if (TextPane *pane = activePane())
-            pane->setFocus();
+        if (Pane *pane = activePane())
+            pane->takeFocus();
     }
 };
 
 } // namespace
 
 MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) {
+    setMainFrame(this);
     setWindowTitle(QStringLiteral("ZOLT"));
     connect(this, &QWidget::windowTitleChanged, this, &MDIFrm::showTitle, Qt::QueuedConnection);
     setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
@@ -83,12 +82,16 @@ MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) 
     buildQuickBar();
     buildToolbars();
     m_ownMenus = buildMenus(
-        frameMenuTable(), [this] { return this; }, this);
+        frameMenuTable(), [this] { return QList<QObject *>{this}; }, this);
     showMenus({});
     auto *next = new QShortcut(Qt::Key_F3, this);
     next->setContext(Qt::ApplicationShortcut);
     connect(next, &QShortcut::activated, this, &MDIFrm::findNext);
     placeAtStart();
+}
+
+MDIFrm::~MDIFrm() {
+    setMainFrame(nullptr);
 }
 
 void MDIFrm::buildToolbars() {
@@ -101,12 +104,16 @@ void MDIFrm::buildToolbars() {
         m_toolbars << bar;
     }
     insertToolBarBreak(toolbar(3));
-    const Receiver textWindow = [] { return loaded<EditTextFrm>(); };
-    buildToolBar(toolbar(1), frameToolbarTable(), [this] { return this; });
-    buildToolBar(toolbar(2), textStandardToolbarTable(), textWindow);
+    buildToolBar(toolbar(1), frameToolbarTable(), [this] { return QList<QObject *>{this}; });
     buildCombos();
-    buildToolBar(toolbar(3), textFormatToolbarTable(), textWindow);
-    showTextToolbars(false, false);
+    showDocumentToolbars(2, false, false);
+}
+
+void MDIFrm::fillToolbar(int number, const QList<ToolRow> &rows) {
+    buildToolBar(toolbar(number), rows, [this] {
+        DocumentInUse *document = documentInUse();
+        return document ? QList<QObject *>{&document->window(), this} : QList<QObject *>{this};
+    });
 }
 
 void MDIFrm::buildCombos() {
@@ -128,20 +135,20 @@ void MDIFrm::buildCombos() {
     toolbar(3)->addSeparator();
     connect(Combo1, &QComboBox::textActivated, this, [](const QString &name) {
         shared::settings.TFntName = name.toStdString();
-        if (auto *window = loaded<EditTextFrm>())
-            window->applyPaneFont();
+        if (DocumentInUse *document = documentInUse())
+            document->fontChosen();
     });
     connect(Combo2, &QComboBox::textActivated, this, [](const QString &size) {
         shared::settings.TFntSize = static_cast<std::int16_t>(size.toInt());
-        if (auto *window = loaded<EditTextFrm>())
-            window->applyPaneFont();
+        if (DocumentInUse *document = documentInUse())
+            document->fontChosen();
     });
 }
 
 void MDIFrm::takeFocusBack() {
     activateWindow();
-    if (const auto *document = loaded<EditTextFrm>())
-        document->activePane().setFocus();
+    if (Pane *pane = activePane())
+        pane->takeFocus();
     else
         setFocus();
 }
@@ -160,9 +167,9 @@ QToolBar *MDIFrm::toolbar(int number) const {
     return m_toolbars[number - 1];
 }
 
-void MDIFrm::showTextToolbars(bool standard, bool format) {
-    toolbar(2)->setVisible(standard);
-    toolbar(3)->setVisible(format);
+void MDIFrm::showDocumentToolbars(int standardNumber, bool standard, bool format) {
+    toolbar(standardNumber)->setVisible(standard);
+    toolbar(standardNumber + 1)->setVisible(format);
 }
 
 void MDIFrm::showFont(const QString &name, int points) {
@@ -171,10 +178,12 @@ void MDIFrm::showFont(const QString &name, int points) {
 }
 
 void MDIFrm::MostrarQuestionFrm() {
-    mostrar<QuestionFrm>();
+    connect(&mostrar<QuestionFrm>(), &QuestionFrm::chosen, this, &MDIFrm::editionChosen,
+            Qt::UniqueConnection);
 }
 void MDIFrm::MostrarMensagemFrm() {
-    mostrar<MensagemFrm>();
+    connect(&mostrar<MensagemFrm>(), &MensagemFrm::chosen, this, &MDIFrm::editionOfFileChosen,
+            Qt::UniqueConnection);
 }
 void MDIFrm::MostrarSymbolFrm() {
     mostrar<SymbolFrm>();
@@ -230,7 +239,7 @@ void MDIFrm::MostrarEditTextFindFrm() {
     mostrar<EditTextFindFrm>();
 }
 void MDIFrm::findNext() {
-    if (!loaded<EditTextFrm>())
+    if (!documentInUse())
         return;
     if (!loaded<EditTextFindFrm>() && !shared::lastSearch.empty())
         showBeside<EditTextFindFrm>();
@@ -261,6 +270,13 @@ void MDIFrm::MnuAjudaAcercadoZOLT() {
 
 void MDIFrm::MnuVerBarradeferramentas() {
     toolbar(1)->setVisible(menuItem(m_ownMenus, "MnuVerBarradeferramentas")->isChecked());
+}
+
+// The item is one of the document windows' menus, and follows the frame when a new one
+// comes.
+void MDIFrm::MnuVerSemprenotopo() {
+    setWindowFlag(Qt::WindowStaysOnTopHint, !windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    show();
 }
 
 void MDIFrm::checkOwnToolbar() {

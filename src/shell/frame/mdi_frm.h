@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/base/command_table.h"
+#include "shell/base/frame.h"
 #include "shell/base/windows.h"
 
 #include <QMainWindow>
@@ -14,11 +16,14 @@ namespace zolt {
 /// The main frame: it holds the document windows, the toolbars and a menu for the
 /// time when no document is open. Its own commands open other windows; a toolbar
 /// button calls the same slot as the document window's menu item.
-class MDIFrm : public QMainWindow {
+class MDIFrm : public QMainWindow, public Frame {
     Q_OBJECT
 
 public:
     explicit MDIFrm(QWidget *owner = nullptr);
+    ~MDIFrm() override;
+
+    QWidget &window() override { return *this; }
 
     /// Puts a document window into the frame.
     void adopt(QWidget *documentWindow);
@@ -28,24 +33,23 @@ public:
     void setVisible(bool visible) override;
     /// Lists the open document windows at the end of a Window menu, each time it opens.
     void listChildWindows(QMenu *menu);
-    /// Activates the frame and gives the focus to the document's pane, or to the frame
-    /// itself without a document.
-    void takeFocusBack();
+    void takeFocusBack() override;
     /// Shows a document window's menus in the place of the frame's own, or the
     /// frame's own again for an empty list.
     void showMenus(const QList<QMenu *> &menus);
     /// Toolbar `number`, from 1 to 3.
     QToolBar *toolbar(int number) const;
-    /// Shows or hides the text edition's two bars, the standard one above the
-    /// format one.
-    void showTextToolbars(bool standard, bool format);
+    /// Gives a toolbar of an edition its buttons, behind the lists that it may hold.
+    void fillToolbar(int number, const QList<ToolRow> &rows);
+    /// Shows or hides an edition's two bars, the standard one, of this number, above the
+    /// format one, of the next.
+    void showDocumentToolbars(int standardNumber, bool standard, bool format);
     /// Checks the frame's own toolbar item, as at the start.
     void checkOwnToolbar();
     /// Shows a font's name and size in Combo1 and Combo2, without acting on it.
     void showFont(const QString &name, int points);
 
-    /// Shows the quick bar as CharTool says: nowhere, floating or docked.
-    void applyCharTool();
+    void applyCharTool() override;
     /// A docked bar's panel: Picture3 at the top, Picture4 on the right.
     QWidget *topPanel() const { return Picture3; }
     QWidget *rightPanel() const { return Picture4; }
@@ -53,6 +57,10 @@ public:
 signals:
     /// The frame has closed and the settings are written: the program is to end.
     void ended();
+    /// An edition was chosen for a new document, 1 textual or 2 graphical, or for the
+    /// file that the program was started with.
+    void editionChosen(int edition);
+    void editionOfFileChosen(int edition);
 
 public slots:
     void MostrarQuestionFrm();
@@ -78,6 +86,7 @@ public slots:
     void MnuFicheiroNovo();
     void MnuFicheiroSair();
     void MnuVerBarradeferramentas();
+    void MnuVerSemprenotopo();
     void MnuAjudadozolt();
     void MnuAjudaAcercadoZOLT();
 

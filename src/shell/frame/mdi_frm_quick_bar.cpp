@@ -1,6 +1,6 @@
 // The docked quick bar's panels in the main frame, and where the bar shows.
 
-#include "shell/base/active_pane.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/shared_values.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/tools/caracter_toolbar_frm.h"
@@ -125,7 +125,7 @@ void MDIFrm::closeDockedBar() {
 }
 
 void MDIFrm::switchToQuickBar() {
-    TextPane *pane = activePane();
+    Pane *pane = activePane();
     if (!pane)
         return;
     QWidget *focus = QApplication::focusWidget();

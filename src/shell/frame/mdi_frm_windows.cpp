@@ -3,9 +3,9 @@
 
 #include "core/file.h"
 #include "core/settings.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
-#include "shell/document/text/edit_text_frm.h"
 #include "shell/frame/mdi_frm.h"
 
 #include <QActionGroup>
@@ -82,7 +82,7 @@ void MDIFrm::showTitle() {
     QString title = child && child->isMaximized() && child->isVisible()
                         ? QStringLiteral("%1 - [%2]").arg(own, child->windowTitle())
                         : own;
-    if (const auto *document = loaded<EditTextFrm>(); document && document->wouldAsk())
+    if (const DocumentInUse *document = documentInUse(); document && document->wouldAsk())
         title.prepend(u'*');
     if (windowTitle() != title)
         setWindowTitle(title);

@@ -5,17 +5,15 @@
 #include "images/image_text.h"
 #include "platform/desktop.h"
 #include "platform/text_pane.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
-#include "shell/document/text/edit_text_frm.h"
-#include "shell/frame/mdi_frm.h"
 
 #include <QEvent>
 #include <QGridLayout>
-#include <QMenu>
+#include <QMdiSubWindow>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace zolt {
@@ -41,8 +39,8 @@ InsertFrm::InsertFrm(const Form &form, QWidget *owner)
     column->addLayout(row);
     column->addWidget(ProgressBar1);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    if (auto *document = loaded<EditTextFrm>())
-        document->installEventFilter(this);
+    if (DocumentInUse *document = documentInUse())
+        document->window().installEventFilter(this);
 }
 
 QPushButton *InsertFrm::addButton(const char *name, const QString &caption) {
@@ -60,14 +58,8 @@ void InsertFrm::begin() {
 }
 
 void InsertFrm::setEditionEnabled(bool enabled) {
-    if (auto *frame = loaded<MDIFrm>())
-        for (const int number : {2, 3})
-            frame->toolbar(number)->setEnabled(enabled);
-    if (auto *document = loaded<EditTextFrm>()) {
-        for (QMenu *menu : document->menus())
-            menu->menuAction()->setEnabled(enabled);
-        document->popUp()->setEnabled(enabled);
-    }
+    if (DocumentInUse *document = documentInUse())
+        document->setCommandsEnabled(enabled);
 }
 
 void InsertFrm::AbrirImagem() {
@@ -105,9 +97,9 @@ std::optional<std::string> InsertFrm::readSurface(const DotSurface &surface) {
 
 void InsertFrm::Command2_Click() {
     const auto text = imageText();
-    auto *document = loaded<EditTextFrm>();
-    if (text && document)
-        document->activePane().setSelText(*text);
+    Pane *pane = activePane();
+    if (text && pane)
+        pane->setSelText(*text);
 }
 
 void InsertFrm::Command3_Click() {

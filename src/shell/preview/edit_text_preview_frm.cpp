@@ -69,7 +69,7 @@ EditTextPreviewFrm::EditTextPreviewFrm(QWidget *owner)
     Label1->setAutoFillBackground(true);
     paintGlass(Label1);
     MnuPopUp = buildMenus(
-                   kPopUpRows, [this] { return this; }, this)
+                   kPopUpRows, [this] { return QList<QObject *>{this}; }, this)
                    .first();
 }
 

@@ -42,7 +42,7 @@ EditTextPreviewNormalFrm::EditTextPreviewNormalFrm(QWidget *owner)
     auto *Toolbar1 = new QToolBar;
     Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
     Toolbar1->setIconSize(QSize(20, 20));
-    buildToolBar(Toolbar1, kToolbarRows, [this] { return this; });
+    buildToolBar(Toolbar1, kToolbarRows, [this] { return QList<QObject *>{this}; });
     // A tool bar keeps its buttons from the keyboard; this window has no menu instead.
     for (QToolButton *button : Toolbar1->findChildren<QToolButton *>(Qt::FindDirectChildrenOnly))
         button->setFocusPolicy(Qt::TabFocus);

@@ -1,9 +1,10 @@
 #include "shell/preview/preview_compilation.h"
 
 #include "platform/rich_text_box.h"
+#include "shell/base/frame.h"
 #include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
-#include "shell/frame/mdi_frm.h"
+#include "shell/base/windows.h"
 #include "shell/preview/wait_frm.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -50,8 +51,8 @@ void scrollToTop(RichTextBox &box) {
 
 bool compileInto(RichTextBox &box, PreviewFlavour flavour) {
     const QPointer<RichTextBox> target = &box;
-    loaded<MDIFrm>()->setEnabled(false);
-    const QPointer<WaitFrm> wait = &load<WaitFrm>(loaded<MDIFrm>());
+    frameWindow()->setEnabled(false);
+    const QPointer<WaitFrm> wait = &load<WaitFrm>(frameWindow());
     wait->setTask(flavour == PreviewFlavour::Hp48 ? QStringLiteral("Compilig preview...")
                                                   : QStringLiteral("Compiling preview..."));
     const std::string text = shared::TextoPrevisualizar;

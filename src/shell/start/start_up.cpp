@@ -1,17 +1,17 @@
 #include "shell/start/start_up.h"
 
-#include "core/document.h"
 #include "core/file.h"
 #include "core/settings.h"
 #include "platform/desktop.h"
 #include "platform/fonts.h"
 #include "platform/message_box.h"
+#include "platform/pane.h"
 #include "platform/program_folder.h"
-#include "platform/text_pane.h"
-#include "shell/base/active_pane.h"
 #include "shell/base/dialog_frm.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/text/edit_text_frm.h"
+#include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/tools/splash_frm.h"
 
@@ -66,10 +66,11 @@ void nameFileTypes() {
     shared::CaminhoPrograma = shared::programFolder + "/zolt";
 }
 
-EditTextFrm &showTextWindow() {
+/// Shows the window of an edition and the frame.
+template <class Window> DocumentFrm &showDocumentWindow() {
     MDIFrm &frame = *loaded<MDIFrm>();
-    const bool fresh = !loaded<EditTextFrm>();
-    EditTextFrm &window = load<EditTextFrm>(&frame);
+    const bool fresh = !loaded<Window>();
+    Window &window = load<Window>(&frame);
     if (fresh)
         frame.adopt(&window);
     frame.show();
@@ -88,19 +89,49 @@ void refuseFile(const std::string &name, const std::string &reason) {
     frame.MostrarQuestionFrm();
 }
 
+constexpr int kGraphical = 2;
+
+/// The graphical edition isn't part of this version; says so.
+void sayGraphicalEditionIsMissing(QWidget *owner) {
+    showMessage(owner, QStringLiteral("The graphical edition isn't part of this version of the program."),
+                QMessageBox::Information);
+}
+
+/// Shows the window of an edition with an empty document, and the frame.
+void openEdition(int edition) {
+    if (edition == kGraphical)
+        sayGraphicalEditionIsMissing(QApplication::activeWindow());
+    else
+        showDocumentWindow<EditTextFrm>();
+}
+
+/// Opens the command line's file, which has been read, in an edition.
+void openFile(const std::string &name, const FileContents &file, int edition) {
+    if (!file.ok())
+        return refuseFile(name, file.reason);
+    if (edition == kGraphical) {
+        sayGraphicalEditionIsMissing(frameWindow());
+        return loaded<MDIFrm>()->MostrarQuestionFrm();
+    }
+    shared::TextoDeArranque = file.bytes;
+    showDocumentWindow<EditTextFrm>().showFile(name, shared::TextoDeArranque, DocumentFrm::BothPanes);
+    shared::TextoDeArranque.clear();
+}
+
+/// Opens the command line's file in the edition that its ending tells, else in the one
+/// that the user chooses.
 void openCommandLine() {
     const std::string name = namedFile();
     MDIFrm &frame = *loaded<MDIFrm>();
     frame.show();
-    if (const FileContents file = readFile(name); !file.ok())
+    FileContents file = readFile(name);
+    if (!file.ok())
         return refuseFile(name, file.reason);
-    if (endsInExtension(name, shared::ExtensãoTexto))
-        return openNamedFile();
     shared::settings.DefltDir = folderOf(name);
-    if (endsInExtension(name, shared::ExtensãoGráfico)) {
-        sayGraphicalEditionIsMissing(&frame);
-        return frame.MostrarQuestionFrm();
-    }
+    for (const auto &[extension, edition] :
+         {std::pair{&shared::ExtensãoTexto, 1}, std::pair{&shared::ExtensãoGráfico, kGraphical}})
+        if (endsInExtension(name, *extension))
+            return openFile(name, file, edition);
     frame.MostrarMensagemFrm();
 }
 
@@ -130,6 +161,14 @@ MDIFrm &startProgram(const std::string &commandLine) {
     }
     readSettingsOfThisRun();
     MDIFrm &frame = load<MDIFrm>();
+    frame.fillToolbar(2, textStandardToolbarTable());
+    frame.fillToolbar(3, textFormatToolbarTable());
+    QObject::connect(&frame, &MDIFrm::editionChosen, &frame, openEdition);
+    QObject::connect(&frame, &MDIFrm::editionOfFileChosen, &frame, [](int edition) {
+        // The file may have gone while the question stood.
+        const std::string name = namedFile();
+        openFile(name, readFile(name), edition);
+    });
     nameFileTypes();
     if (chooses) {
         unload<SplashFrm>();
@@ -140,31 +179,6 @@ MDIFrm &startProgram(const std::string &commandLine) {
     }
     shared::settings.FrstTime = 0;
     return frame;
-}
-
-void openTextEdition() {
-    showTextWindow();
-}
-
-void openNamedFile() {
-    const std::string name = namedFile();
-    const FileContents file = readFile(name);
-    if (!file.ok())
-        return refuseFile(name, file.reason);
-    shared::TextoDeArranque = documentFromFile(file.bytes);
-    EditTextFrm &window = showTextWindow();
-    window.pane(1).setText(shared::TextoDeArranque);
-    window.pane(2).setText(shared::TextoDeArranque);
-    shared::TextoDeArranque.clear();
-    commonDialog(DialogFrm::Document).FileName = name;
-    window.setCaption(titleOf(name));
-    window.documentBegins();
-    shared::settings.DefltDir = folderOf(name);
-}
-
-void sayGraphicalEditionIsMissing(QWidget *owner) {
-    showMessage(owner, QStringLiteral("The graphical edition isn't part of this version of the program."),
-                QMessageBox::Information);
 }
 
 } // namespace zolt

@@ -18,14 +18,4 @@ void prepareApplication();
 /// goes on until the frame says that it has ended.
 MDIFrm &startProgram(const std::string &commandLine);
 
-/// Shows the text edition's window with an empty document, and the frame.
-void openTextEdition();
-
-/// Opens the command line's file in the text edition. A file that can't be read
-/// brings a message, then the edition chooser.
-void openNamedFile();
-
-/// The graphical edition isn't part of this version; says so.
-void sayGraphicalEditionIsMissing(QWidget *owner);
-
 } // namespace zolt

@@ -203,7 +203,7 @@ QLayout *SymbolFrm::buildClosingButtons() {
 
 void SymbolFrm::buildPopUp() {
     MnuPopUpSymbol = buildMenus(
-                         popUpTable(), [this] { return this; }, this)
+                         popUpTable(), [this] { return QList<QObject *>{this}; }, this)
                          .first();
     connect(List1, &QWidget::customContextMenuRequested, this,
             [this](QPoint place) { MnuPopUpSymbol->popup(List1->viewport()->mapToGlobal(place)); });

@@ -7,10 +7,10 @@
 #include "platform/message_box.h"
 #include "platform/text_pane.h"
 #include "shell/base/dialog_frm.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
 #include "shell/base/windows.h"
-#include "shell/document/text/edit_text_frm.h"
 #include "shell/symbols/symbol_frm.h"
 #include "shell/widgets/cell_views.h"
 
@@ -210,12 +210,11 @@ void SymbolFrm::Command17_Click() {
 
 void SymbolFrm::Command4_Click() {
     const bool listed = SSTab1->currentIndex() == ListPage;
-    EditTextFrm *document = loaded<EditTextFrm>();
+    DocumentInUse *document = documentInUse();
     if (!document || (listed && selectedSymbol() == 0))
         return;
     const std::string expression = (listed ? Text1 : Text3)->Text();
-    for (const int number : {1, 2})
-        document->pane(number).setSelText(expression);
+    document->insertText(expression);
 }
 
 void SymbolFrm::Command18_Click() {

@@ -2,7 +2,7 @@
 
 #include "platform/fonts.h"
 #include "platform/held_text.h"
-#include "shell/base/active_pane.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/windows.h"
 

@@ -2,9 +2,7 @@
 
 #include "platform/desktop.h"
 #include "platform/held_text.h"
-#include "platform/text_pane.h"
-#include "shell/base/windows.h"
-#include "shell/document/text/edit_text_frm.h"
+#include "shell/base/document_in_use.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -66,9 +64,8 @@ DateTimeFrm::DateTimeFrm(QWidget *owner)
 
 void DateTimeFrm::Command1_Click() {
     const int row = List1->currentRow();
-    if (auto *document = loaded<EditTextFrm>(); document && row >= 0)
-        for (const int number : {1, 2})
-            document->pane(number).setSelText(m_forms[static_cast<std::size_t>(row)]);
+    if (DocumentInUse *document = documentInUse(); document && row >= 0)
+        document->insertText(m_forms[static_cast<std::size_t>(row)]);
     close();
 }
 

@@ -3,8 +3,8 @@
 #include "platform/byte_line.h"
 #include "platform/fonts.h"
 #include "platform/message_box.h"
-#include "platform/text_pane.h"
-#include "shell/base/active_pane.h"
+#include "platform/pane.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
 
@@ -93,28 +93,28 @@ bool EditTextFindFrm::eventFilter(QObject *watched, QEvent *event) {
     return ToolFrm::eventFilter(watched, event);
 }
 
-void EditTextFindFrm::giveFocus(TextPane &pane) {
+void EditTextFindFrm::giveFocus(Pane &pane) {
     if (m_byKey && isActiveWindow())
-        pane.setFocus();
+        pane.takeFocus();
     else
         takeFocus(pane);
 }
 
-bool EditTextFindFrm::search(TextPane &pane, const std::function<void(const Progress &)> &search) {
+bool EditTextFindFrm::search(Pane &pane, const std::function<void(const Progress &)> &search) {
     PararProcura = 0;
     shared::lastSearch = Text1->Text();
     shared::lastSearchMatchesCase = DistinguirMaiúsculas;
     const int number = ++m_searches;
     bool stale = false;
     const QPointer<EditTextFindFrm> window(this);
-    const QPointer<TextPane> there(&pane);
+    const QPointer<PaneEvents> there(&pane.events());
     const auto isStale = [&] { return stale || !window || !there || window->m_searches != number; };
 
-    const auto watch = connect(&pane, &TextPane::Change, &pane, [&stale] { stale = true; });
+    const auto watch = connect(there, &PaneEvents::Change, there, [&stale] { stale = true; });
     search(livelyProgress(
         [&](std::size_t position, std::size_t /*total*/) {
             if (!isStale())
-                there->setSelStart(static_cast<qsizetype>(position));
+                pane.setSelStart(static_cast<qsizetype>(position));
         },
         [&] { return isStale() || window->PararProcura == 1; }));
     disconnect(watch);
@@ -129,7 +129,7 @@ void EditTextFindFrm::sayEnd() {
 }
 
 void EditTextFindFrm::Command1_Click() {
-    TextPane *pane = activePane();
+    Pane *pane = activePane();
     const std::string find = Text1->Text();
     ScanResult found;
     const auto scanPane = [&](const Progress &progress) {
@@ -149,7 +149,7 @@ void EditTextFindFrm::Command1_Click() {
 }
 
 void EditTextFindFrm::Command3_Click() {
-    TextPane *pane = activePane();
+    Pane *pane = activePane();
     if (!pane)
         return;
     const std::string find = Text1->Text();
@@ -168,7 +168,7 @@ void EditTextFindFrm::Command3_Click() {
 }
 
 void EditTextFindFrm::Command5_Click() {
-    TextPane *pane = activePane();
+    Pane *pane = activePane();
     const std::string find = Text1->Text();
     const std::string replacement = Text2->Text();
     if (!pane || find.empty() || replacement.empty())
@@ -187,7 +187,7 @@ void EditTextFindFrm::Command5_Click() {
         // What an undo is to bring back, not where the caret has walked.
         pane->setSelStart(start);
         pane->setSelLength(length);
-        pane->replaceText(result.text);
+        pane->replaceEach(result.offsets, find.size(), replacement);
     }
     pane->setSelStart(static_cast<qsizetype>(result.caret));
     shared::PosiçãoCursor = static_cast<std::int32_t>(result.posiçãoCursor);

@@ -11,7 +11,7 @@ class QPushButton;
 namespace zolt {
 
 class ByteLine;
-class TextPane;
+class Pane;
 
 /// Finds and replaces text in the pane in use, from PosiçãoCursor on towards the
 /// text's end. A search lets the windows live, and the document stays usable
@@ -47,11 +47,11 @@ private:
     /// Lets `search` run while the caret walks along in the pane. False if its result
     /// is stale: another command began meanwhile, the text was changed, or a window
     /// went.
-    bool search(TextPane &pane, const std::function<void(const Progress &)> &search);
+    bool search(Pane &pane, const std::function<void(const Progress &)> &search);
     /// Gives the pane the focus. A search that a key began in this window leaves the
     /// window the keyboard, and the pane has the focus within the frame: the next Enter
     /// searches on and types nothing into the document.
-    void giveFocus(TextPane &pane);
+    void giveFocus(Pane &pane);
     void sayEnd();
 
     ByteLine *Text1;

@@ -1,8 +1,8 @@
 #include "shell/tools/edit_text_word_count_frm.h"
 
 #include "core/word_count.h"
-#include "platform/text_pane.h"
-#include "shell/base/active_pane.h"
+#include "platform/pane.h"
+#include "shell/base/document_in_use.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -53,7 +53,7 @@ EditTextWordCountFrm::EditTextWordCountFrm(QWidget *owner)
 }
 
 void EditTextWordCountFrm::countDocument() {
-    const TextPane *pane = activePane();
+    const Pane *pane = activePane();
     const WordCount counts = countWords(pane ? pane->Text() : std::string());
     for (std::size_t i = 0; i < kRows.size(); ++i)
         m_counts[i]->setText(QString::number(counts.*kRows[i].count));

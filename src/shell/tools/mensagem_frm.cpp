@@ -1,7 +1,6 @@
 #include "shell/tools/mensagem_frm.h"
 
 #include "shell/base/shared_values.h"
-#include "shell/start/start_up.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -34,13 +33,10 @@ MensagemFrm::MensagemFrm(QWidget *owner)
 }
 
 void MensagemFrm::Command1_Click() {
-    if (Option2->isChecked()) {
-        sayGraphicalEditionIsMissing(this);
-        return;
-    }
+    const int edition = Option2->isChecked() ? 2 : 1;
     // First of all the frame comes back: what follows stands before it.
     close();
-    openNamedFile();
+    emit chosen(edition);
 }
 
 } // namespace zolt

@@ -14,6 +14,10 @@ class MensagemFrm : public ToolFrm {
 public:
     explicit MensagemFrm(QWidget *owner);
 
+signals:
+    /// The edition in which the file is to open, 1 textual or 2 graphical.
+    void chosen(int edition);
+
 public slots:
     /// OK: opens the file in the chosen edition.
     void Command1_Click();

@@ -1,8 +1,8 @@
 #include "shell/tools/question_frm.h"
 
 #include "platform/picture_label.h"
+#include "shell/base/document_in_use.h"
 #include "shell/base/shared_values.h"
-#include "shell/start/start_up.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -185,12 +185,9 @@ bool QuestionFrm::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void QuestionFrm::Command1_Click() {
-    if (shared::settings.Question == kGraphical) {
-        sayGraphicalEditionIsMissing(this);
-        return;
-    }
-    openTextEdition();
-    close();
+    emit chosen(shared::settings.Question == kGraphical ? kGraphical : kTextual);
+    if (documentInUse())
+        close();
 }
 
 void QuestionFrm::Command2_Click() {

@@ -20,6 +20,10 @@ class QuestionFrm : public ToolFrm {
 public:
     explicit QuestionFrm(QWidget *owner);
 
+signals:
+    /// An edition was chosen, 1 textual or 2 graphical; once it shows, the chooser goes.
+    void chosen(int edition);
+
 public slots:
     void SeleccionarEdiçãoTextual();
     void SeleccionarEdiçãoGráfica();

@@ -3,9 +3,10 @@
 #include "core/quick_bar.h"
 #include "platform/fonts.h"
 #include "platform/held_text.h"
-#include "shell/base/active_pane.h"
+#include "shell/base/document_in_use.h"
+#include "shell/base/frame.h"
 #include "shell/base/shared_values.h"
-#include "shell/frame/mdi_frm.h"
+#include "shell/base/windows.h"
 
 #include <QIcon>
 #include <QKeyEvent>
@@ -131,7 +132,7 @@ bool QuickBarPanel::eventFilter(QObject *watched, QEvent *event) {
 void pressQuickBarButton(QuickBarHost host, int index) {
     if (index >= kFirstDockButton && index < kEndOfDockButtons) {
         shared::settings.CharTool = dockTarget(host, index);
-        loaded<MDIFrm>()->applyCharTool();
+        mainFrame()->applyCharTool();
         return;
     }
     const char character = static_cast<char>(kQuickBarCodes[placeOfIndex(index)]);

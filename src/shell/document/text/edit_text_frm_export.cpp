@@ -10,7 +10,6 @@
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
 #include "shell/document/text/edit_text_frm.h"
-#include "shell/frame/mdi_frm.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -61,7 +60,7 @@ std::string askForWebPage(QWidget *asker) {
 } // namespace
 
 std::optional<std::string> EditTextFrm::buildWebPage() {
-    const WebPage page = webPage(activePane().Text(), lookOf(activePane()));
+    const WebPage page = webPage(activePane().Text(), lookOf(activeTextPane()));
     if (page.ok())
         return page.file;
     showMessage(this, QString::fromStdString(page.message));
@@ -85,10 +84,6 @@ void EditTextFrm::FicheiroExportarPrevisualizarpaginaWeb() {
     const std::string path = shared::programFolder + "/Temp.html";
     if (page && savedOrSaid(path, writeFile(path, *page)))
         openInDesktop(path);
-}
-
-void EditTextFrm::MnuFicheiroExportarPDF() {
-    m_frame->MostrarEditTextExportPDFFrm();
 }
 
 } // namespace zolt

@@ -5,6 +5,7 @@
 #include "core/styles.h"
 #include "platform/colours.h"
 #include "platform/desktop.h"
+#include "platform/fonts.h"
 #include "platform/message_box.h"
 #include "platform/text_pane.h"
 #include "shell/base/dialog_frm.h"
@@ -17,7 +18,7 @@
 namespace zolt {
 
 void EditTextFrm::AplicarEstilosDeLetra() {
-    TextPane &pane = activePane();
+    TextPane &pane = activeTextPane();
     if (shared::EstiloDeLetra.empty())
         return;
     const SelectionEdit edit =
@@ -30,58 +31,15 @@ void EditTextFrm::AplicarEstilosDeLetra() {
 }
 
 void EditTextFrm::LimparEstilosDeLetra() {
-    TextPane &pane = activePane();
+    TextPane &pane = activeTextPane();
     if (const SelectionEdit edit = removeStyles(pane.SelText()); edit.outcome == SelectionEdit::Replaced)
         pane.setSelText(edit.replacement);
 }
 
 void EditTextFrm::changeCase(CaseCommand command) {
-    TextPane &pane = activePane();
+    TextPane &pane = activeTextPane();
     if (pane.SelLength() > 0)
         pane.setSelText(zolt::changeCase(pane.SelText(), command));
-}
-
-void EditTextFrm::MnuFormatarMaiusculasminusculasMai() {
-    changeCase(CaseCommand::Capitals);
-}
-void EditTextFrm::MnuFormatarMaiusculasminusculasMin() {
-    changeCase(CaseCommand::SmallLetters);
-}
-void EditTextFrm::MnuFormatarMaiusculasminusculasInverter() {
-    changeCase(CaseCommand::Invert);
-}
-void EditTextFrm::MnuFormatarMaiusculasminusculasRetAcent() {
-    changeCase(CaseCommand::RemoveAccents);
-}
-
-void EditTextFrm::MnuInserirLinhahorizontal() {
-    activePane().setSelText(horizontalLine());
-}
-
-bool EditTextFrm::chooseColour(std::string Settings::*setting, const QColor &shown) {
-    CommonDialog &dialog = commonDialog(DialogFrm::ColourAndFont);
-    dialog.Color = colourValue(shown);
-    if (dialog.ShowColor(this) != kDialogDone)
-        return false;
-    shared::settings.*setting = settingFromColour(dialog.Color);
-    return true;
-}
-
-void EditTextFrm::EscolherCorBackground() {
-    const Colour background = colourFromSetting(shared::settings.TFntBckC);
-    if (chooseColour(&Settings::TFntBckC, qtColour(background, QPalette::Base)))
-        applyPaneColours();
-}
-
-void EditTextFrm::EscolherCorForeground() {
-    const Colour text = colourFromSetting(shared::settings.TFntColr);
-    const Colour background = colourFromSetting(shared::settings.TFntBckC);
-    if (!chooseColour(&Settings::TFntColr, textColourOn(text, background)))
-        return;
-    // The pane without wrap may have the desktop's background.
-    const QColor chosen = qtColour(colourFromSetting(shared::settings.TFntColr), QPalette::Text);
-    for (TextPane *pane : m_panes)
-        pane->setColours(chosen, pane->palette().color(QPalette::Base));
 }
 
 void EditTextFrm::EscolherFonte() {
@@ -100,40 +58,66 @@ void EditTextFrm::chooseFont(const QFont &font) {
     settings.TFntUndl = flagText(font.underline());
     settings.TFntStrT = flagText(font.strikeOut());
     applyPaneFont();
-    m_frame->showFont(font.family(), settings.TFntSize);
+    frame().showFont(font.family(), settings.TFntSize);
 }
 
-void EditTextFrm::chooseColours(Colour text, Colour background) {
-    shared::settings.TFntColr = settingFromColour(text);
-    shared::settings.TFntBckC = settingFromColour(background);
+QFont EditTextFrm::fontOfSettings() {
+    const Settings &settings = shared::settings;
+    QFont font = zoltFont(QString::fromStdString(settings.TFntName), settings.TFntSize);
+    font.setBold(isTrue(settings.TFntBold));
+    font.setItalic(isTrue(settings.TFntItal));
+    font.setUnderline(isTrue(settings.TFntUndl));
+    font.setStrikeOut(isTrue(settings.TFntStrT));
+    return font;
+}
+
+void EditTextFrm::applyPaneFont() {
+    for (const int number : {1, 2})
+        textPane(number).setPaneFont(fontOfSettings());
+    updateStatus();
+}
+
+void EditTextFrm::applyPaneColours() {
+    const Colour background = colourFromSetting(shared::settings.TFntBckC);
+    for (const int number : {1, 2})
+        textPane(number).setColours(shownTextColour(), qtColour(background, QPalette::Base));
+}
+
+void EditTextFrm::applySettings() {
+    applyPaneFont();
     applyPaneColours();
 }
 
-void EditTextFrm::MnuFormatarPadrão() {
-    chooseFont(QFont(QStringLiteral("ZOLT"), 10));
-    chooseColours(kSystemWindowText, 0xFFFFFF);
-    // The pane without wrap follows the desktop until the next start.
-    pane(2).setColours(textColourOn(kSystemWindowText, kSystemWindow),
-                       qtColour(kSystemWindow, QPalette::Base));
+QColor EditTextFrm::shownTextColour() const {
+    return textColourOn(colourFromSetting(shared::settings.TFntColr),
+                        colourFromSetting(shared::settings.TFntBckC));
 }
 
-/// Light green on black.
-void EditTextFrm::MnuFormatarAltocontraste() {
-    chooseColours(0x80FF80, 0);
+void EditTextFrm::applyTextColour() {
+    // The pane without wrap may have the desktop's background.
+    const QColor chosen = qtColour(colourFromSetting(shared::settings.TFntColr), QPalette::Text);
+    for (const int number : {1, 2})
+        textPane(number).setColours(chosen, textPane(number).palette().color(QPalette::Base));
 }
-/// Black on the calculator's grey-green.
-void EditTextFrm::MnuFormatarHp48() {
-    chooseColours(0, 0x3C603D);
+
+void EditTextFrm::applyDefaultFont() {
+    chooseFont(QFont(QStringLiteral("ZOLT"), 10));
+}
+
+void EditTextFrm::afterDefaultScheme() {
+    // The pane without wrap follows the desktop until the next start.
+    textPane(2).setColours(textColourOn(kSystemWindowText, kSystemWindow),
+                           qtColour(kSystemWindow, QPalette::Base));
 }
 
 void EditTextFrm::OptimizarImagens() {
-    TextPane &pane = activePane();
+    TextPane &pane = activeTextPane();
     pane.replaceText(optimiseImages(pane.Text(), Optimisation{shared::TipoDeOptimização}));
     showMessage(this, QStringLiteral("Optimization finished"));
 }
 
 void EditTextFrm::OptimizarImagensSelecção() {
-    TextPane &pane = activePane();
+    TextPane &pane = activeTextPane();
     if (pane.SelLength() > 0)
         pane.setSelText(optimiseImages(pane.SelText(), Optimisation{shared::TipoDeOptimização}));
     showMessage(this, QStringLiteral("Optimization finished"));

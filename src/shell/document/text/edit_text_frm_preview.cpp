@@ -1,6 +1,6 @@
 // The text edition's previews, of the whole document and of the selection.
 
-#include "platform/text_pane.h"
+#include "platform/pane.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/text/edit_text_frm.h"
 #include "shell/frame/mdi_frm.h"
@@ -9,8 +9,8 @@ namespace zolt {
 
 void EditTextFrm::preview(const std::string &text, void (MDIFrm::*open)()) {
     shared::TextoPrevisualizar = text;
-    m_frame->MostrarWaitFrm();
-    (m_frame->*open)();
+    frame().MostrarWaitFrm();
+    (frame().*open)();
 }
 
 void EditTextFrm::previewSelection(void (MDIFrm::*open)()) {

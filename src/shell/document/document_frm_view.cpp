@@ -1,7 +1,7 @@
 // The windows that stand beside the text edition's document.
 
 #include "shell/base/shared_values.h"
-#include "shell/document/text/edit_text_frm.h"
+#include "shell/document/document_frm.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/symbols/symbol_frm.h"
 #include "shell/tools/caracter_table_frm.h"
@@ -12,7 +12,7 @@
 
 namespace zolt {
 
-void EditTextFrm::VerBarradecaracteres() {
+void DocumentFrm::VerBarradecaracteres() {
     if (auto *bar = loaded<CaracterToolbarFrm>(); bar && bar->isVisible())
         bar->move(bar->screen()->geometry().right() + 1 - bar->width(), pixels(1000));
     if (shared::settings.CharTool == 0)
@@ -20,28 +20,11 @@ void EditTextFrm::VerBarradecaracteres() {
     m_frame->applyCharTool();
 }
 
-void EditTextFrm::VerTabeladecaracteres() {
+void DocumentFrm::VerTabeladecaracteres() {
     m_frame->MostrarCaracterTableFrm();
 }
 
-void EditTextFrm::MnuInserirDataehora() {
-    m_frame->MostrarDateTimeFrm();
-}
-void EditTextFrm::MnuFerramentasContarpalavras() {
-    m_frame->MostrarEditTextWordCountFrm();
-}
-
-void EditTextFrm::MnuInserirListadesímbolos() {
-    m_frame->MostrarSymbolFrm();
-    loaded<SymbolFrm>()->showPage(SymbolFrm::ListPage);
-}
-
-void EditTextFrm::MnuInserirCriarnovosímbolo() {
-    m_frame->MostrarSymbolFrm();
-    loaded<SymbolFrm>()->showPage(SymbolFrm::EditionPage);
-}
-
-void EditTextFrm::recordCompanions() {
+void DocumentFrm::recordCompanions() {
     Settings &settings = shared::settings;
     const auto *bar = loaded<CaracterToolbarFrm>();
     if (!bar || !bar->isVisible())
@@ -59,7 +42,7 @@ void EditTextFrm::recordCompanions() {
     }
 }
 
-void EditTextFrm::closeCompanions() {
+void DocumentFrm::closeCompanions() {
     m_frame->topPanel()->hide();
     m_frame->rightPanel()->hide();
     unload<CaracterTableFrm>();

@@ -1,9 +1,9 @@
-// The Edit menu's commands of the text edition's window.
+// The Edit menu's commands of a document window.
 
-#include "platform/text_pane.h"
+#include "platform/pane.h"
 #include "shell/base/command_table.h"
 #include "shell/base/shared_values.h"
-#include "shell/document/text/edit_text_frm.h"
+#include "shell/document/document_frm.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/tools/edit_text_find_frm.h"
 
@@ -21,11 +21,11 @@ struct EditCommand {
     const char *menuItem;
     const char *popUpItem;
     QList<const char *> tools;
-    bool (*canAct)(const TextPane &pane, bool clipboardFits);
+    bool (*canAct)(const Pane &pane, bool clipboardFits);
 };
 
-bool hasSelection(const TextPane &pane, bool) {
-    return pane.textCursor().hasSelection();
+bool hasSelection(const Pane &pane, bool) {
+    return pane.hasSelection();
 }
 
 const QList<EditCommand> &editCommands() {
@@ -33,25 +33,26 @@ const QList<EditCommand> &editCommands() {
         {"MnuEditarAnularintrodução",
          "MnuPopUpAnularintroducao",
          {"Anular Introdução", "Refazer Introdução"},
-         [](const TextPane &pane, bool) { return pane.canUndoToggle(); }},
+         [](const Pane &pane, bool) { return pane.canUndoToggle(); }},
         {"MnuEditarCortar", "MnuPopUpCortar", {"Cortar"}, hasSelection},
         {"MnuEditarCopiar", "MnuPopUpCopiar", {"Copiar"}, hasSelection},
-        {"MnuEditarColar", "MnuPopUpColar", {"Colar"}, [](const TextPane &, bool fits) { return fits; }},
+        {"MnuEditarColar", "MnuPopUpColar", {"Colar"}, [](const Pane &, bool fits) { return fits; }},
         {"MnuEditarSeleccionartudo",
          "MnuPopUpSeleccionartudo",
          {},
-         [](const TextPane &pane, bool) { return pane.length() > 0; }},
+         [](const Pane &pane, bool) { return pane.length() > 0; }},
     };
     return commands;
 }
 
 } // namespace
 
-void EditTextFrm::gatherEditActions() {
+void DocumentFrm::gatherEditActions() {
     for (const EditCommand &command : editCommands()) {
         QList<QAction *> actions{menuItem(command.menuItem), zolt::menuItem({MnuPopUp}, command.popUpItem)};
         for (const char *tool : command.tools)
-            actions << m_frame->toolbar(2)->findChild<QAction *>(QString::fromUtf8(tool));
+            actions
+                << m_frame->toolbar(m_edition.standardToolbar)->findChild<QAction *>(QString::fromUtf8(tool));
         m_editActions << actions;
     }
     // To ask another program for its clipboard takes a while: not at every key.
@@ -63,55 +64,55 @@ void EditTextFrm::gatherEditActions() {
     lookAtClipboard();
 }
 
-void EditTextFrm::updateEditActions() {
+void DocumentFrm::updateEditActions() {
     for (qsizetype i = 0; i < m_editActions.size(); ++i)
         for (QAction *action : m_editActions[i])
             action->setEnabled(editCommands()[i].canAct(activePane(), m_clipboardFits));
 }
 
-void EditTextFrm::EditarCortar() {
-    activePane().setFocus();
+void DocumentFrm::EditarCortar() {
+    activePane().takeFocus();
     activePane().cut();
 }
 
-void EditTextFrm::EditarCopiar() {
-    activePane().setFocus();
+void DocumentFrm::EditarCopiar() {
+    activePane().takeFocus();
     activePane().copy();
 }
 
-void EditTextFrm::EditarColar() {
-    activePane().setFocus();
+void DocumentFrm::EditarColar() {
+    activePane().takeFocus();
     activePane().paste();
 }
 
-void EditTextFrm::EditarAnularintrodução() {
-    activePane().setFocus();
+void DocumentFrm::EditarAnularintrodução() {
+    activePane().takeFocus();
     activePane().undoToggle();
 }
 
-void EditTextFrm::EditarSeleccionarTudo() {
-    activePane().setFocus();
+void DocumentFrm::EditarSeleccionarTudo() {
+    activePane().takeFocus();
     activePane().setSelStart(0);
     activePane().setSelLength(activePane().length());
 }
 
-void EditTextFrm::EditarLocalizar() {
+void DocumentFrm::EditarLocalizar() {
     EditTextFindFrm &window = load<EditTextFindFrm>();
     window.setAttribute(Qt::WA_ShowWithoutActivating);
     window.show();
 }
 
-void EditTextFrm::EditarLocalizarESubstituir() {
+void DocumentFrm::EditarLocalizarESubstituir() {
     m_frame->MostrarEditTextFindFrm();
     loaded<EditTextFindFrm>()->focusFindBox();
 }
 
-void EditTextFrm::EditarTranslinearpalavras() {
+void DocumentFrm::EditarTranslinearpalavras() {
     const bool touched = m_touched;
-    TextPane &from = activePane();
+    Pane &from = activePane();
     shared::settings.TxtWWrap = &from == &pane(1) ? 2 : 1;
-    TextPane &to = activePane();
-    to.setText(from.Text());
+    Pane &to = activePane();
+    copyDocument(from, to);
     to.setSelStart(from.SelStart());
     to.setSelLength(from.SelLength());
     m_touched = touched;

@@ -1,14 +1,13 @@
 // The life of the text edition's document: new, open, save, close, exit.
 
-#include "core/document.h"
 #include "core/file.h"
 #include "platform/desktop.h"
 #include "platform/message_box.h"
-#include "platform/text_pane.h"
+#include "platform/pane.h"
 #include "shell/base/dialog_frm.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
-#include "shell/document/text/edit_text_frm.h"
+#include "shell/document/document_frm.h"
 #include "shell/frame/mdi_frm.h"
 
 #include <QCloseEvent>
@@ -19,16 +18,6 @@
 namespace zolt {
 
 namespace {
-
-CommonDialog &documentDialog(const QString &title, int flags) {
-    CommonDialog &dialog = commonDialog(DialogFrm::Document);
-    dialog.DialogTitle = title;
-    dialog.Filter = QStringLiteral("All files (*.*)|*.*|ZOLT Text Format (*.zlt)|*.zlt|");
-    dialog.FilterIndex = 1;
-    dialog.InitDir = shared::settings.DefltDir;
-    dialog.Flags = flags;
-    return dialog;
-}
 
 /// Shows a step of reading in a panel, once for each percent.
 Progress percentInto(QLabel *panel) {
@@ -45,54 +34,82 @@ Progress percentInto(QLabel *panel) {
 
 } // namespace
 
-void EditTextFrm::showDocument(const std::string &document, const QString &caption) {
-    activePane().setText(document);
-    setCaption(caption);
+CommonDialog &DocumentFrm::documentDialog(const QString &title, int flags) {
+    CommonDialog &dialog = commonDialog(DialogFrm::Document);
+    dialog.DialogTitle = title;
+    dialog.Filter = QString::fromUtf8(m_edition.filter);
+    dialog.FilterIndex = m_edition.filterIndex;
+    dialog.InitDir = shared::settings.DefltDir;
+    dialog.Flags = flags;
+    return dialog;
+}
+
+Progress DocumentFrm::openingProgress() {
+    return percentInto(m_panels[Message]);
+}
+
+void DocumentFrm::discardDocument() {
+    clear(activePane());
+    setCaption(QStringLiteral("Document1"));
+    commonDialog(DialogFrm::Document).FileName.clear();
     documentBegins();
 }
 
-void EditTextFrm::FicheiroNovo() {
+void DocumentFrm::FicheiroNovo() {
     if (ask(this, QStringLiteral("Exit document ?"), QMessageBox::Ok | QMessageBox::Cancel,
             QMessageBox::Warning, QStringLiteral("New document")) != QMessageBox::Ok)
         return;
-    showDocument({}, QStringLiteral("Document1"));
-    commonDialog(DialogFrm::Document).FileName.clear();
+    discardDocument();
+    activePane().takeFocus();
 }
 
-void EditTextFrm::FicheiroAbrir() {
+std::string DocumentFrm::showFile(const std::string &path, const std::string &bytes, Panes panes) {
+    if (std::string reason = m_edition.refusal(bytes); !reason.empty())
+        return reason;
+    const bool loses = m_touched && documentChanged();
+    const QString before = caption();
+    takeFileBytes(activePane(), bytes);
+    if (panes == BothPanes)
+        copyDocument(activePane(), pane(&activePane() == &pane(1) ? 2 : 1));
+    say({});
+    if (loses)
+        sayReplaced(before);
+    CommonDialog &dialog = commonDialog(DialogFrm::Document);
+    dialog.FileName = path;
+    shared::settings.DefltDir = folderOf(path);
+    setCaption(dialog.FileTitle());
+    documentBegins();
+    return {};
+}
+
+void DocumentFrm::FicheiroAbrir() {
     CommonDialog &dialog = documentDialog(QStringLiteral("Open"), kFileMustExist);
     const std::string nameBefore = dialog.FileName;
     if (dialog.ShowOpen(this) != kDialogDone)
         return;
     const FileContents file = readFile(dialog.FileName);
-    if (!file.ok()) {
-        say(QStringLiteral("%1 wasn't opened: %2")
-                .arg(fromFileName(dialog.FileTitle()), QString::fromLocal8Bit(file.reason.c_str())));
-        dialog.FileName = nameBefore;
+    const std::string reason = file.ok() ? showFile(dialog.FileName, file.bytes, ActivePane) : file.reason;
+    if (reason.empty())
         return;
-    }
-    const std::string document = documentFromFile(file.bytes, percentInto(m_panels[Progress]));
-    say({});
-    if (m_touched && documentChanged())
-        sayReplaced(caption());
-    shared::settings.DefltDir = folderOf(dialog.FileName);
-    showDocument(document, fromFileName(dialog.FileTitle()));
+    say(QStringLiteral("%1 wasn't opened: %2")
+            .arg(fromFileName(dialog.FileTitle()), QString::fromLocal8Bit(reason.c_str())));
+    // The next save would overwrite the file that wasn't opened.
+    dialog.FileName = nameBefore;
 }
 
-bool EditTextFrm::writeDocument() {
-    const std::string document = activePane().Text();
+bool DocumentFrm::writeDocument() {
     const std::string &path = commonDialog(DialogFrm::Document).FileName;
-    if (!savedOrSaid(path, writeFile(path, fileFromDocument(document))))
+    if (!savedOrSaid(path, writeFile(path, fileBytes())))
         return false;
     say({});
-    shared::TextoGuardado = document;
+    shared::TextoGuardado = stored();
     m_touched = false;
     m_comparison->stop();
     showWouldAsk(false);
     return true;
 }
 
-void EditTextFrm::FicheiroGuardar() {
+void DocumentFrm::FicheiroGuardar() {
     const CommonDialog &dialog = commonDialog(DialogFrm::Document);
     if (dialog.FileName.empty())
         FicheiroGuardarComo();
@@ -100,7 +117,7 @@ void EditTextFrm::FicheiroGuardar() {
         setCaption(dialog.FileTitle());
 }
 
-void EditTextFrm::FicheiroGuardarComo() {
+void DocumentFrm::FicheiroGuardarComo() {
     CommonDialog &dialog = documentDialog(QStringLiteral("Save As"), kFileMustExist | kOverwritePrompt);
     const std::string nameBefore = dialog.FileName;
     shared::GuardarCancelado = 1;
@@ -115,18 +132,14 @@ void EditTextFrm::FicheiroGuardarComo() {
     setCaption(dialog.FileTitle());
 }
 
-bool EditTextFrm::documentChanged() const {
-    const auto length = static_cast<std::size_t>(activePane().length());
-    return length > 0 &&
-           (length != shared::TextoGuardado.size() || activePane().Text() != shared::TextoGuardado);
+bool DocumentFrm::documentChanged() const {
+    if (activePane().length() == 0)
+        return false;
+    const Difference seen = difference();
+    return seen == Unknown ? stored() != shared::TextoGuardado : seen == Differs;
 }
 
-void EditTextFrm::discardDocument() {
-    showDocument({}, QStringLiteral("Document1"));
-    commonDialog(DialogFrm::Document).FileName.clear();
-}
-
-bool EditTextFrm::mayLeaveDocument() {
+bool DocumentFrm::mayLeaveDocument() {
     if (!documentChanged())
         return true;
     switch (ask(this, QStringLiteral("Save changes to %1?").arg(caption()),
@@ -142,17 +155,17 @@ bool EditTextFrm::mayLeaveDocument() {
     }
 }
 
-void EditTextFrm::FicheiroFechar() {
+void DocumentFrm::FicheiroFechar() {
     commonDialog(DialogFrm::Document).FileName.clear();
     close();
 }
 
-void EditTextFrm::AbandonarPrograma() {
+void DocumentFrm::AbandonarPrograma() {
     if (mayLeaveDocument())
         m_frame->close();
 }
 
-void EditTextFrm::closeEvent(QCloseEvent *event) {
+void DocumentFrm::closeEvent(QCloseEvent *event) {
     if (shared::SemPerguntaDeSaída == 1) {
         OperaçõesDeSaída();
     } else if (mayLeaveDocument()) {
@@ -163,14 +176,17 @@ void EditTextFrm::closeEvent(QCloseEvent *event) {
         return;
     }
     QMdiSubWindow::closeEvent(event);
-    if (event->isAccepted())
-        markClosed(*this);
+    if (!event->isAccepted())
+        return;
+    markClosed(*this);
+    if (documentInUse() == this)
+        setDocumentInUse(nullptr);
 }
 
-void EditTextFrm::OperaçõesDeSaída() {
+void DocumentFrm::OperaçõesDeSaída() {
     recordCompanions();
     closeCompanions();
-    m_frame->showTextToolbars(false, false);
+    m_frame->showDocumentToolbars(m_edition.standardToolbar, false, false);
     m_frame->toolbar(1)->show();
     m_frame->showMenus({});
     m_frame->checkOwnToolbar();

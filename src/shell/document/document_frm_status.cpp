@@ -1,9 +1,9 @@
-// The text edition's status bar, and what its window knows of the document's state.
+// A document window's status bar, and what its window knows of the document's state.
 
 #include "core/codes.h"
-#include "platform/text_pane.h"
+#include "platform/pane.h"
 #include "shell/base/shared_values.h"
-#include "shell/document/text/edit_text_frm.h"
+#include "shell/document/document_frm.h"
 #include "shell/frame/mdi_frm.h"
 
 #include <QDateTime>
@@ -15,15 +15,15 @@
 
 namespace zolt {
 
-void EditTextFrm::buildStatusBar() {
+void DocumentFrm::buildStatusBar() {
     for (int i = 0; i < PanelCount; ++i) {
         auto *panel = new QLabel(StatusBar1);
         panel->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
         panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         panel->setTextFormat(Qt::PlainText);
         panel->setMargin(2);
-        panel->setAlignment(i == Progress ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
-        StatusBar1->addWidget(panel, i == Progress ? 1 : 0);
+        panel->setAlignment(i == Message ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
+        StatusBar1->addWidget(panel, i == Message ? 1 : 0);
         m_panels[static_cast<std::size_t>(i)] = panel;
     }
     const auto widthFor = [this](const QString &text) { return fontMetrics().horizontalAdvance(text) + 16; };
@@ -34,16 +34,16 @@ void EditTextFrm::buildStatusBar() {
         m_panels[lock]->setEnabled(false);
     }
     // A long message is cut off, and doesn't widen the window.
-    m_panels[Progress]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_panels[Message]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *clock = new QTimer(this);
-    connect(clock, &QTimer::timeout, this, &EditTextFrm::updateClock);
+    connect(clock, &QTimer::timeout, this, &DocumentFrm::updateClock);
     clock->start(1000);
 }
 
-void EditTextFrm::updateStatus() {
+void DocumentFrm::updateStatus() {
     if (!m_panels[Caret])
         return;
-    const TextPane &pane = activePane();
+    const Pane &pane = activePane();
     const qsizetype end = pane.selEnd();
     const qsizetype column = end - pane.lineStartOfCaret();
     QLabel *caret = m_panels[Caret];
@@ -54,10 +54,10 @@ void EditTextFrm::updateStatus() {
     m_panels[Length]->setText(QString::number(pane.length()));
 }
 
-void EditTextFrm::say(const QString &message) {
+void DocumentFrm::say(const QString &message) {
     // In a panel too narrow the reason, at the end, counts more than a long name. A file's
     // name may look like HTML.
-    QLabel *panel = m_panels[Progress];
+    QLabel *panel = m_panels[Message];
     const int room = panel->contentsRect().width() - 2 * panel->margin();
     panel->setText(panel->isVisible() ? panel->fontMetrics().elidedText(message, Qt::ElideLeft, room)
                                       : message);
@@ -65,35 +65,36 @@ void EditTextFrm::say(const QString &message) {
                                         : QStringLiteral("<p>%1</p>").arg(message.toHtmlEscaped()));
 }
 
-void EditTextFrm::sayReplaced(const QString &caption) {
+void DocumentFrm::sayReplaced(const QString &caption) {
     say(QStringLiteral("%1 was replaced: its changes weren't saved.").arg(caption));
 }
 
-void EditTextFrm::updateClock() {
+void DocumentFrm::updateClock() {
     const QDateTime now = QDateTime::currentDateTime();
     m_panels[Date]->setText(QLocale::system().toString(now.date(), QLocale::ShortFormat));
     m_panels[Time]->setText(QLocale::system().toString(now.time(), QLocale::ShortFormat));
 }
 
-void EditTextFrm::followLockKeys(const QKeyEvent *event) {
+void DocumentFrm::followLockKeys(const QKeyEvent *event) {
     event ? m_lockKeys.follow(*event) : m_lockKeys.ask();
     m_panels[CapsLock]->setEnabled(m_lockKeys.caps());
     m_panels[NumLock]->setEnabled(m_lockKeys.num());
 }
 
-void EditTextFrm::followKeyCaret() {
-    const TextPane &pane = activePane();
+void DocumentFrm::followKeyCaret() {
+    const Pane &pane = activePane();
     if (m_selectionBeforeKey != std::pair{pane.SelStart(), pane.selEnd()})
         shared::PosiçãoCursor = static_cast<std::int32_t>(pane.SelStart());
 }
 
-bool EditTextFrm::eventFilter(QObject *watched, QEvent *event) {
+bool DocumentFrm::eventFilter(QObject *watched, QEvent *event) {
     const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-    if (watched == &activePane() && (key || event->type() == QEvent::InputMethod))
+    const bool inPane = watched == &activePane().control();
+    if (inPane && (key || event->type() == QEvent::InputMethod))
         m_selectionBeforeKey = {activePane().SelStart(), activePane().selEnd()};
     // Composed characters come without a key of their own.
-    if (watched == &activePane() && event->type() == QEvent::InputMethod)
-        QMetaObject::invokeMethod(this, &EditTextFrm::followKeyCaret, Qt::QueuedConnection);
+    if (inPane && event->type() == QEvent::InputMethod)
+        QMetaObject::invokeMethod(this, &DocumentFrm::followKeyCaret, Qt::QueuedConnection);
     if (key)
         followLockKeys(static_cast<QKeyEvent *>(event));
     else if (event->type() == QEvent::ApplicationActivate || event->type() == QEvent::WindowActivate)
@@ -101,24 +102,24 @@ bool EditTextFrm::eventFilter(QObject *watched, QEvent *event) {
     return QMdiSubWindow::eventFilter(watched, event);
 }
 
-void EditTextFrm::documentBegins() {
+void DocumentFrm::documentBegins() {
     m_touched = false;
     shared::PosiçãoCursor = 0;
     showWouldAsk(activePane().length() > 0);
 }
 
-void EditTextFrm::followChange() {
+void DocumentFrm::followChange() {
     m_touched = true;
     // Reading and comparing a long document at every key would be felt.
-    const auto length = static_cast<std::size_t>(activePane().length());
     m_comparison->stop();
-    if (length == 0 || length != shared::TextoGuardado.size())
-        showWouldAsk(length > 0);
-    else
+    const Difference seen = activePane().length() == 0 ? Same : difference();
+    if (seen == Unknown)
         m_comparison->start();
+    else
+        showWouldAsk(seen == Differs);
 }
 
-void EditTextFrm::showWouldAsk(bool wouldAsk) {
+void DocumentFrm::showWouldAsk(bool wouldAsk) {
     if (std::exchange(m_wouldAsk, wouldAsk) != wouldAsk)
         m_frame->showTitle();
 }
