@@ -38,10 +38,15 @@ int scaleThatFits(const QImageReader &reader, const PictureHeader &header, QSize
                   std::int64_t mostBytes) {
     // Above what any camera makes a file would keep the program busy without a sense.
     constexpr std::int64_t kMostPixelsOfAPhotograph = std::int64_t{1} << 28;
+    const std::int64_t pixels = std::int64_t{size.width()} * size.height();
+    // Not even at one bit to the pixel and an eighth of the sides; reckoning with its
+    // bits might pass 64 bits.
+    if (pixels > mostBytes * 8 * (8 * 8))
+        return 0;
     for (const int scale : {1, 2, 4, 8}) {
         if (memoryOf(reader, size, header.keptBits, scale) <= mostBytes)
             return scale;
-        if (header.format != "jpeg" || std::int64_t{size.width()} * size.height() > kMostPixelsOfAPhotograph)
+        if (header.format != "jpeg" || pixels > kMostPixelsOfAPhotograph)
             break;
     }
     return 0;
