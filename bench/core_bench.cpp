@@ -58,7 +58,7 @@ int main() {
     zolt::writeFile(input, zolt::fileFromDocument(text));
     measure("read, test and write a document of 10 MB", [&] {
         const std::string read = zolt::documentFromFile(zolt::readFile(input).bytes);
-        zolt::writeFile(output, zolt::hpFile(zolt::testarIntegridade(read).textoCorrigido));
+        zolt::writeFile(output, zolt::hpFile(zolt::testIntegrity(read).TextoCorrigido));
     });
     std::filesystem::remove(input);
     std::filesystem::remove(output);

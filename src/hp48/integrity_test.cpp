@@ -13,30 +13,30 @@ void addLine(std::string &report, std::string_view line) {
     report.append(line).append(kLineEnd);
 }
 
-void addOpeningQuote(ResultadoDoTeste &result) {
-    const std::size_t first = result.textoCorrigido.find_first_not_of(' ');
-    if (first == std::string::npos || result.textoCorrigido[first] == kQuote)
+void addOpeningQuote(IntegrityResult &result) {
+    const std::size_t first = result.TextoCorrigido.find_first_not_of(' ');
+    if (first == std::string::npos || result.TextoCorrigido[first] == kQuote)
         return;
-    addLine(result.relatório, "-Superior ('') character inserted ");
-    result.textoCorrigido.insert(result.textoCorrigido.begin(), kQuote);
+    addLine(result.report, "-Superior ('') character inserted ");
+    result.TextoCorrigido.insert(result.TextoCorrigido.begin(), kQuote);
 }
 
-void addClosingQuote(ResultadoDoTeste &result) {
-    const std::size_t last = result.textoCorrigido.find_last_not_of(' ');
-    if (last == std::string::npos || result.textoCorrigido[last] == kQuote)
+void addClosingQuote(IntegrityResult &result) {
+    const std::size_t last = result.TextoCorrigido.find_last_not_of(' ');
+    if (last == std::string::npos || result.TextoCorrigido[last] == kQuote)
         return;
-    addLine(result.relatório, "-Inferior ('') character inserted ");
-    result.textoCorrigido += kQuote;
+    addLine(result.report, "-Inferior ('') character inserted ");
+    result.TextoCorrigido += kQuote;
 }
 
-void replaceInnerQuotes(ResultadoDoTeste &result) {
-    std::string &text = result.textoCorrigido;
+void replaceInnerQuotes(IntegrityResult &result) {
+    std::string &text = result.TextoCorrigido;
     for (std::size_t i = text.find(kQuote, 1); i != std::string::npos && i + 1 < text.size();
          i = text.find(kQuote, i)) {
         text[i] = kApostrophe;
-        addLine(result.relatório, "-Ilegal character found (\") in position (" + std::to_string(i + 1) +
-                                      "). Substituted by (')");
-        ++result.númeroDeErros;
+        addLine(result.report, "-Ilegal character found (\") in position (" + std::to_string(i + 1) +
+                                   "). Substituted by (')");
+        ++result.NúmeroDeErros;
     }
 }
 
@@ -49,34 +49,34 @@ std::size_t wrongDigits(std::string_view text, std::size_t mark) {
     return wrong;
 }
 
-void reportWrongCells(ResultadoDoTeste &result) {
-    const std::string &text = result.textoCorrigido;
+void reportWrongCells(IntegrityResult &result) {
+    const std::string &text = result.TextoCorrigido;
     for (std::size_t i = text.find(kCellMark, 1); i != std::string::npos && i + 1 < text.size();
          i = text.find(kCellMark, i + 1)) {
         const std::size_t wrong = wrongDigits(text, i);
         for (std::size_t line = 0; line < wrong; ++line)
-            addLine(result.relatório, "-Illegal graphical object found at (" + std::to_string(i + 1) + ").");
-        result.númeroDeErros += wrong;
+            addLine(result.report, "-Illegal graphical object found at (" + std::to_string(i + 1) + ").");
+        result.NúmeroDeErros += wrong;
     }
 }
 
 } // namespace
 
-ResultadoDoTeste testarIntegridade(std::string_view document) {
-    ResultadoDoTeste result;
-    result.textoCorrigido.reserve(document.size() + 2);
-    result.textoCorrigido = document;
-    result.relatório = "\r\n** Beginning verification **\r\n\r\n";
+IntegrityResult testIntegrity(std::string_view document) {
+    IntegrityResult result;
+    result.TextoCorrigido.reserve(document.size() + 2);
+    result.TextoCorrigido = document;
+    result.report = "\r\n** Beginning verification **\r\n\r\n";
     if (document.empty()) {
-        result.textoCorrigido = {kQuote, kQuote};
-        addLine(result.relatório, "Empty document");
+        result.TextoCorrigido = {kQuote, kQuote};
+        addLine(result.report, "Empty document");
     }
     addOpeningQuote(result);
     addClosingQuote(result);
     replaceInnerQuotes(result);
     reportWrongCells(result);
-    addLine(result.relatório, "\r\n** Verification ended **");
-    addLine(result.relatório, "\r\nNumber of errors found: " + std::to_string(result.númeroDeErros));
+    addLine(result.report, "\r\n** Verification ended **");
+    addLine(result.report, "\r\nNumber of errors found: " + std::to_string(result.NúmeroDeErros));
     return result;
 }
 

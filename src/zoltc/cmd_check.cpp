@@ -10,13 +10,13 @@ int runCheck(const Arguments &arguments) {
     std::string bytes;
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
-    const ResultadoDoTeste result = testarIntegridade(documentFromFile(bytes));
-    if (!writeOutput("-", result.relatório))
+    const IntegrityResult result = testIntegrity(documentFromFile(bytes));
+    if (!writeOutput("-", result.report))
         return Unusable;
     if (arguments.has("corrected") &&
-        !writeOutput(arguments.value("corrected"), fileFromDocument(result.textoCorrigido)))
+        !writeOutput(arguments.value("corrected"), fileFromDocument(result.TextoCorrigido)))
         return Unusable;
-    return result.númeroDeErros > 0 ? Refused : Done;
+    return result.NúmeroDeErros > 0 ? Refused : Done;
 }
 
 } // namespace

@@ -28,8 +28,8 @@ int runHp(const Arguments &arguments) {
         return Unusable;
     if (!nameIsAllowed(output, arguments.has("reserved")))
         return Refused;
-    const ResultadoDoTeste result = testarIntegridade(documentFromFile(bytes));
-    return writeOutput(output, hpFile(result.textoCorrigido)) ? Done : Unusable;
+    const IntegrityResult result = testIntegrity(documentFromFile(bytes));
+    return writeOutput(output, hpFile(result.TextoCorrigido)) ? Done : Unusable;
 }
 
 } // namespace

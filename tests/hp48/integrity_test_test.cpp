@@ -35,10 +35,10 @@ struct Case {
 class TestsDocument : public testing::TestWithParam<Case> {};
 
 TEST_P(TestsDocument, AndCorrectsItsQuotes) {
-    const ResultadoDoTeste result = testarIntegridade(GetParam().document);
-    EXPECT_EQ(result.textoCorrigido, GetParam().corrected);
-    EXPECT_EQ(result.relatório, kBeginning + GetParam().lines + ending(GetParam().errors));
-    EXPECT_EQ(result.númeroDeErros, static_cast<std::size_t>(GetParam().errors));
+    const IntegrityResult result = testIntegrity(GetParam().document);
+    EXPECT_EQ(result.TextoCorrigido, GetParam().corrected);
+    EXPECT_EQ(result.report, kBeginning + GetParam().lines + ending(GetParam().errors));
+    EXPECT_EQ(result.NúmeroDeErros, static_cast<std::size_t>(GetParam().errors));
 }
 
 const Case kQuotes[] = {

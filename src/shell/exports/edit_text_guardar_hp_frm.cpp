@@ -75,12 +75,12 @@ void EditTextGuardarHPFrm::testDocument(TextPane &pane) {
         return;
     Text1->setPaneFont(pane.font());
     Text1->setColours(pane.palette().color(QPalette::Text), pane.palette().color(QPalette::Base));
-    const ResultadoDoTeste result = testarIntegridade(pane.Text());
-    Text2->setText(result.relatório);
-    if (result.númeroDeErros > 0)
+    const IntegrityResult result = testIntegrity(pane.Text());
+    Text2->setText(result.report);
+    if (result.NúmeroDeErros > 0)
         Text2->setColours(Qt::red, palette().color(QPalette::Base));
     Text2->setSelStart(Text2->length());
-    Text1->setText(result.textoCorrigido);
+    Text1->setText(result.TextoCorrigido);
 }
 
 bool EditTextGuardarHPFrm::nameIsAllowed(const std::string &title) {
