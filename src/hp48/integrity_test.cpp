@@ -1,43 +1,26 @@
 #include "hp48/integrity_test.h"
 
 #include "core/codes.h"
+#include "hp48/quotes.h"
+
+#include <utility>
 
 namespace zolt {
 
 namespace {
 
-constexpr char kQuote = '"';
-constexpr char kApostrophe = '\'';
-
 void addLine(std::string &report, std::string_view line) {
     report.append(line).append(kLineEnd);
 }
 
-void addOpeningQuote(IntegrityResult &result) {
-    const std::size_t first = result.TextoCorrigido.find_first_not_of(' ');
-    if (first == std::string::npos || result.TextoCorrigido[first] == kQuote)
-        return;
-    addLine(result.report, "-Superior ('') character inserted ");
-    result.TextoCorrigido.insert(result.TextoCorrigido.begin(), kQuote);
-}
-
-void addClosingQuote(IntegrityResult &result) {
-    const std::size_t last = result.TextoCorrigido.find_last_not_of(' ');
-    if (last == std::string::npos || result.TextoCorrigido[last] == kQuote)
-        return;
-    addLine(result.report, "-Inferior ('') character inserted ");
-    result.TextoCorrigido += kQuote;
-}
-
-void replaceInnerQuotes(IntegrityResult &result) {
-    std::string &text = result.TextoCorrigido;
-    for (std::size_t i = text.find(kQuote, 1); i != std::string::npos && i + 1 < text.size();
-         i = text.find(kQuote, i)) {
-        text[i] = kApostrophe;
-        addLine(result.report, "-Ilegal character found (\") in position (" + std::to_string(i + 1) +
-                                   "). Substituted by (')");
-        ++result.NúmeroDeErros;
-    }
+void reportQuotes(const QuotedText &quotes, std::string &report) {
+    if (quotes.openingAdded)
+        addLine(report, "-Superior ('') character inserted ");
+    if (quotes.closingAdded)
+        addLine(report, "-Inferior ('') character inserted ");
+    for (const std::size_t i : quotes.replaced)
+        addLine(report, "-Ilegal character found (\") in position (" + std::to_string(i + 1) +
+                            "). Substituted by (')");
 }
 
 /// The digits behind a cell mark that are none; digits behind the text's end are
@@ -64,16 +47,15 @@ void reportWrongCells(IntegrityResult &result) {
 
 IntegrityResult testIntegrity(std::string_view document) {
     IntegrityResult result;
-    result.TextoCorrigido.reserve(document.size() + 2);
-    result.TextoCorrigido = document;
     result.report = "\r\n** Beginning verification **\r\n\r\n";
     if (document.empty()) {
-        result.TextoCorrigido = {kQuote, kQuote};
+        document = "\"\"";
         addLine(result.report, "Empty document");
     }
-    addOpeningQuote(result);
-    addClosingQuote(result);
-    replaceInnerQuotes(result);
+    QuotedText quotes = quoted(document);
+    reportQuotes(quotes, result.report);
+    result.NúmeroDeErros = quotes.replaced.size();
+    result.TextoCorrigido = std::move(quotes.text);
     reportWrongCells(result);
     addLine(result.report, "\r\n** Verification ended **");
     addLine(result.report, "\r\nNumber of errors found: " + std::to_string(result.NúmeroDeErros));
