@@ -6,7 +6,7 @@
 #include "core/find.h"
 #include "core/optimise.h"
 #include "core/word_count.h"
-#include "hp48/hp_file_name.h"
+#include "hp48/hp_file.h"
 #include "hp48/integrity_test.h"
 
 #include <chrono>

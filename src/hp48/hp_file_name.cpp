@@ -1,7 +1,6 @@
 #include "hp48/hp_file_name.h"
 
 #include "core/charset.h"
-#include "core/document.h"
 #include "core/letter_case.h"
 #include "core/utf8.h"
 
@@ -139,10 +138,6 @@ NameVerdict checkHpFileName(std::string_view title) {
 
 NameVerdict checkHpFileTitle(std::string_view utf8Title) {
     return check(nameOfUtf8(utf8Title));
-}
-
-std::string hpFile(std::string_view text) {
-    return fileFromDocument(text);
 }
 
 } // namespace zolt

@@ -34,7 +34,4 @@ NameVerdict checkHpFileName(std::string_view title);
 /// character.
 NameVerdict checkHpFileTitle(std::string_view utf8Title);
 
-/// The HP file of a corrected document: its bytes and one CR LF.
-std::string hpFile(std::string_view text);
-
 } // namespace zolt

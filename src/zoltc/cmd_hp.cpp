@@ -1,5 +1,6 @@
 #include "core/document.h"
 #include "core/file.h"
+#include "hp48/hp_file.h"
 #include "hp48/hp_file_name.h"
 #include "hp48/integrity_test.h"
 #include "zoltc/command_table.h"

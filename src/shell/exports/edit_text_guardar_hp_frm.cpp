@@ -1,6 +1,7 @@
 #include "shell/exports/edit_text_guardar_hp_frm.h"
 
 #include "core/file.h"
+#include "hp48/hp_file.h"
 #include "hp48/hp_file_name.h"
 #include "hp48/integrity_test.h"
 #include "platform/desktop.h"
