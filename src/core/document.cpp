@@ -1,14 +1,14 @@
 #include "core/document.h"
 
 #include "core/codes.h"
+#include "core/reporter.h"
 
 namespace zolt {
 
 std::string documentFromFile(std::string_view bytes, const Progress &progress) {
-    constexpr std::size_t kReportEvery = 1 << 16;
     std::string document;
     document.reserve(bytes.size() + bytes.size() / 32);
-    std::size_t nextReport = kReportEvery;
+    Reporter reporter(progress, bytes.size());
     std::size_t lineStart = 0;
     while (lineStart < bytes.size()) {
         const std::size_t cr = bytes.find('\r', lineStart);
@@ -16,11 +16,8 @@ std::string documentFromFile(std::string_view bytes, const Progress &progress) {
         document.append(bytes, lineStart, lineEnd - lineStart);
         document.append(kLineEnd);
         lineStart = lineEnd + (bytes.substr(lineEnd, 2) == kLineEnd ? 2 : 1);
-        if (lineStart >= nextReport) {
-            nextReport = lineStart + kReportEvery;
-            if (!goOn(progress, lineStart, bytes.size()))
-                break;
-        }
+        if (!reporter.goOn(lineStart))
+            break;
     }
     if (!document.empty())
         document.resize(document.size() - kLineEnd.size());

@@ -1,14 +1,13 @@
 #include "export/html_writer.h"
 
 #include "core/codes.h"
+#include "core/reporter.h"
 
 #include <array>
 
 namespace zolt {
 
 namespace {
-
-constexpr std::size_t kReportEvery = 1 << 16;
 
 /// The largest font size in points of each size from 1 on.
 constexpr std::array kLargestPoints{8.25, 9.75, 12.0, 14.25, 18.0, 24.0};
@@ -48,15 +47,12 @@ std::string foot(const WebPageLook &look) {
 /// Appends a text with a mark in front of each line end. False if told to stop.
 bool appendMarked(std::string &page, std::string_view text, const Progress &progress) {
     std::size_t done = 0;
-    std::size_t nextReport = kReportEvery;
+    Reporter reporter(progress, text.size());
     for (std::size_t end; (end = text.find(kLineEnd, done)) != std::string_view::npos;) {
         page.append(text, done, end - done).append("<br>").append(kLineEnd);
         done = end + kLineEnd.size();
-        if (done >= nextReport) {
-            nextReport = done + kReportEvery;
-            if (!goOn(progress, done, text.size()))
-                return false;
-        }
+        if (!reporter.goOn(done))
+            return false;
     }
     page.append(text, done);
     return true;

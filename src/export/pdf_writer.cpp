@@ -4,6 +4,7 @@
 #include "core/codes.h"
 #include "core/document.h"
 #include "core/file.h"
+#include "core/reporter.h"
 
 #include <algorithm>
 #include <array>
@@ -19,7 +20,6 @@ namespace {
 constexpr std::string_view kBreakCharacters = R"(*&^%$#,. ;<=>[])}!")";
 constexpr char kFormFeed = '\f';
 constexpr std::size_t kBufferSize = 32000;
-constexpr std::size_t kReportEvery = 1 << 14;
 
 constexpr int kPointsPerInch = 72;
 constexpr int kBottomSpace = 72;
@@ -99,7 +99,7 @@ std::string reference(int object) {
 struct PdfWriter {
     const PdfParameters &parameters;
     const ByteSink &sink;
-    const Progress &progress;
+    Reporter reporter;
 
     PdfPageGrid grid{};
     std::string fontSize{};
@@ -118,8 +118,6 @@ struct PdfWriter {
 
     std::vector<std::string> messages{};
     std::size_t emitted = 0;
-    std::size_t total = 0;
-    std::size_t nextReport = kReportEvery;
     bool stopped = false;
 
     PdfResult write(std::string_view document) {
@@ -189,7 +187,6 @@ struct PdfWriter {
     }
 
     void pdfbody(std::string_view document) {
-        total = document.size();
         lineOnPage = -1;
         if (!startpage())
             return;
@@ -241,10 +238,7 @@ struct PdfWriter {
     void emit(std::string_view text) {
         writeline({"T* (", text, kLineEnd, ") Tj"});
         emitted += text.size() + kLineEnd.size();
-        if (emitted >= nextReport) {
-            nextReport = emitted + kReportEvery;
-            stopped = !goOn(progress, std::min(emitted, total), total);
-        }
+        stopped = stopped || !reporter.goOn(emitted);
     }
 
     bool pageIsFull() const { return lineOnPage >= grid.linesPerPage; }
@@ -356,7 +350,7 @@ PdfPageGrid pdfPageGrid(const PdfParameters &parameters) {
 
 PdfResult writePdf(std::string_view document, const PdfParameters &parameters, const ByteSink &sink,
                    const Progress &progress) {
-    return PdfWriter{parameters, sink, progress}.write(document);
+    return PdfWriter{parameters, sink, Reporter(progress, document.size())}.write(document);
 }
 
 PdfResult ConvertToPDF(const std::string &inputPath, const std::string &outputPath,

@@ -14,18 +14,13 @@ namespace {
 /// braces takes no memory.
 constexpr std::size_t kDeepestGroup = 4096;
 constexpr std::size_t kLongestPropertyName = 32;
-constexpr std::size_t kReportEvery = 4096;
 
 } // namespace
 
 RichText RtfReader::read() {
-    std::size_t reported = 0;
     for (RtfToken token = m_tokens.next(); token.kind != RtfToken::Kind::End; token = m_tokens.next()) {
-        if (m_tokens.position() - reported >= kReportEvery) {
-            reported = m_tokens.position();
-            if (!goOn(m_progress, reported, m_size))
-                return {};
-        }
+        if (!m_reporter.goOn(m_tokens.position()))
+            return {};
         handle(token);
         const bool closed = m_states.size() == 1 && token.kind == RtfToken::Kind::GroupEnd;
         if (closed)

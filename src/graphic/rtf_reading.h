@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/progress.h"
+#include "core/reporter.h"
 #include "graphic/rich_text_builder.h"
 #include "graphic/rtf_picture.h"
 #include "graphic/rtf_tables.h"
@@ -65,7 +65,7 @@ private:
 class RtfReader {
 public:
     RtfReader(std::string_view rtf, const Progress &progress)
-        : m_size(rtf.size()), m_tokens(rtf), m_progress(progress) {}
+        : m_tokens(rtf), m_reporter(progress, rtf.size()) {}
 
     RichText read();
 
@@ -109,9 +109,8 @@ private:
     static const std::unordered_map<std::string_view, RtfDestination> &destinations();
     static bool isOn(const RtfToken &token) { return token.parameterOr(1) != 0; }
 
-    std::size_t m_size;
     RtfTokenizer m_tokens;
-    const Progress &m_progress;
+    Reporter m_reporter;
     RichTextBuilder m_builder;
     RtfFontTable m_fonts;
     RtfColourTable m_colours;

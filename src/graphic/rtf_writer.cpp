@@ -1,6 +1,7 @@
 #include "graphic/rtf_writer.h"
 
 #include "core/charset.h"
+#include "core/reporter.h"
 #include "graphic/font_characters.h"
 #include "graphic/rtf_picture.h"
 
@@ -17,7 +18,6 @@ namespace {
 constexpr std::string_view kHex = "0123456789abcdef";
 /// Bytes of a picture on one line of the source.
 constexpr std::size_t kBytesALine = 64;
-constexpr std::size_t kReportEvery = 4096;
 
 bool isSystemColour(Colour colour) {
     return (colour & 0x80000000) != 0;
@@ -65,17 +65,31 @@ const std::array<std::string, 256> &writtenForms(FontKind kind) {
     return forms[static_cast<std::size_t>(kind)];
 }
 
+std::size_t sizeOf(const Run &run) {
+    if (const auto *characters = std::get_if<std::string>(&run.content))
+        return characters->size();
+    return std::get<RichPicture>(run.content).bytes.size();
+}
+
+/// Bytes of text and pictures, and one a paragraph.
+std::size_t sizeOf(const RichText &text) {
+    std::size_t size = text.paragraphs.size();
+    for (const Paragraph &paragraph : text.paragraphs)
+        for (const Run &run : paragraph.runs)
+            size += sizeOf(run);
+    return size;
+}
+
 class RtfWriter {
 public:
-    RtfWriter(const RichText &text, const Progress &progress) : m_text(text), m_progress(progress) {
-        countContents();
-    }
+    RtfWriter(const RichText &text, const Progress &progress)
+        : m_text(text), m_size(sizeOf(text)), m_reporter(progress, m_size) {}
 
     std::string write();
 
 private:
-    void countContents();
     void writeFontTable();
+    void numberColours();
     void writeColourTable();
     bool writeParagraphs();
     bool writeRun(const Run &run);
@@ -88,41 +102,24 @@ private:
     bool report(std::size_t bytes);
 
     const RichText &m_text;
-    const Progress &m_progress;
+    std::size_t m_size;
+    Reporter m_reporter;
     std::string m_out;
     /// Entry 0 of the table is the automatic colour.
     std::unordered_map<Colour, std::size_t> m_colourNumbers;
     std::vector<Colour> m_colours;
-    std::size_t m_total = 0;
     std::size_t m_done = 0;
-    std::size_t m_reported = 0;
     /// What \plain sets.
     CharFormat m_format{.font = 0, .halfPoints = 24};
 };
 
-void RtfWriter::countContents() {
-    for (const Paragraph &paragraph : m_text.paragraphs) {
-        for (const Run &run : paragraph.runs) {
-            if (!isSystemColour(run.format.colour) &&
-                m_colourNumbers.try_emplace(run.format.colour, m_colours.size() + 1).second)
-                m_colours.push_back(run.format.colour);
-            const auto *characters = std::get_if<std::string>(&run.content);
-            m_total += characters ? characters->size() : std::get<RichPicture>(run.content).bytes.size();
-        }
-        ++m_total;
-    }
-}
-
 bool RtfWriter::report(std::size_t bytes) {
     m_done += bytes;
-    if (m_done - m_reported < kReportEvery)
-        return true;
-    m_reported = m_done;
-    return goOn(m_progress, m_done, m_total);
+    return m_reporter.goOn(m_done);
 }
 
 std::string RtfWriter::write() {
-    m_out.reserve(m_total + m_total / 2 + 512);
+    m_out.reserve(m_size + m_size / 2 + 512);
     m_out += "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1";
     writeFontTable();
     writeColourTable();
@@ -147,7 +144,16 @@ void RtfWriter::writeFontTable() {
     m_out += "}\r\n";
 }
 
+void RtfWriter::numberColours() {
+    for (const Paragraph &paragraph : m_text.paragraphs)
+        for (const Run &run : paragraph.runs)
+            if (!isSystemColour(run.format.colour) &&
+                m_colourNumbers.try_emplace(run.format.colour, m_colours.size() + 1).second)
+                m_colours.push_back(run.format.colour);
+}
+
 void RtfWriter::writeColourTable() {
+    numberColours();
     m_out += "{\\colortbl ;";
     for (const Colour colour : m_colours) {
         number("\\red", colour & 255);
@@ -218,8 +224,8 @@ void RtfWriter::writeFormat(const CharFormat &format) {
 
 bool RtfWriter::writeCharacters(std::string_view characters, FontKind kind) {
     const std::array<std::string, 256> &forms = writtenForms(kind);
-    for (std::size_t i = 0; i < characters.size(); i += kReportEvery) {
-        const std::string_view piece = characters.substr(i, kReportEvery);
+    for (std::size_t i = 0; i < characters.size(); i += kBytesBetweenReports) {
+        const std::string_view piece = characters.substr(i, kBytesBetweenReports);
         for (const char c : piece)
             m_out += forms[static_cast<unsigned char>(c)];
         if (!report(piece.size()))

@@ -1,7 +1,7 @@
 #include "hp48/fold.h"
 
 #include "core/codes.h"
-#include "hp48/reporter.h"
+#include "core/reporter.h"
 
 #include <cstddef>
 

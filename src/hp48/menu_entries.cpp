@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/codes.h"
-#include "hp48/reporter.h"
+#include "core/reporter.h"
 
 namespace zolt {
 

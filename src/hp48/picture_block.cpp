@@ -1,6 +1,6 @@
 #include "hp48/picture_block.h"
 
-#include "hp48/reporter.h"
+#include "core/reporter.h"
 #include "images/bitmap_file.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "hp48/styled_text.h"
 
-#include "hp48/reporter.h"
+#include "core/reporter.h"
 
 #include <algorithm>
 #include <array>

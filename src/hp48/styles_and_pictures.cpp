@@ -1,8 +1,8 @@
 #include "hp48/styles_and_pictures.h"
 
+#include "core/reporter.h"
 #include "hp48/picture_block.h"
 #include "hp48/picture_chain.h"
-#include "hp48/reporter.h"
 #include "hp48/style_marks.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "images/gif_file.h"
 
+#include "core/reporter.h"
+
 #include <array>
 #include <cstdint>
 
@@ -13,7 +15,7 @@ constexpr std::array<unsigned char, 5> kLevels{0, 64, 128, 192, 255};
 constexpr int kBlack = 0;
 constexpr int kWhite = 124;
 constexpr char kTrailer = '\x3B';
-constexpr int kReportEveryRows = 10;
+constexpr std::size_t kRowsBetweenReports = 10;
 
 void put16(std::string &bytes, int value) {
     bytes += static_cast<char>(value);
@@ -164,13 +166,12 @@ std::string gifFile(const DotSurface &surface, const Progress &progress) {
     const int height = surface.height() * kPixelsPerDot;
     std::string bytes = headers(width, height);
     Compressor compressor(bytes);
+    Reporter reporter(progress, static_cast<std::size_t>(height), kRowsBetweenReports, kRowsBetweenReports);
     for (int row = 0; row < height; ++row) {
         compressor.startRow();
         for (int x = 0; x < width; ++x)
             compressor.addPixel(surface.dot(x / kPixelsPerDot, row / kPixelsPerDot) ? kBlack : kWhite);
-        const int rows = row + 1;
-        if (rows % kReportEveryRows == 0 &&
-            !goOn(progress, static_cast<std::size_t>(rows), static_cast<std::size_t>(height)))
+        if (!reporter.goOn(static_cast<std::size_t>(row) + 1))
             return {};
     }
     compressor.finish();

@@ -1,6 +1,7 @@
 #include "images/grob.h"
 
 #include "core/codes.h"
+#include "core/reporter.h"
 
 #include <algorithm>
 #include <charconv>
@@ -16,7 +17,6 @@ constexpr int kLongestRow = 136;
 constexpr int kRowStep = 8;
 /// The width of the surface for the longest row; the row's last dots fall outside.
 constexpr int kWidestSurface = 132;
-constexpr std::size_t kReportEvery = 4096;
 
 /// The number that stands behind a blank at `start` and reaches up to the next
 /// blank; `start` then is at that blank.
@@ -76,8 +76,9 @@ PictureOfText VerGrob(std::string_view text, const Progress &progress) {
     DotSurface surface(width, static_cast<int>(header->height));
     int x = 0;
     int y = 0;
+    Reporter reporter(progress, text.size());
     for (std::size_t i = header->end; i < text.size() && y < surface.height(); ++i) {
-        if (i % kReportEvery == 0 && !goOn(progress, i, text.size()))
+        if (!reporter.goOn(i))
             break;
         const int value = hexDigitValue(text[i]);
         if (value < 0)

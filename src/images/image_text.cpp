@@ -1,12 +1,12 @@
 #include "images/image_text.h"
 
+#include "core/reporter.h"
+
 #include <algorithm>
 
 namespace zolt {
 
 namespace {
-
-constexpr std::size_t kReportEvery = 4096;
 
 std::string cellAt(const DotSurface &surface, int x, int y) {
     std::string cell(1, kCellMark);
@@ -56,8 +56,9 @@ PictureOfText VerVelda(std::string_view text, const Progress &progress) {
 
     DotSurface surface(static_cast<int>(width), static_cast<int>(height));
     DigitPlace place;
+    Reporter reporter(progress, text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        if (i % kReportEvery == 0 && !goOn(progress, i, text.size()))
+        if (!reporter.goOn(i))
             break;
         if (const int value = hexDigitValue(text[i]); value >= 0) {
             surface.setDigit(place.x, place.y, value);
