@@ -6,6 +6,10 @@
 
 namespace zolt {
 
+/// The private characters from here on stand for the 256 bytes; the fonts of the
+/// calculator map them to the glyphs.
+inline constexpr char32_t kPrivateByte = 0xE000;
+
 /// The Unicode character that the calculator shows for a byte. Bytes below 31
 /// and others without a printed form give the character of the same number.
 char32_t calculatorCharacter(unsigned char byte);

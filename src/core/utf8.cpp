@@ -45,14 +45,6 @@ std::optional<char32_t> decoded(std::string_view utf8, const Form &form) {
     return character;
 }
 
-/// The byte of a character in code page 1252, or "?".
-char windowsByte(std::optional<char32_t> character) {
-    for (int byte = 0; byte < 256; ++byte)
-        if (windowsCharacter(static_cast<unsigned char>(byte)) == character)
-            return static_cast<char>(byte);
-    return '?';
-}
-
 } // namespace
 
 std::optional<char32_t> takeCharacter(std::string_view &utf8) {
@@ -80,8 +72,11 @@ void appendCharacter(std::string &utf8, char32_t character) {
 
 std::string windowsFromUtf8(std::string_view utf8) {
     std::string bytes;
-    while (!utf8.empty())
-        bytes += windowsByte(takeCharacter(utf8));
+    while (!utf8.empty()) {
+        const std::optional<char32_t> character = takeCharacter(utf8);
+        const auto byte = character ? byteOfWindowsCharacter(*character) : std::nullopt;
+        bytes += static_cast<char>(byte.value_or('?'));
+    }
     return bytes;
 }
 

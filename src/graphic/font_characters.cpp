@@ -1,6 +1,5 @@
 #include "graphic/font_characters.h"
 
-#include "core/charset.h"
 #include "core/codes.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/charset.h"
+
 #include <string>
 #include <string_view>
 
@@ -11,10 +13,6 @@ namespace zolt {
 enum class FontKind { Calculator, Foreign };
 
 FontKind fontKind(std::string_view name);
-
-/// The private characters from here on stand for the 256 bytes; the fonts of the
-/// calculator map them to the glyphs.
-inline constexpr char32_t kPrivateByte = 0xE000;
 
 /// The character by which other programs carry a byte in a font of this kind: in the
 /// calculator's fonts that of code page 1252, in foreign ones the calculator's. Bytes

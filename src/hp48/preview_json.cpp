@@ -1,6 +1,7 @@
 #include "hp48/preview_json.h"
 
 #include "core/codes.h"
+#include "core/utf8.h"
 
 namespace zolt {
 
@@ -17,11 +18,8 @@ void putString(std::string &json, std::string_view text) {
             json += "\\u00";
             json += kHexDigits[byte >> 4];
             json += kHexDigits[byte & 0xF];
-        } else if (byte < 0x80) {
-            json += character;
         } else {
-            json += static_cast<char>(0xC0 | byte >> 6);
-            json += static_cast<char>(0x80 | (byte & 0x3F));
+            appendCharacter(json, byte);
         }
     }
     json += '"';

@@ -1,6 +1,7 @@
 #include "platform/desktop.h"
 
 #include "core/charset.h"
+#include "core/utf8.h"
 
 #include <QDesktopServices>
 #include <QFile>
@@ -21,10 +22,7 @@ QString fromWindows(std::string_view bytes) {
 }
 
 std::string windowsBytes(const QString &text) {
-    std::string bytes;
-    for (const char32_t character : text.toStdU32String())
-        bytes += static_cast<char>(byteOfWindowsCharacter(character).value_or('?'));
-    return bytes;
+    return windowsFromUtf8(text.toStdString());
 }
 
 QString fromFileName(const std::string &bytes) {

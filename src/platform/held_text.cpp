@@ -1,7 +1,7 @@
 #include "platform/held_text.h"
 
-#include "core/charset.h"
 #include "core/codes.h"
+#include "graphic/font_characters.h"
 
 #include <algorithm>
 #include <array>
@@ -13,19 +13,15 @@ namespace {
 
 constexpr char16_t kParagraph = QChar::ParagraphSeparator;
 
-/// Control characters, which Qt's layout hides or acts on; the no-break space,
-/// which its copies turn into a blank; the soft hyphen, which it hides.
-constexpr bool needsPrivateCharacter(unsigned char byte, char32_t character) {
-    return byte < 32 || (character >= 0x7F && character <= 0xA0) || character == 0xAD;
-}
+/// Qt's copies turn it into a blank. What its layout hides or acts on, other programs
+/// drop as well.
+constexpr char32_t kNoBreakSpace = 0xA0;
 
 std::array<char16_t, 256> makeHeldCharacters() {
     std::array<char16_t, 256> characters{};
     for (unsigned code = 0; code < 256; ++code) {
-        const auto byte = static_cast<unsigned char>(code);
-        const char32_t character = windowsCharacter(byte);
-        characters[code] = needsPrivateCharacter(byte, character) ? static_cast<char16_t>(kHeldByte + code)
-                                                                  : static_cast<char16_t>(character);
+        const char32_t character = characterInFont(FontKind::Calculator, static_cast<unsigned char>(code));
+        characters[code] = static_cast<char16_t>(character == kNoBreakSpace ? kHeldByte + code : character);
     }
     return characters;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/charset.h"
+
 #include <QString>
 #include <string>
 #include <string_view>
@@ -11,7 +13,7 @@ namespace zolt {
 /// private character kHeldByte + byte, which the fonts of the calculator map to
 /// the same glyph. CR LF is one paragraph separator; a lone CR or LF is held
 /// like any other control character.
-inline constexpr char16_t kHeldByte = 0xE000;
+inline constexpr char16_t kHeldByte = kPrivateByte;
 
 QString heldText(std::string_view bytes);
 
