@@ -1,16 +1,13 @@
 #include "graphic/rich_text_samples.h"
 #include "graphic/rtf_reader.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
-using namespace zolt;
-using namespace zolt::test;
-
+namespace zolt {
 namespace {
 
-constexpr std::string_view kPngHex =
-    "89504e470d0a1a0a0000000d4948445200000008000000060800000000db6e8027000000144944415478da6360f8ff\r\n"
-    "1f8c603482c9805b0a005d031fe1649abcfe0000000049454e44ae426082";
+using namespace test;
 
 std::string hexOf(std::string_view bytes) {
     std::string hex;
@@ -24,6 +21,11 @@ std::string hexOf(std::string_view bytes) {
 
 std::string textOf(std::string_view rtf) {
     return plainText(richTextFromRtf(rtf));
+}
+
+void expectTexts(std::initializer_list<std::pair<std::string_view, std::string_view>> cases) {
+    for (const auto &[rtf, text] : cases)
+        EXPECT_EQ(textOf(rtf), text) << rtf;
 }
 
 /// The formats of a text as a line: font, size in points, attributes, colour.
@@ -58,9 +60,7 @@ std::vector<RichPicture> picturesOf(std::string_view rtf) {
     return pictures;
 }
 
-} // namespace
-
-TEST(RtfReader, reads_a_file_in_wordpads_manner) {
+TEST(RtfReader, ReadsAFileInWordpadsManner) {
     const RichText text = richTextFromRtf(
         "{\\rtf1\\ansi\\ansicpg1252\\deff0\\nouicompat\\deflang1033{\\fonttbl{\\f0\\fnil\\fcharset0 ZOLT;}"
         "{\\f1\\fnil\\fcharset0 Courier New;}{\\f2\\fnil\\fcharset2 Symbol;}}\r\n"
@@ -76,7 +76,7 @@ TEST(RtfReader, reads_a_file_in_wordpads_manner) {
                               "[three] Courier New 11 strike\n");
 }
 
-TEST(RtfReader, reads_a_file_in_words_manner) {
+TEST(RtfReader, ReadsAFileInWordsManner) {
     const RichText text = richTextFromRtf(
         "{\\rtf1\\adeflang1025\\ansi\\ansicpg1252\\uc1\\adeff31507\\deff0\\stshfdbch31506\\deflang2070"
         "{\\fonttbl{\\f0\\fbidi \\froman\\fcharset0\\fprq2{\\*\\panose 02020603050405020304}Times New Roman;}"
@@ -100,19 +100,15 @@ TEST(RtfReader, reads_a_file_in_words_manner) {
     EXPECT_EQ(plainText(text), "bold\xA0text's innerlink\r\nansi");
 }
 
-TEST(RtfReader, takes_the_colour_table_before_the_font_table) {
+TEST(RtfReader, TakesTheColourTableBeforeTheFontTable) {
     EXPECT_EQ(
         describe(richTextFromRtf("{\\rtf1{\\colortbl;\\red1\\green2\\blue3;}{\\fonttbl\\f7 Arial;\\f3 ZOLT;}"
                                  "\\f3\\cf1 x\\cf9\\f1 y}")),
         "[x] ZOLT 12 197121\n[y] Arial 12\n");
 }
 
-TEST(RtfReader, translates_characters_by_code_page) {
-    struct Case {
-        std::string_view rtf;
-        std::string_view text;
-    };
-    const Case cases[] = {
+TEST(RtfReader, TranslatesCharactersByCodePage) {
+    expectTexts({
         // The same character under different numbers: the byte of code page 1252.
         {"{\\rtf1\\ansicpg1252 \\'e9}", "\xE9"},
         {"{\\rtf1\\ansicpg437 \\'82}", "\xE9"},
@@ -123,6 +119,7 @@ TEST(RtfReader, translates_characters_by_code_page) {
         // Greek letters are characters of the calculator.
         {"{\\rtf1{\\fonttbl{\\f0\\fcharset161 Arial Greek;}}\\deff0\\plain \\'e1}", "\x8C"},
         {"{\\rtf1\\u945 ?\\u960\\'3f}", "\x8C\x87"},
+        {"{\\rtf1 a\\'4", "a4"},
         {"{\\rtf1\\ansicpg932 \\'83\\'41a}", "?Aa"},
         // Signs that the calculator lacks become the nearest ones.
         {"{\\rtf1\\emdash\\endash\\bullet\\lquote\\rquote\\ldblquote\\rdblquote\\~\\_\\-\\emspace\\tab x}",
@@ -140,17 +137,11 @@ TEST(RtfReader, translates_characters_by_code_page) {
         {"{\\rtf1{\\fonttbl{\\f0 "
          "ZOLTBold;}}\\f0\\u338?\\u945?\\u8230?\\u-8053?\\u-3957?\\u61825\\'81\\u129?}",
          "\x8C\x8C\x85\x8B\x8B\x81\x81"},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(textOf(c.rtf), c.text) << c.rtf;
+    });
 }
 
-TEST(RtfReader, drops_what_stands_behind_a_unicode_character_for_old_programs) {
-    struct Case {
-        std::string_view rtf;
-        std::string_view text;
-    };
-    const Case cases[] = {
+TEST(RtfReader, DropsWhatStandsBehindAUnicodeCharacterForOldPrograms) {
+    expectTexts({
         {"{\\rtf1\\u8364?x}", "EURx"},
         {"{\\rtf1\\uc0\\u176x}", "\xB0x"},
         {"{\\rtf1\\uc2\\u233\\'65\\'27x}", "\xE9x"},
@@ -160,30 +151,22 @@ TEST(RtfReader, drops_what_stands_behind_a_unicode_character_for_old_programs) {
         {"{\\rtf1\\u233\\par x}", "\xE9\r\nx"},
         {"{\\rtf1\\u-10179?\\u-8704?x}", "?x"},
         {"{\\rtf1\\u-3913?x}", "\xB7x"},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(textOf(c.rtf), c.text) << c.rtf;
+    });
 }
 
-TEST(RtfReader, ends_lines_where_a_reader_sees_them_end) {
-    struct Case {
-        std::string_view rtf;
-        std::string_view text;
-    };
-    const Case cases[] = {
+TEST(RtfReader, EndsLinesWhereAReaderSeesThemEnd) {
+    expectTexts({
         {"{\\rtf1 a\\par b\\line c\\\r\nd\\par}", "a\r\nb\r\nc\r\nd"},
         {"{\\rtf1 a\r\nb}", "ab"},
         {"{\\rtf1 a\\page\\par b\\sect c}", "a\r\n\r\nb\r\nc"},
         {"{\\rtf1\\trowd\\intbl a\\cell b\\cell\\row\\trowd\\intbl c\\cell\\cell\\row\\pard d}",
          "a\tb\r\nc\t\r\nd"},
         {"{\\rtf1\\'0d\\'0ax\\'0d\\b\\u10?y\\'0dz}", "\r\nx\r\ny\rz"},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(textOf(c.rtf), c.text) << c.rtf;
+    });
 }
 
-TEST(RtfReader, reads_pictures_of_every_kind_once) {
-    const std::string png(kPngHex);
+TEST(RtfReader, ReadsPicturesOfEveryKindOnce) {
+    const std::string png = hexOf(pngFile()).insert(90, "\r\n");
     const std::string bmp = bmpFile(20, 12);
     const std::string dib = hexOf(bmp.substr(14));
     // A metafile of three records: a map mode, StretchDIBits, the end.
@@ -248,7 +231,7 @@ TEST(RtfReader, reads_pictures_of_every_kind_once) {
     EXPECT_EQ(binary[0].bytes, raw);
 }
 
-TEST(RtfReader, drops_pictures_that_do_not_hold_together) {
+TEST(RtfReader, DropsPicturesThatDoNotHoldTogether) {
     std::string huge = bmpFile(20, 12).substr(14);
     huge[7] = 0x70;
     for (const std::string &group :
@@ -259,17 +242,11 @@ TEST(RtfReader, drops_pictures_that_do_not_hold_together) {
         EXPECT_EQ(textOf("{\\rtf1 a{\\pict" + group + "}}"), "a") << group;
 }
 
-TEST(RtfReader, takes_other_texts_as_plain) {
+TEST(RtfReader, TakesOtherTextsAsPlainAndTellsThemFromOtherFiles) {
     EXPECT_EQ(textOf("plain {\\b text}\r\nsecond\r\n"), "plain {\\b text}\r\nsecond");
     EXPECT_EQ(textOf(""), "");
-}
-
-TEST(RtfReader, tells_texts_from_other_files) {
-    for (const std::string &text : {std::string(), std::string("plain\r\n"),
-                                    std::string("\x0B"
-                                                "Bx\x9E"
-                                                "123456\xFF\x01"),
-                                    std::string("%PD GIF BM PK")})
+    for (const std::string &text : {std::string("plain\r\n"), withMarks("@Bx#123456\xFF\x01"),
+                                    std::string("%PD GIF BM PK"), std::string()})
         EXPECT_TRUE(mayBePlainText(text)) << text;
     for (const std::string &other :
          {pngFile(), bmpFile(8, 8), samplePicture(RichPicture::Kind::Jpeg).bytes, std::string("%PDF-1.2\r\n"),
@@ -277,16 +254,7 @@ TEST(RtfReader, tells_texts_from_other_files) {
         EXPECT_FALSE(mayBePlainText(other)) << other;
 }
 
-TEST(RtfReader, ends_quietly_wherever_the_source_is_cut_off) {
-    const std::string whole =
-        "{\\rtf1{\\fonttbl{\\f0\\fcharset0 ZOLT;}}{\\colortbl;\\red1;}a\\'e9\\u233?\\b b\\par"
-        "{\\pict\\pngblip\\bin4 abcd}{\\*\\x y}{\\pict\\dibitmap0 2800}c}";
-    for (std::size_t length = 0; length < whole.size(); ++length)
-        richTextFromRtf(std::string_view(whole).substr(0, length));
-    EXPECT_EQ(textOf("{\\rtf1 a\\'4"), "a4");
-}
-
-TEST(RtfReader, nesting_costs_no_stack) {
+TEST(RtfReader, NestingCostsNoStack) {
     const std::string open(300'000, '{');
     const std::string close(300'000, '}');
     EXPECT_EQ(textOf("{\\rtf1 a" + open + "b" + close + "c}d"), "abc");
@@ -297,3 +265,6 @@ TEST(RtfReader, nesting_costs_no_stack) {
         groups += "{\\*\\x{\\pict{\\fonttbl{\\sn";
     EXPECT_EQ(textOf(groups), "");
 }
+
+} // namespace
+} // namespace zolt

@@ -1,55 +1,42 @@
 #include "core/codes.h"
-#include "core/file.h"
 #include "graphic/rich_text_builder.h"
 #include "graphic/rich_text_samples.h"
 #include "graphic/rtf_reader.h"
 #include "graphic/rtf_writer.h"
-
-#include <gtest/gtest.h>
+#include "support/other_programs.h"
+#include "support/temporary_folder.h"
 
 #include <cstdlib>
-#include <filesystem>
+#include <gtest/gtest.h>
 #include <utility>
 
-using namespace zolt;
-using namespace zolt::test;
-
+namespace zolt {
 namespace {
+
+using namespace test;
 
 /// A folder in which LibreOffice converts files, with a profile of its own.
 class WordProcessor : public testing::Test {
 protected:
     void SetUp() override {
-        if (std::system("command -v soffice >/dev/null 2>&1") != 0)
+        if (!hasProgram("soffice"))
             GTEST_SKIP() << "LibreOffice isn't installed";
-        std::string pattern = (std::filesystem::temp_directory_path() / "zolt-rtf-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        m_folder = pattern;
-    }
-
-    void TearDown() override {
-        if (!m_folder.empty())
-            std::filesystem::remove_all(m_folder);
     }
 
     /// The bytes of `name` converted; `options` name the format wanted.
     std::string convert(const std::string &name, std::string_view bytes, const std::string &options,
                         const std::string &resultExtension) {
-        const std::filesystem::path source = m_folder / name;
-        EXPECT_EQ(writeFile(source.string(), bytes), "");
-        const std::string out = (m_folder / "out").string();
-        const std::string command = "soffice -env:UserInstallation=file://" +
-                                    (m_folder / "profile").string() + " --headless " + options +
-                                    " --outdir '" + out + "' '" + source.string() + "' >/dev/null 2>&1";
+        const std::filesystem::path source = m_folder.file(name);
+        putBytes(source.string(), bytes);
+        const std::string command = "soffice -env:UserInstallation=file://" + m_folder.file("profile") +
+                                    " --headless " + options + " --outdir '" + m_folder.file("out") + "' '" +
+                                    source.string() + "' >/dev/null 2>&1";
         EXPECT_EQ(std::system(command.c_str()), 0) << command;
-        const std::string result = (std::filesystem::path(out) / source.stem()).string() + resultExtension;
-        const FileContents contents = readFile(result);
-        EXPECT_TRUE(contents.ok()) << result << ": " << contents.reason;
-        return contents.bytes;
+        return bytesOf(m_folder.file("out/" + source.stem().string() + resultExtension));
     }
 
 private:
-    std::filesystem::path m_folder;
+    TemporaryFolder m_folder;
 };
 
 std::string base64(std::string_view bytes) {
@@ -93,9 +80,7 @@ std::string flatDocument() {
 </office:text></office:body></office:document>)";
 }
 
-} // namespace
-
-TEST_F(WordProcessor, files_are_read_with_text_fonts_and_pictures) {
+TEST_F(WordProcessor, FilesAreReadWithTextFontsAndPictures) {
     const std::string rtf =
         convert("sample.fodt", flatDocument(), "--convert-to 'rtf:Rich Text Format'", ".rtf");
     const RichText text = richTextFromRtf(rtf);
@@ -119,7 +104,7 @@ TEST_F(WordProcessor, files_are_read_with_text_fonts_and_pictures) {
     EXPECT_NEAR(picture->height, 180, 2);
 }
 
-TEST_F(WordProcessor, every_byte_in_every_font_outlives_every_format) {
+TEST_F(WordProcessor, EveryByteInEveryFontOutlivesEveryFormat) {
     RichTextBuilder builder;
     std::vector<std::string> fonts{"Liberation Sans"};
     for (int style = 0; style < kStyleCount; ++style)
@@ -154,7 +139,7 @@ TEST_F(WordProcessor, every_byte_in_every_font_outlives_every_format) {
     }
 }
 
-TEST_F(WordProcessor, our_files_open_with_the_same_text_fonts_and_pictures) {
+TEST_F(WordProcessor, OurFilesOpenWithTheSameTextFontsAndPictures) {
     RichTextBuilder builder;
     const std::uint16_t bold = builder.text().fontIndex("ZOLTBold");
     builder.append("Mem\xF3ria \x80 {livre} \\o/", {});
@@ -176,3 +161,6 @@ TEST_F(WordProcessor, our_files_open_with_the_same_text_fonts_and_pictures) {
     EXPECT_NE(flat.find("svg:width=\"0.1665in\" svg:height=\"0.125"), std::string::npos);
     EXPECT_NE(flat.find("svg:width=\"0.4165in\" svg:height=\"0.25in\""), std::string::npos);
 }
+
+} // namespace
+} // namespace zolt

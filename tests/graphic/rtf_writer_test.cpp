@@ -3,18 +3,18 @@
 #include "graphic/rtf_picture.h"
 #include "graphic/rtf_reader.h"
 #include "graphic/rtf_writer.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
-using namespace zolt;
-using namespace zolt::test;
+namespace zolt {
+namespace {
 
-TEST(RtfRoundTrip, every_byte_comes_back_in_every_kind_of_font) {
-    std::string all;
-    for (int byte = 0; byte < 256; ++byte) {
-        if (byte != '\n')
-            all += static_cast<char>(byte);
-    }
+using namespace test;
+
+TEST(RtfRoundTrip, EveryByteComesBackInEveryKindOfFont) {
+    std::string all = everyByte();
+    std::erase(all, '\n');
     for (const char *font : {"ZOLT", "ZOLTIndice", "MS Sans Serif"}) {
         RichText text = oneRun(all + "\n");
         text.fonts = {font};
@@ -22,7 +22,7 @@ TEST(RtfRoundTrip, every_byte_comes_back_in_every_kind_of_font) {
     }
 }
 
-TEST(RtfRoundTrip, paragraphs_keep_their_number) {
+TEST(RtfRoundTrip, ParagraphsKeepTheirNumber) {
     for (const char *plain : {"", "a", "a\r\n", "\r\na", "\r\n", "\r\n\r\n", "a\r\n\r\nb\r\n\r\n"}) {
         const RichText text = richTextFromPlainText(plain);
         const RichText read = richTextFromRtf(rtfFromRichText(text));
@@ -31,7 +31,7 @@ TEST(RtfRoundTrip, paragraphs_keep_their_number) {
     }
 }
 
-TEST(RtfRoundTrip, random_rich_texts_come_back_as_they_were) {
+TEST(RtfRoundTrip, RandomRichTextsComeBackAsTheyWere) {
     std::mt19937 random(48);
     for (int i = 0; i < 2000; ++i) {
         const RichText text = randomRichText(random);
@@ -40,7 +40,7 @@ TEST(RtfRoundTrip, random_rich_texts_come_back_as_they_were) {
     }
 }
 
-TEST(RtfWriter, names_fonts_and_opens_pictures_literally) {
+TEST(RtfWriter, NamesFontsAndOpensPicturesLiterally) {
     RichText text = oneRun("pict and {\\pict");
     text.fontIndex("ZOLTInverse");
     text.paragraphs[0].runs.push_back({{}, samplePicture(RichPicture::Kind::Png)});
@@ -53,7 +53,7 @@ TEST(RtfWriter, names_fonts_and_opens_pictures_literally) {
     EXPECT_NE(rtf.find("\\picw8\\pich6\\picwgoal240\\pichgoal180", picture), std::string::npos);
 }
 
-TEST(RtfWriter, writes_a_byte_as_its_font_shows_it) {
+TEST(RtfWriter, WritesAByteAsItsFontShowsIt) {
     struct Case {
         const char *font;
         std::string_view written;
@@ -67,15 +67,12 @@ TEST(RtfWriter, writes_a_byte_as_its_font_shows_it) {
     }
 }
 
-TEST(RtfWriter, leaves_no_byte_that_depends_on_a_code_page) {
-    std::string all;
-    for (int byte = 1; byte < 256; ++byte)
-        all += static_cast<char>(byte);
-    for (const char c : rtfFromRichText(oneRun(all)))
+TEST(RtfWriter, LeavesNoByteThatDependsOnACodePage) {
+    for (const char c : rtfFromRichText(oneRun(everyByte())))
         ASSERT_TRUE(c == '\r' || c == '\n' || (c >= ' ' && c <= '~'));
 }
 
-TEST(Rtf, ends_at_once_when_the_progress_says_so) {
+TEST(RtfRoundTrip, EndsAtOnceWhenTheProgressSaysSo) {
     const RichText text = oneRun(std::string(100'000, 'x'));
     const std::string rtf = rtfFromRichText(text);
     int calls = 0;
@@ -92,16 +89,19 @@ TEST(Rtf, ends_at_once_when_the_progress_says_so) {
     EXPECT_EQ(calls, 3);
 }
 
-TEST(RtfPicture, a_bmp_file_with_a_gap_before_its_dots_is_packed) {
+TEST(RtfPicture, ABmpFileWithAGapBeforeItsDotsIsPacked) {
     const std::string packed = bmpFile(9, 2);
     std::string gapped = packed.substr(0, 62) + "gap!" + packed.substr(62);
     gapped[10] = 66;
     EXPECT_EQ(bmpFromDib(dibFromBmp(gapped)), packed);
 }
 
-TEST(RtfPicture, reads_the_size_of_each_kind) {
+TEST(RtfPicture, ReadsTheSizeOfEachKind) {
     EXPECT_EQ(pictureSize(pngFile()), (PictureSize{8, 6}));
     EXPECT_EQ(pictureSize(samplePicture(RichPicture::Kind::Jpeg).bytes), (PictureSize{12, 9}));
     EXPECT_EQ(pictureSize(bmpFile(20, 12)), (PictureSize{20, 12}));
     EXPECT_EQ(pictureSize("no picture"), (PictureSize{0, 0}));
 }
+
+} // namespace
+} // namespace zolt
