@@ -1,38 +1,32 @@
 #include "core/document.h"
 
+#include "support/texts.h"
+
 #include <gtest/gtest.h>
 
 namespace zolt {
 namespace {
 
-std::string everyByte() {
-    std::string bytes;
-    for (int code = 0; code < 256; ++code)
-        bytes += static_cast<char>(code);
-    return bytes;
+TEST(DocumentFile, EndsItsLinesWithCrLfOrCr) {
+    const std::pair<std::string_view, std::string_view> filesAndDocuments[] = {{"", ""},
+                                                                               {"\r\n", ""},
+                                                                               {"\r", ""},
+                                                                               {"a", "a"},
+                                                                               {"a\r\n", "a"},
+                                                                               {"a\r", "a"},
+                                                                               {"a\r\n\r\n", "a\r\n"},
+                                                                               {"a\rb\r\n", "a\r\nb"},
+                                                                               {"a\nb\r\n", "a\nb"},
+                                                                               {"a\n", "a\n"},
+                                                                               {"a\r\r\nb", "a\r\n\r\nb"},
+                                                                               {"\n\r\r\n", "\n\r\n"}};
+    for (const auto &[file, document] : filesAndDocuments)
+        EXPECT_EQ(documentFromFile(file), document);
 }
-
-struct FileCase {
-    std::string_view file;
-    std::string_view document;
-};
-
-class ReadsFile : public testing::TestWithParam<FileCase> {};
-
-TEST_P(ReadsFile, AsTheDocumentItHolds) {
-    EXPECT_EQ(documentFromFile(GetParam().file), GetParam().document);
-}
-
-INSTANTIATE_TEST_SUITE_P(LineEnds, ReadsFile,
-                         testing::Values(FileCase{"", ""}, FileCase{"\r\n", ""}, FileCase{"\r", ""},
-                                         FileCase{"a", "a"}, FileCase{"a\r\n", "a"}, FileCase{"a\r", "a"},
-                                         FileCase{"a\r\n\r\n", "a\r\n"}, FileCase{"a\rb\r\n", "a\r\nb"},
-                                         FileCase{"a\nb\r\n", "a\nb"}, FileCase{"a\n", "a\n"},
-                                         FileCase{"a\r\r\nb", "a\r\n\r\nb"}, FileCase{"\n\r\r\n", "\n\r\n"}));
 
 TEST(DocumentFile, GivesBackEveryByteOfADocument) {
     // A lone CR is the one thing that a file turns into a line end.
-    std::string document = everyByte() + "\r\n" + everyByte();
+    std::string document = test::everyByte() + "\r\n" + test::everyByte();
     std::erase(document, '\r');
     for (const std::string &text : {document, document + "\r\n", std::string(), std::string("\r\n\r\n")})
         EXPECT_EQ(documentFromFile(fileFromDocument(text)), text);

@@ -1,16 +1,13 @@
 #include "core/letter_case.h"
 
+#include "support/texts.h"
+
 #include <gtest/gtest.h>
 
 namespace zolt {
 namespace {
 
-std::string everyByte() {
-    std::string bytes;
-    for (int code = 0; code < 256; ++code)
-        bytes += static_cast<char>(code);
-    return bytes;
-}
+using test::everyByte;
 
 std::size_t bytesChanged(const std::string &text) {
     const std::string before = everyByte();

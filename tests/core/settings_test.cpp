@@ -60,31 +60,25 @@ TEST(SettingsFile, CountsPlacesAndNotKeys) {
     EXPECT_EQ(settingsFromFile(file), defaultSettings(kFolder));
 }
 
-struct NumberCase {
-    const char *value;
-    /// The size read, or nothing if the file is damaged.
-    std::optional<int> size;
-    /// The margin read from the same text.
-    std::optional<int> margin;
-};
-
-class ReadsNumber : public testing::TestWithParam<NumberCase> {};
-
-TEST_P(ReadsNumber, AsItsFieldAsks) {
-    const std::string value = GetParam().value;
-    const auto withSize = settingsFromFile(changed("TFntSize=10", "TFntSize=" + value));
-    EXPECT_EQ(withSize ? std::optional<int>(withSize->TFntSize) : std::nullopt, GetParam().size);
-    const auto withMargin = settingsFromFile(changed("PgStpTop=1440", "PgStpTop=" + value));
-    EXPECT_EQ(withMargin ? std::optional<int>(withMargin->PgStpTop) : std::nullopt, GetParam().margin);
+TEST(SettingsFile, ReadsNumbersAsTheirFieldsAsk) {
+    const struct {
+        std::string value;
+        /// The size read, or nothing if the file is damaged.
+        std::optional<int> size;
+        /// The margin read from the same text.
+        std::optional<int> margin;
+    } cases[] = {{"12", 12, 12},        {" -7 ", -7, -7},   {"+9", 9, 9},     {"9.75", 10, 10},
+                 {"11 points", 11, {}}, {"", 0, {}},        {"large", 0, {}}, {"-", 0, {}},
+                 {"inf", 0, {}},        {"nan", 0, {}},     {"+-3", 0, {}},   {"32767", 32767, 32767},
+                 {"32768", {}, {}},     {"-32769", {}, {}}, {"1e99", {}, {}}};
+    for (const auto &one : cases) {
+        const auto withSize = settingsFromFile(changed("TFntSize=10", "TFntSize=" + one.value));
+        EXPECT_EQ(withSize ? std::optional<int>(withSize->TFntSize) : std::nullopt, one.size) << one.value;
+        const auto withMargin = settingsFromFile(changed("PgStpTop=1440", "PgStpTop=" + one.value));
+        EXPECT_EQ(withMargin ? std::optional<int>(withMargin->PgStpTop) : std::nullopt, one.margin)
+            << one.value;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Texts, ReadsNumber,
-    testing::Values(NumberCase{"12", 12, 12}, NumberCase{" -7 ", -7, -7}, NumberCase{"+9", 9, 9},
-                    NumberCase{"9.75", 10, 10}, NumberCase{"11 points", 11, {}}, NumberCase{"", 0, {}},
-                    NumberCase{"large", 0, {}}, NumberCase{"-", 0, {}}, NumberCase{"inf", 0, {}},
-                    NumberCase{"nan", 0, {}}, NumberCase{"+-3", 0, {}}, NumberCase{"32767", 32767, 32767},
-                    NumberCase{"32768", {}, {}}, NumberCase{"-32769", {}, {}}, NumberCase{"1e99", {}, {}}));
 
 TEST(SettingsFile, WritesColoursInPlainDecimal) {
     EXPECT_EQ(settingsFromFile(changed("=16777215", "= 0255 (red)"))->TFntBckC, "255");
@@ -123,6 +117,7 @@ TEST(ReadSettings, WritesTheDefaultsOverAFileThatFails) {
     std::filesystem::remove(path);
     EXPECT_EQ(readSettings(path, kFolder), defaultSettings(kFolder));
     EXPECT_EQ(bytesOf(path), defaultFile());
+    EXPECT_EQ(readSettings(folder.file("missing/ZOLT.ini"), kFolder), defaultSettings(kFolder));
 }
 
 TEST(ReadSettings, LeavesASoundFileAndAnUnsoundPaneAlone) {
@@ -134,11 +129,6 @@ TEST(ReadSettings, LeavesASoundFileAndAnUnsoundPaneAlone) {
     EXPECT_EQ(settings.TxtWWrap, 3);
     EXPECT_FALSE(areSound(settings));
     EXPECT_EQ(bytesOf(path), file);
-}
-
-TEST(ReadSettings, EndsWithTheDefaultsWhenNothingCanBeWritten) {
-    const TemporaryFolder folder;
-    EXPECT_EQ(readSettings(folder.file("missing/ZOLT.ini"), kFolder), defaultSettings(kFolder));
 }
 
 TEST(WriteSettings, LeavesTheFilesTextWhereOneCannotStandInIt) {
