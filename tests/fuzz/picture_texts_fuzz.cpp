@@ -1,3 +1,4 @@
+#include "fuzz/require.h"
 #include "images/bitmap_file.h"
 #include "images/gif_file.h"
 #include "images/grob.h"
@@ -5,20 +6,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
 
+using zolt::test::require;
+
 /// Larger surfaces only take longer.
 constexpr std::int64_t kMostDotsWritten = 1 << 16;
-
-void require(bool holds, const char *what) {
-    if (!holds) {
-        std::fprintf(stderr, "%s\n", what);
-        std::abort();
-    }
-}
 
 /// Every writer takes whatever surface a reader gives.
 void checkWriters(const zolt::PictureOfText &picture) {

@@ -1,11 +1,10 @@
+#include "fuzz/require.h"
 #include "platform/pictures.h"
 
 #include <QBuffer>
 #include <QLoggingCategory>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 /// Whatever is decoded has a size within the limit, and gives dots.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
@@ -14,10 +13,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     const zolt::LoadedPicture picture = zolt::decodePicture(buffer);
-    if (picture.ok() != picture.reason.empty() || picture.image.sizeInBytes() > zolt::kMostPictureBytes) {
-        std::fprintf(stderr, "a picture without a reason or beyond the limit\n");
-        std::abort();
-    }
+    zolt::test::require(picture.ok() == picture.reason.empty() &&
+                            picture.image.sizeInBytes() <= zolt::kMostPictureBytes,
+                        "a picture without a reason or beyond the limit");
     zolt::dotsOfPicture(picture.image, 132, 65);
     return 0;
 }

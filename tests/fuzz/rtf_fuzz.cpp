@@ -1,19 +1,13 @@
+#include "fuzz/require.h"
 #include "graphic/rtf_reader.h"
 #include "graphic/rtf_writer.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
 
-void require(bool holds, const char *what) {
-    if (!holds) {
-        std::fprintf(stderr, "%s\n", what);
-        std::abort();
-    }
-}
+using zolt::test::require;
 
 void checkRuns(const zolt::RichText &text) {
     for (const zolt::Paragraph &paragraph : text.paragraphs) {

@@ -1,6 +1,7 @@
 #include "hp48/hp_file_name.h"
 
 #include <gtest/gtest.h>
+#include <map>
 
 namespace zolt {
 namespace {
@@ -19,57 +20,46 @@ TEST(HpFileName, RefusesTheFirstInvalidCharacter) {
     }
 }
 
-struct NameCase {
-    std::string_view title;
-    NameVerdict::Kind kind;
-    std::string message;
-};
-
-NameCase command(std::string_view title, const std::string &shown) {
-    return {title, NameVerdict::Refused, "Command names are not allowed (" + shown + ") " + kAgain + "."};
+TEST(HpFileName, IsCheckedAsTheCalculatorWould) {
+    const auto command = [](const std::string &shown) {
+        return "Command names are not allowed (" + shown + ") " + kAgain + ".";
+    };
+    const auto reserved = [](const std::string &title) {
+        return "The filename (" + title + ") is a reserved variable\r\nContinue ?";
+    };
+    const std::string sigma = "\x85";
+    const std::map<std::string, std::string> messages{
+        {"7UP", "The filename cannot begin with a digit (7) " + kAgain},
+        {"swap", command("SWAP")},
+        {"Picture", command("PICTURE")},
+        {"i", command("I")},
+        {"\x87", command("\x87")},
+        {"eq", reserved("eq")},
+        {sigma + "dat", reserved(sigma + "dat")},
+        {sigma + "PAR", reserved(sigma + "PAR")},
+        {"IOPar", reserved("IOPar")},
+        {"derx", reserved("derx")},
+        {"DER", reserved("DER")},
+        {"S1", reserved("S1")},
+        {"n7", reserved("n7")}};
+    for (const auto &[title, message] : messages) {
+        const NameVerdict verdict = checkHpFileName(title);
+        EXPECT_EQ(verdict.kind, message.ends_with('?') ? NameVerdict::Reserved : NameVerdict::Refused);
+        EXPECT_EQ(verdict.message, message);
+    }
+    for (const char *title : {"U7", "Readme", "SWAP2", "I", "\x87r", "PAR", "ORDER", "S10", "S", "T1"})
+        EXPECT_EQ(checkHpFileName(title).kind, NameVerdict::Allowed) << title;
 }
-
-NameCase reserved(std::string_view title) {
-    return {title, NameVerdict::Reserved,
-            "The filename (" + std::string(title) + ") is a reserved variable\r\nContinue ?"};
-}
-
-NameCase allowed(std::string_view title) {
-    return {title, NameVerdict::Allowed, ""};
-}
-
-class ChecksName : public testing::TestWithParam<NameCase> {};
-
-TEST_P(ChecksName, AsTheCalculatorWould) {
-    const NameVerdict verdict = checkHpFileName(GetParam().title);
-    EXPECT_EQ(verdict.kind, GetParam().kind);
-    EXPECT_EQ(verdict.message, GetParam().message);
-}
-
-INSTANTIATE_TEST_SUITE_P(Names, ChecksName,
-                         testing::Values(NameCase{"7UP", NameVerdict::Refused,
-                                                  "The filename cannot begin with a digit (7) " + kAgain},
-                                         allowed("U7"), allowed("Readme"), command("swap", "SWAP"),
-                                         command("Picture", "PICTURE"), allowed("SWAP2"), command("i", "I"),
-                                         allowed("I"), command("\x87", "\x87"), allowed("\x87r"),
-                                         reserved("eq"),
-                                         reserved("\x85"
-                                                  "dat"),
-                                         reserved("\x85PAR"), reserved("IOPar"), allowed("PAR"),
-                                         reserved("derx"), reserved("DER"), allowed("ORDER"), reserved("S1"),
-                                         reserved("n7"), allowed("S10"), allowed("S"), allowed("T1")));
-
-struct TitleCase {
-    const char *typed;
-    NameVerdict::Check check;
-    std::string message;
-};
 
 TEST(HpFileTitle, StandsForBytesOfTheCalculatorAndIsShownAsTyped) {
     const auto invalid = [](const std::string &character) {
         return "The filename contains the invalid character (" + character + ") " + kAgain;
     };
-    const TitleCase cases[] = {
+    const struct {
+        const char *typed;
+        NameVerdict::Check check;
+        std::string message;
+    } cases[] = {
         {"\u03B1\u03B2", NameVerdict::None, ""},
         {"\u00DF\u03BC\u00B5\u03A9", NameVerdict::None, ""},
         {"r\u00E9sum\u00E9", NameVerdict::None, ""},
@@ -83,7 +73,7 @@ TEST(HpFileTitle, StandsForBytesOfTheCalculatorAndIsShownAsTyped) {
         {"a.\u4E2D", NameVerdict::InvalidCharacter, invalid(".")},
         {"7\u03B1", NameVerdict::FirstDigit, "The filename cannot begin with a digit (7) " + kAgain},
     };
-    for (const TitleCase &one : cases) {
+    for (const auto &one : cases) {
         const NameVerdict verdict = checkHpFileTitle(one.typed);
         EXPECT_EQ(verdict.check, one.check) << one.typed;
         EXPECT_EQ(verdict.message, one.message);

@@ -155,8 +155,7 @@ void collectEntries(Compiled &result) {
     }
 }
 
-} // namespace
-
+/// `s` ends in CR LF.
 std::string fold(const std::string &s) {
     std::string out;
     long col = 1;
@@ -200,6 +199,8 @@ std::string fold(const std::string &s) {
     return out;
 }
 
+} // namespace
+
 Compiled compile(std::string_view document, PreviewFlavour flavour) {
     Compiled result;
     std::string text(document);
@@ -216,6 +217,19 @@ Compiled compile(std::string_view document, PreviewFlavour flavour) {
     if (compiles)
         collectEntries(result);
     return result;
+}
+
+std::vector<Position> positionsOf(const StyledText &text) {
+    std::vector<Position> positions;
+    PieceReader reader(text);
+    while (reader.position() < text.characters.size()) {
+        const PieceReader::Piece piece = reader.next(text.characters.size());
+        const std::string font(fontOfStyle(piece.style));
+        for (std::size_t i = piece.begin; i < piece.end; ++i)
+            positions.push_back({text.characters[i], font, piece.picture != nullptr,
+                                 piece.picture ? piece.picture->cells : std::string()});
+    }
+    return positions;
 }
 
 std::vector<std::string> draw(const std::string &cells, ImageTextSize size) {

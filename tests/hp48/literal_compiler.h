@@ -30,8 +30,8 @@ struct Compiled {
 /// every position of a text that changes under the search. Positions count from 1.
 Compiled compile(std::string_view document, PreviewFlavour flavour);
 
-/// The fold alone; `text` ends in CR LF.
-std::string fold(const std::string &text);
+/// What the program compiles, in the same form.
+std::vector<Position> positionsOf(const StyledText &text);
 
 /// The dots of a picture, row by row, '#' for a dot on and '.' for one off.
 std::vector<std::string> draw(const std::string &cells, ImageTextSize size);

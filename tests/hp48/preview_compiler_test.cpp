@@ -3,12 +3,15 @@
 #include "hp48/preview_json.h"
 #include "literal_compiler.h"
 #include "random_document.h"
+#include "support/texts.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 
 namespace zolt {
 namespace {
+
+using test::withMarks;
 
 std::string visible(std::string_view text) {
     std::string shown;
@@ -22,21 +25,7 @@ std::string visible(std::string_view text) {
     return shown;
 }
 
-/// The compiled text, position by position, as the slow compiler gives it.
-std::vector<literal::Position> positionsOf(const StyledText &text) {
-    std::vector<literal::Position> positions;
-    PieceReader reader(text);
-    while (reader.position() < text.characters.size()) {
-        const PieceReader::Piece piece = reader.next(text.characters.size());
-        const std::string font(fontOfStyle(piece.style));
-        for (std::size_t i = piece.begin; i < piece.end; ++i)
-            positions.push_back({text.characters[i], font, piece.picture != nullptr,
-                                 piece.picture ? piece.picture->cells : std::string()});
-    }
-    return positions;
-}
-
-/// The same from the rich text. Line ends have no font there, so `like` gives theirs.
+/// The positions of the rich text. Line ends have no font there, so `like` gives theirs.
 std::vector<literal::Position> positionsOf(const RichText &rich, const std::vector<literal::Position> &like) {
     std::vector<literal::Position> positions;
     for (const Paragraph &paragraph : rich.paragraphs) {
@@ -65,7 +54,7 @@ void expectAsTheSlowWay(const std::string &document, PreviewFlavour flavour) {
     const Preview preview = compilePreview(document, flavour);
     const std::string about = visible(document);
     EXPECT_FALSE(preview.cancelled);
-    ASSERT_EQ(positionsOf(preview.styled), expected.text) << about;
+    ASSERT_EQ(literal::positionsOf(preview.styled), expected.text) << about;
     ASSERT_EQ(positionsOf(preview.text, expected.text), expected.text) << about;
     ASSERT_EQ(preview.entries, expected.entries) << about;
     ASSERT_EQ(preview.styled.pictures.size(), expected.pictureSizes.size()) << about;
@@ -88,8 +77,7 @@ TEST(PreviewCompiler, GivesWhatTheSlowWayGivesForRandomDocuments) {
 
 /// Every short text over the bytes from which codes, cells and line ends come about.
 TEST(PreviewCompiler, GivesWhatTheSlowWayGivesForEveryShortText) {
-    const std::string alphabet = "\x0B"
-                                 "BD\r\n\x9E";
+    const std::string alphabet = withMarks("@BD\r\n#");
     for (std::size_t length = 3; length <= 6; ++length) {
         std::vector<std::size_t> digits(length, 0);
         while (!HasFatalFailure()) {
@@ -126,71 +114,49 @@ std::string notation(const StyledText &text) {
     return shown;
 }
 
-/// In these documents "@" stands for the style mark and "#" for the cell mark.
-std::string withMarks(std::string text) {
-    std::replace(text.begin(), text.end(), '@', kStyleMark);
-    std::replace(text.begin(), text.end(), '#', kCellMark);
-    return text;
-}
-
 const std::string kText33 = "123456789012345678901234567890123";
 
-struct CompileCase {
-    std::string name;
-    std::string document;
-    std::string shown;
-    PreviewFlavour flavour = PreviewFlavour::Hp48;
-};
-
-class Compiles : public testing::TestWithParam<CompileCase> {};
-
-TEST_P(Compiles, AsTheCalculatorShowsIt) {
-    const Preview preview = compilePreview(withMarks(GetParam().document), GetParam().flavour);
-    EXPECT_EQ(notation(preview.styled), GetParam().shown);
+TEST(PreviewCompiler, GivesWhatTheCalculatorShows) {
+    std::string band;
+    for (int i = 0; i < 40; ++i)
+        band += "#123456";
+    const struct {
+        std::string document;
+        std::string shown;
+        PreviewFlavour flavour = PreviewFlavour::Hp48;
+    } cases[] = {
+        {"", ""},
+        {"\"\"", "\"\""},
+        {"\"abc\"", "abc\r\n"},
+        {"a\"c", "a'c\r\n"},
+        {"\"\"\"\"", "''\r\n"},
+        {kText33 + "4", kText33 + "\r\n4\r\n"},
+        {kText33 + "\r\nx", kText33 + "\r\nx\r\n"},
+        {kText33 + "45678901234567890", kText33 + "45678901234567890\r\n", PreviewFlavour::Normal},
+        {kText33 + "45678901234567890", kText33 + "\r\n45678901234567890\r\n", PreviewFlavour::Wrapped},
+        {"@B12@B" + kText33.substr(2), "B{12}" + kText33.substr(2) + "\r\n"},
+        {"@B" + kText33 + "@B", "B{" + kText33 + "\r\n}\r\n"},
+        {"@D12345678901234567890@D", "D{1234567890123456\r\n7890}\r\n"},
+        {"abcd@D12345678901234567890@D", "abcdD{123456789012\r\n34567890}\r\n"},
+        {kText33.substr(0, 18) + "@Dx@D", kText33.substr(0, 18) + "\r\nD{x}\r\n"},
+        {kText33.substr(0, 19) + "@Dx@D", kText33.substr(0, 19) + "D{x}\r\n"},
+        {band, "[40x1]\r\n"},
+        {"#123456", "[1x1]\r\n"},
+        {"#123456\r\n#123456\r\nx", "[1x1]\r\n[1x1]\r\nx\r\n"},
+        {"#123456#123456\r\n#123456#123456\r\nx", "[2x2]\r\nx\r\n"},
+        {"abc#12", "abc[1x2]"},
+        {"@Ba#123456b@B", "B{a}[1x1]B{b}\r\n"},
+        {"a@Bbc", "abc\r\n"},
+        {"a@Xb", "a\x0BXb\r\n"},
+        {"@Bab@B@Icd@I", "B{ab}I{cd}\r\n"},
+        {"@B@Vab@V@B", "B{\x0BVab}\r\n"},
+        {"@V@Bab@B@V", "B{ab}\r\n"},
+        {"@Ba@Ub@Bc@Ud", "B{a}U{bc}d\r\n"},
+        {"@Ba@Ub@Uc@Bd", "B{a}U{b}B{c}d\r\n"},
+        {"@Ba@@BBcd@Be", "B{acd}e\r\n"}};
+    for (const auto &[document, shown, flavour] : cases)
+        EXPECT_EQ(notation(compilePreview(withMarks(document), flavour).styled), shown) << document;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Documents, Compiles,
-    testing::Values(
-        CompileCase{"Empty", "", ""}, CompileCase{"TwoCharacters", "\"\"", "\"\""},
-        CompileCase{"QuotesAround", "\"abc\"", "abc\r\n"}, CompileCase{"QuoteInside", "a\"c", "a'c\r\n"},
-        CompileCase{"OnlyQuotes", "\"\"\"\"", "''\r\n"},
-        CompileCase{"34Columns", kText33 + "4", kText33 + "\r\n4\r\n"},
-        CompileCase{"33Columns", kText33 + "\r\nx", kText33 + "\r\nx\r\n"},
-        CompileCase{"50ColumnsNotFolded", kText33 + "45678901234567890", kText33 + "45678901234567890\r\n",
-                    PreviewFlavour::Normal},
-        CompileCase{"50ColumnsWrapped", kText33 + "45678901234567890", kText33 + "\r\n45678901234567890\r\n",
-                    PreviewFlavour::Wrapped},
-        CompileCase{"CodesTakeNoColumn", "@B12@B" + kText33.substr(2), "B{12}" + kText33.substr(2) + "\r\n"},
-        CompileCase{"CodeAtColumn33OnALineOfItsOwn", "@B" + kText33 + "@B", "B{" + kText33 + "\r\n}\r\n"},
-        CompileCase{"DoubleSizeAtColumn1", "@D12345678901234567890@D", "D{1234567890123456\r\n7890}\r\n"},
-        CompileCase{"DoubleSizeAtColumn5", "abcd@D12345678901234567890@D",
-                    "abcdD{123456789012\r\n34567890}\r\n"},
-        CompileCase{"DoubleSizeAtColumn19", kText33.substr(0, 18) + "@Dx@D",
-                    kText33.substr(0, 18) + "\r\nD{x}\r\n"},
-        CompileCase{"DoubleSizeBehindColumn19", kText33.substr(0, 19) + "@Dx@D",
-                    kText33.substr(0, 19) + "D{x}\r\n"},
-        CompileCase{"BandOfCellsIsNotFolded",
-                    [] {
-                        std::string band;
-                        for (int i = 0; i < 40; ++i)
-                            band += "#123456";
-                        return band;
-                    }(),
-                    "[40x1]\r\n"},
-        CompileCase{"OnlyACell", "#123456", "[1x1]\r\n"},
-        CompileCase{"OneColumnPictures", "#123456\r\n#123456\r\nx", "[1x1]\r\n[1x1]\r\nx\r\n"},
-        CompileCase{"TwoColumns", "#123456#123456\r\n#123456#123456\r\nx", "[2x2]\r\nx\r\n"},
-        CompileCase{"BrokenCellAtTheEnd", "abc#12", "abc[1x2]"},
-        CompileCase{"PictureInARun", "@Ba#123456b@B", "B{a}[1x1]B{b}\r\n"},
-        CompileCase{"UnpairedCode", "a@Bbc", "abc\r\n"}, CompileCase{"UnknownLetter", "a@Xb", "a\x0BXb\r\n"},
-        CompileCase{"TwoRunsSideBySide", "@Bab@B@Icd@I", "B{ab}I{cd}\r\n"},
-        CompileCase{"TurnHasPassed", "@B@Vab@V@B", "B{\x0BVab}\r\n"},
-        CompileCase{"TurnIsStillToCome", "@V@Bab@B@V", "B{ab}\r\n"},
-        CompileCase{"CrossingRuns", "@Ba@Ub@Bc@Ud", "B{a}U{bc}d\r\n"},
-        CompileCase{"InnerRun", "@Ba@Ub@Uc@Bd", "B{a}U{b}B{c}d\r\n"},
-        CompileCase{"CodeThatComesAbout", "@Ba@@BBcd@Be", "B{acd}e\r\n"}),
-    [](const testing::TestParamInfo<CompileCase> &one) { return one.param.name; });
 
 TEST(MenuEntries, AreLinesThatBeginWithAStar) {
     const std::string shortest = "*no entry\r\n*\r\n\r\n*" + kText33 + "\r\nx*";

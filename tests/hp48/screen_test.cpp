@@ -1,11 +1,14 @@
 #include "hp48/screen.h"
 
 #include "hp48/preview_compiler.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 
 namespace zolt {
 namespace {
+
+using test::withMarks;
 
 /// A full cell, or every second column in another style than plain.
 const Glyph &testGlyph(Style style, unsigned char code) {
@@ -35,14 +38,7 @@ DotSurface drawn(const StyledText &text, std::int64_t top, std::int64_t bottom) 
     return surface;
 }
 
-const std::string kDocument = "a \x0B"
-                              "Db\x0B"
-                              "D\r\n\x9E"
-                              "100000\x9E"
-                              "000008\r\n\x9E"
-                              "F00000\x9E"
-                              "000000c\x9E"
-                              "100000\r\n";
+const std::string kDocument = withMarks("a @Db@D\r\n#100000#000008\r\n#F00000#000000c#100000\r\n");
 
 TEST(Screen, StandsCharactersAndPicturesOnTheLinesFoot) {
     const Preview preview = compilePreview(kDocument, PreviewFlavour::Hp48);
@@ -82,16 +78,8 @@ TEST(Screen, IsAsWideAsItsWidestLine) {
         return screenWidth(screenLines(compilePreview(document, PreviewFlavour::Normal).styled));
     };
     EXPECT_EQ(width(line), 132);
-    EXPECT_EQ(width("\x0B"
-                    "D" +
-                    line),
-              132);
-    EXPECT_EQ(width("\x0B"
-                    "D" +
-                    line +
-                    "\x0B"
-                    "D"),
-              160);
+    EXPECT_EQ(width(withMarks("@D") + line), 132);
+    EXPECT_EQ(width(withMarks("@D" + line + "@D")), 160);
     EXPECT_EQ(width(line + line + "\r\n" + line), 160);
 }
 
