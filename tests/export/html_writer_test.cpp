@@ -50,12 +50,6 @@ TEST(WebPage, SizesChangeBehindTheirLimits) {
         EXPECT_EQ(htmlFontSize(points), size) << points;
 }
 
-TEST(WebPage, ColoursGoRedFirst) {
-    EXPECT_EQ(htmlColour(0x0000FF), "#FF0000");
-    EXPECT_EQ(htmlColour(0xFF0000), "#0000FF");
-    EXPECT_EQ(htmlColour(0x00A30B), "#0BA300");
-}
-
 TEST(WebPage, IsNotMadeOfAnEmptyDocumentOrWhenStopped) {
     EXPECT_EQ(webPage("", {}).message, "Empty document");
     EXPECT_FALSE(webPage("", {}).ok());

@@ -98,30 +98,30 @@ TEST(Pdf, PagesTakeTheseLinesAndCharacters) {
         }
 }
 
-struct WrapCase {
-    std::string_view line;
-    Lines shown;
-};
-
-class WrapsLine : public testing::TestWithParam<WrapCase> {};
-
-TEST_P(WrapsLine, OfFiveCharacters) {
-    EXPECT_EQ(pagesOf(writtenPdf(GetParam().line, narrowPage()).bytes), std::vector<Lines>{GetParam().shown});
+TEST(Pdf, WrapsLinesOfMoreThanFiveCharacters) {
+    const std::pair<std::string_view, Lines> cases[] = {
+        {"abcde", {"abcde"}},
+        {"abcdef", {"abcde", "f"}},
+        {"abcdefghijk", {"abcde", "fghij", "k"}},
+        {"ab,def", {"ab,", "def"}},
+        {"a,c,efg", {"a,c,", "efg"}},
+        // The second half begins at the second of five characters.
+        {"a,cdefg", {"a,", "cdefg"}},
+        {",bcdef", {",bcde", "f"}},
+        {"abcd,ef", {"abcd,", "ef"}},
+        {"ab  cdef", {"ab  ", "cdef"}},
+        // Blanks go from the ends only, and before the line is measured.
+        {"  abcde  ", {"abcde"}},
+        {"   ", {""}},
+        {"\tab", {"\tab"}},
+        // An escaped parenthesis takes two characters.
+        {"(a)", {"\\(a\\)"}},
+        {"(abcd", {"\\(abc", "d"}},
+        {"a\\(", {"a\\\\("}},
+        {"a\nb", {"a\nb"}}};
+    for (const auto &[line, shown] : cases)
+        EXPECT_EQ(pagesOf(writtenPdf(line, narrowPage()).bytes), std::vector<Lines>{shown});
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, WrapsLine,
-    testing::Values(WrapCase{"abcde", {"abcde"}}, WrapCase{"abcdef", {"abcde", "f"}},
-                    WrapCase{"abcdefghijk", {"abcde", "fghij", "k"}}, WrapCase{"ab,def", {"ab,", "def"}},
-                    WrapCase{"a,c,efg", {"a,c,", "efg"}},
-                    // The second half begins at the second of five characters.
-                    WrapCase{"a,cdefg", {"a,", "cdefg"}}, WrapCase{",bcdef", {",bcde", "f"}},
-                    WrapCase{"abcd,ef", {"abcd,", "ef"}}, WrapCase{"ab  cdef", {"ab  ", "cdef"}},
-                    // Blanks go from the ends only, and before the line is measured.
-                    WrapCase{"  abcde  ", {"abcde"}}, WrapCase{"   ", {""}}, WrapCase{"\tab", {"\tab"}},
-                    // An escaped parenthesis takes two characters.
-                    WrapCase{"(a)", {"\\(a\\)"}}, WrapCase{"(abcd", {"\\(abc", "d"}},
-                    WrapCase{"a\\(", {"a\\\\("}}, WrapCase{"a\nb", {"a\nb"}}));
 
 TEST(Pdf, CutsBehindTheseCharacters) {
     std::string breaking;

@@ -55,12 +55,6 @@ TEST(ImageText, AnyLineEndInAFileIsOne) {
         EXPECT_EQ(pictureTextFromFile(file), text) << file;
 }
 
-TEST(ImageText, AFullScreenHas33CellsBy11Lines) {
-    const std::string text = LerFigura(surfaceOf(Pattern::White, 132, 65));
-    EXPECT_EQ(measureImageText(text), (ImageTextSize{33, 11}));
-    EXPECT_EQ(text.size(), 33u * 11 * 7 + 10 * 2);
-}
-
 TEST(ImageText, ComesBackAsItWasWritten) {
     const std::pair<int, int> sizes[] = {{1, 1}, {4, 6}, {5, 7}, {131, 64}, {132, 1090}, {300, 13}};
     for (const auto &[width, height] : sizes) {

@@ -7,13 +7,10 @@
 namespace zolt {
 namespace {
 
-using test::bytesOf;
 using test::expectedPicture;
 using test::hasProgram;
 using test::Pattern;
-using test::putBytes;
 using test::surfaceOf;
-using test::TemporaryFolder;
 
 constexpr Pattern kPatterns[] = {Pattern::White, Pattern::Black, Pattern::Noise, Pattern::Stripes};
 constexpr std::pair<int, int> kSizes[] = {{1, 1}, {3, 5}, {16, 2}, {18, 5}, {131, 64}, {132, 65}, {700, 3}};
@@ -86,20 +83,6 @@ TEST(BitmapFile, WhatRowsDontNeedLiesBehindTheLast) {
     EXPECT_EQ(bytes.substr(1078), std::string(72, '\xFF') + std::string(8, '\0'));
 }
 
-/// The red of each pixel, by giflib's own program.
-test::GreyPicture decodedByGiflib(const TemporaryFolder &folder, const std::string &bytes) {
-    putBytes(folder.file("in.gif"), bytes);
-    const std::string target = folder.file("out.rgb");
-    if (std::system(("gif2rgb -1 -o " + target + " " + folder.file("in.gif") + " 2>/dev/null").c_str()) != 0)
-        return {};
-    const std::string colours = bytesOf(target);
-    test::GreyPicture picture{
-        static_cast<int>(number(bytes, 6, 2)), static_cast<int>(number(bytes, 8, 2)), {}};
-    for (std::size_t at = 0; at < colours.size(); at += 3)
-        picture.pixels += colours[at];
-    return picture;
-}
-
 TEST(GifFile, ImageMagickReadsTheSameDots) {
     if (!hasProgram("convert"))
         GTEST_SKIP() << "ImageMagick is not installed";
@@ -108,14 +91,6 @@ TEST(GifFile, ImageMagickReadsTheSameDots) {
     for (const DotSurface &surface : surfaces)
         files.push_back(gifFile(surface));
     expectDecodedByOther(surfaces, files, "gif");
-}
-
-TEST(GifFile, GiflibReadsTheSameDots) {
-    if (!hasProgram("gif2rgb"))
-        GTEST_SKIP() << "giflib's programs are not installed";
-    const TemporaryFolder folder;
-    for (const DotSurface &surface : testSurfaces())
-        EXPECT_EQ(decodedByGiflib(folder, gifFile(surface)), expectedPicture(surface));
 }
 
 /// The 9-bit codes in a GIF's image data.

@@ -20,32 +20,26 @@ std::string cell(std::string_view digits) {
     return kCellMark + std::string(digits);
 }
 
-struct CellCase {
-    std::string expression;
-    std::string_view grid;
-    std::string_view preview;
-};
-
-class ReadsExpression : public testing::TestWithParam<CellCase> {};
-
-TEST_P(ReadsExpression, OntoTheGridAndIntoThePreview) {
-    EXPECT_EQ(picture(Transferir(GetParam().expression)), GetParam().grid);
-    EXPECT_EQ(picture(Thumbnail(GetParam().expression)), GetParam().preview);
+TEST(SymbolCell, IsReadOntoTheGridAndIntoThePreview) {
+    const std::string nothing = "..../..../..../..../..../....";
+    const struct {
+        std::string expression;
+        std::string grid;
+        std::string preview;
+    } cases[] = {{cell("F00000"), "####/..../..../..../..../....", "####/..../..../..../..../...."},
+                 {cell("842100"), "...#/..#./.#../#.../..../....", "...#/..#./.#../#.../..../...."},
+                 {"", nothing, nothing},
+                 {"\x9E", nothing, nothing},
+                 // Small letters are no digits: a blank row, and nothing in the preview.
+                 {cell("1a2f3F"), "#.../..../.#../..../##../####", "#.../.#../##../####/..../...."},
+                 // The grid goes by position and never looks at the first character.
+                 {"F1", "#.../..../..../..../..../....", "####/#.../..../..../..../...."},
+                 {cell("00000012"), nothing, nothing}};
+    for (const auto &[expression, grid, preview] : cases) {
+        EXPECT_EQ(picture(Transferir(expression)), grid);
+        EXPECT_EQ(picture(Thumbnail(expression)), preview);
+    }
 }
-
-constexpr std::string_view kNothing = "..../..../..../..../..../....";
-
-INSTANTIATE_TEST_SUITE_P(
-    Cells, ReadsExpression,
-    testing::Values(
-        CellCase{cell("F00000"), "####/..../..../..../..../....", "####/..../..../..../..../...."},
-        CellCase{cell("842100"), "...#/..#./.#../#.../..../....", "...#/..#./.#../#.../..../...."},
-        CellCase{"", kNothing, kNothing}, CellCase{"\x9E", kNothing, kNothing},
-        // Small letters are no digits: a blank row, and nothing in the preview.
-        CellCase{cell("1a2f3F"), "#.../..../.#../..../##../####", "#.../.#../##../####/..../...."},
-        // The grid goes by position and never looks at the first character.
-        CellCase{"F1", "#.../..../..../..../..../....", "####/#.../..../..../..../...."},
-        CellCase{cell("00000012"), kNothing, kNothing}));
 
 TEST(SymbolCell, ComesBackFromItsDots) {
     for (const std::string &expression : {cell("012345"), cell("6789AB"), cell("CDEF00")})

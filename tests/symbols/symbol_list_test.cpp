@@ -25,36 +25,43 @@ SymbolList abc() {
     return list;
 }
 
-struct FileCase {
-    std::string_view file;
-    std::string_view contents;
-    bool complete;
-};
+TEST(SymbolFile, IsLoadedAsFarAsItGoes) {
+    const struct {
+        std::string_view file;
+        std::string_view contents;
+        bool complete;
+    } cases[] = {{" 2 \r\na\r\nA\r\nb\r\nB\r\n", "a=A|b=B", true},
 
-class LoadsFile : public testing::TestWithParam<FileCase> {};
+                 {"2\r\na\r\nA\r\nb\r\nB", "a=A|b=B", true},
+                 {" 0 \r\n", "", true},
 
-TEST_P(LoadsFile, AsFarAsItGoes) {
-    SymbolList list;
-    const SymbolsRead read = list.load(GetParam().file);
-    EXPECT_EQ(contents(list), GetParam().contents);
-    EXPECT_EQ(read.count, list.NumeroDeSimbolos());
-    EXPECT_EQ(read.complete, GetParam().complete);
+                 {" 1 \r\na\r\nA\r\nb\r\nB\r\n", "a=A", true},
+                 {"1\na\nA\n", "a=A", true},
+                 // Commas, quotes and blanks shift nothing.
+
+                 {" 2 \r\n  left, right \r\nA\r\n\"q\r\n\r\n", "left, right =A|\"q=", true},
+                 // Lines are missing.
+
+                 {" 3 \r\na\r\nA\r\nb", "a=A|b=|=", false},
+                 {" 2 ", "=|=", false},
+
+                 {" 2000000000 \r\na\r\nA\r\nb\r\n", "a=A|b=", false},
+
+                 {"99999999999999999999\r\na\r\nA\r\n", "a=A", false},
+                 // There is no count.
+
+                 {"", "", false},
+                 {"a\r\nA\r\n", "", false},
+
+                 {" -1 \r\na\r\nA\r\n", "", false}};
+    for (const auto &one : cases) {
+        SymbolList list;
+        const SymbolsRead read = list.load(one.file);
+        EXPECT_EQ(contents(list), one.contents);
+        EXPECT_EQ(read.count, list.NumeroDeSimbolos());
+        EXPECT_EQ(read.complete, one.complete) << one.file;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Files, LoadsFile,
-    testing::Values(FileCase{" 2 \r\na\r\nA\r\nb\r\nB\r\n", "a=A|b=B", true},
-                    FileCase{"2\r\na\r\nA\r\nb\r\nB", "a=A|b=B", true}, FileCase{" 0 \r\n", "", true},
-                    FileCase{" 1 \r\na\r\nA\r\nb\r\nB\r\n", "a=A", true}, FileCase{"1\na\nA\n", "a=A", true},
-                    // Commas, quotes and blanks shift nothing.
-                    FileCase{" 2 \r\n  left, right \r\nA\r\n\"q\r\n\r\n", "left, right =A|\"q=", true},
-                    // Lines are missing.
-                    FileCase{" 3 \r\na\r\nA\r\nb", "a=A|b=|=", false}, FileCase{" 2 ", "=|=", false},
-                    FileCase{" 2000000000 \r\na\r\nA\r\nb\r\n", "a=A|b=", false},
-                    FileCase{"99999999999999999999\r\na\r\nA\r\n", "a=A", false},
-                    // There is no count.
-                    FileCase{"", "", false}, FileCase{"a\r\nA\r\n", "", false},
-                    FileCase{" -1 \r\na\r\nA\r\n", "", false}));
 
 TEST(SymbolFile, HasACountLineAndTwoLinesASymbol) {
     SymbolList list;
