@@ -1,36 +1,9 @@
-#include "support/temporary_folder.h"
-#include "zoltc/command.h"
-
-#include <filesystem>
-#include <gtest/gtest.h>
+#include "zoltc/command_line.h"
 
 namespace zolt::cli {
 namespace {
 
-class ExportCommands : public testing::Test {
-protected:
-    test::TemporaryFolder m_folder;
-    std::string m_output;
-    std::string m_errors;
-
-    std::string path(const std::string &name) const { return m_folder.file(name); }
-    void put(const std::string &name, const std::string &bytes) const { test::putBytes(path(name), bytes); }
-    std::string get(const std::string &name) const { return test::bytesOf(path(name)); }
-    bool exists(const std::string &name) const { return std::filesystem::exists(path(name)); }
-
-    /// Runs a command line; a word that begins with "@" is a file of the folder.
-    int zoltc(std::vector<std::string> words) {
-        for (std::string &word : words)
-            if (word.starts_with("@"))
-                word = path(word.substr(1));
-        testing::internal::CaptureStdout();
-        testing::internal::CaptureStderr();
-        const int code = run(words);
-        m_output = testing::internal::GetCapturedStdout();
-        m_errors = testing::internal::GetCapturedStderr();
-        return code;
-    }
-};
+using ExportCommands = CommandLine;
 
 TEST_F(ExportCommands, SymbolsListsAndJoins) {
     put("a.zls", " 1 \r\nLeft, \x8E\r\n\x9EZ\r\n");

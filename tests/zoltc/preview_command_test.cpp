@@ -2,81 +2,48 @@
 #include "graphic/rtf_reader.h"
 #include "hp48/preview_compiler.h"
 #include "hp48/preview_json.h"
-#include "support/temporary_folder.h"
-#include "zoltc/command.h"
+#include "hp48/screen.h"
+#include "support/texts.h"
+#include "zoltc/command_line.h"
 
 #include <QImage>
-#include <fstream>
-#include <gtest/gtest.h>
 
 namespace zolt::cli {
 namespace {
 
-using test::bytesOf;
-using test::putBytes;
-using test::TemporaryFolder;
-
-class PreviewCommand : public testing::Test {
+class PreviewCommand : public CommandLine {
 protected:
-    std::string file(std::string_view name) const { return m_folder.file(name); }
-
     /// Previews a document into a file; the exit code.
     int preview(std::string_view document, std::string_view output,
-                std::vector<std::string> options = {}) const {
-        putBytes(file("in.zlt"), std::string(document) + "\r\n");
-        std::vector<std::string> words{"preview", file("in.zlt"), file(output)};
+                const std::vector<std::string> &options = {}) {
+        put("in.zlt", std::string(document) + "\r\n");
+        std::vector<std::string> words{"preview", path("in.zlt"), path(output)};
         words.insert(words.end(), options.begin(), options.end());
-        testing::internal::CaptureStderr();
-        const int code = run(words);
-        EXPECT_EQ(testing::internal::GetCapturedStderr().empty(), code == Done);
+        const int code = zoltc(words);
+        EXPECT_EQ(m_errors.empty(), code == Done);
         return code;
     }
 
-    QImage image(std::string_view name) const { return QImage(QString::fromStdString(file(name))); }
-
-private:
-    TemporaryFolder m_folder;
+    QImage image(std::string_view name) const { return QImage(QString::fromStdString(path(name))); }
 };
 
-const std::string kDocument = "Plain \x0B"
-                              "Bbold\x0B"
-                              "B \x0B"
-                              "DW\x0B"
-                              "D\r\n\x9E"
-                              "F9999F\x9E"
-                              "100008\r\n*\xE9";
+const std::string kDocument = test::withMarks("Plain @Bbold@B @DW@D\r\n#F9999F#100008\r\n*\xE9");
 
 bool black(const QImage &image, int x, int y) {
     return image.pixel(x, y) == qRgb(0, 0, 0);
 }
 
-TEST_F(PreviewCommand, DrawsTheGlyphsInBlackOnWhite) {
+TEST_F(PreviewCommand, DrawsTheScreenInBlackOnWhite) {
     ASSERT_EQ(preview(kDocument, "out.png", {"--scale", "3"}), Done);
     const QImage shown = image("out.png");
     ASSERT_EQ(shown.size(), QSize(132 * 3, 4 * 6 * 3));
     EXPECT_EQ(shown.depth(), 1);
-    struct Character {
-        Style style;
-        char code;
-        int left;
-    };
-    const Character line[] = {{Style::Plain, 'P', 0},
-                              {Style::Plain, 'n', 16},
-                              {Style::Bold, 'b', 24},
-                              {Style::Bold, 'd', 36},
-                              {Style::Double, 'W', 44}};
-    for (const Character &character : line)
-        for (int y = 0; y < 18; ++y)
-            for (int x = 0; x < 3 * glyphWidth(character.style); ++x)
-                EXPECT_EQ(
-                    black(shown, 3 * character.left + x, y),
-                    glyph(character.style, static_cast<unsigned char>(character.code)).dot(x / 3, y / 3))
-                    << character.code << " " << x << " " << y;
-    // The picture of two cells: a rectangle's corners and side, and two lone dots.
-    EXPECT_TRUE(black(shown, 0, 6 * 3) && black(shown, 3 * 3 + 2, 6 * 3) && black(shown, 0, 11 * 3 + 2));
-    EXPECT_FALSE(black(shown, 3, 7 * 3));
-    EXPECT_TRUE(black(shown, 4 * 3, 6 * 3) && black(shown, 7 * 3, 11 * 3));
-    EXPECT_FALSE(black(shown, 5 * 3, 6 * 3) || black(shown, 6 * 3, 11 * 3));
+    const StyledText text = compilePreview(kDocument, PreviewFlavour::Hp48).styled;
+    DotSurface expected(132, 4 * 6);
+    drawLines(expected, text, screenLines(text), glyph);
+    for (int y = 0; y < shown.height(); ++y)
+        for (int x = 0; x < shown.width(); ++x)
+            ASSERT_EQ(black(shown, x, y), expected.dot(x / 3, y / 3)) << x << " " << y;
 }
 
 TEST_F(PreviewCommand, DrawsLongTextsWhole) {
@@ -95,7 +62,7 @@ TEST_F(PreviewCommand, DrawsLongTextsWhole) {
 TEST_F(PreviewCommand, WritesRichTextAndJson) {
     ASSERT_EQ(preview(kDocument, "out.rtf"), Done);
     const RichText expected = compilePreview(kDocument, PreviewFlavour::Hp48).text;
-    const RichText read = richTextFromRtf(bytesOf(file("out.rtf")));
+    const RichText read = richTextFromRtf(get("out.rtf"));
     EXPECT_EQ(plainText(read), plainText(expected));
     EXPECT_EQ(read.paragraphs, expected.paragraphs);
 
@@ -104,14 +71,14 @@ TEST_F(PreviewCommand, WritesRichTextAndJson) {
          {std::pair{"hp48", PreviewFlavour::Hp48}, std::pair{"wrapped", PreviewFlavour::Wrapped},
           std::pair{"normal", PreviewFlavour::Normal}}) {
         ASSERT_EQ(preview(line, "out.json", {"--style", style}), Done);
-        EXPECT_EQ(bytesOf(file("out.json")), previewJson(compilePreview(line, flavour))) << style;
+        EXPECT_EQ(get("out.json"), previewJson(compilePreview(line, flavour))) << style;
     }
 }
 
 TEST_F(PreviewCommand, RefusesWhatItCannotMake) {
     for (const std::string_view output : {"out", "out.gif", "out.png.txt"}) {
         EXPECT_EQ(preview(kDocument, output), Unusable);
-        EXPECT_FALSE(std::ifstream(file(output)).good());
+        EXPECT_FALSE(exists(output));
     }
     for (const std::string scale : {"0", "17", "-1", "2x", ""})
         EXPECT_EQ(preview(kDocument, "out.png", {"--scale=" + scale}), Unusable) << scale;
