@@ -82,14 +82,12 @@ ReplaceAllResult replaceAll(std::string_view text, const FindOptions &options, s
     std::size_t done = 0;
     ScanResult found = search.next(done);
     for (; found.outcome == ScanResult::Matched; found = search.next(done)) {
-        const std::size_t match = found.position - 1;
-        result.text.append(text.substr(done, match - done)).append(replacement);
-        result.offsets.push_back(match);
-        ++result.replacements;
-        done = match + options.find.size();
+        result.offsets.push_back(found.position - 1);
+        done = result.offsets.back() + options.find.size();
     }
-    result.posiçãoCursor = result.text.size();
-    result.text.append(text.substr(done));
+    result.replacements = result.offsets.size();
+    result.text = textWithReplaced(text, result.offsets, options.find.size(), replacement);
+    result.posiçãoCursor = result.text.size() - (text.size() - done);
     if (found.outcome == ScanResult::Stopped) {
         result.outcome = ReplaceAllResult::Stopped;
         result.caret = result.posiçãoCursor + (found.position - 1 - done);
@@ -99,6 +97,18 @@ ReplaceAllResult replaceAll(std::string_view text, const FindOptions &options, s
     result.outcome = endedAtTheEnd ? ReplaceAllResult::EndedAtTheEnd : ReplaceAllResult::Finished;
     result.caret = result.text.size();
     return result;
+}
+
+std::string textWithReplaced(std::string_view text, const std::vector<std::size_t> &offsets,
+                             std::size_t length, std::string_view replacement) {
+    std::string result;
+    std::size_t done = 0;
+    for (const std::size_t offset : offsets) {
+        const std::size_t start = std::clamp(offset, done, text.size());
+        result.append(text.substr(done, start - done)).append(replacement);
+        done = start + std::min(length, text.size() - start);
+    }
+    return result.append(text.substr(done));
 }
 
 } // namespace zolt

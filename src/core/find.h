@@ -46,9 +46,9 @@ struct ReplaceAllResult {
     Outcome outcome = NothingToDo;
     /// The whole text afterwards; empty if there is nothing to do.
     std::string text;
-    /// Where the matches stand in the text searched, from 0.
-    std::vector<std::size_t> offsets;
     std::size_t replacements = 0;
+    /// Where the matches begin in the text searched, from 0.
+    std::vector<std::size_t> offsets;
     /// Characters up to the end of the last replacement, in the new text.
     std::size_t posiçãoCursor = 0;
     /// Where the caret ends up, from 0, in the new text.
@@ -59,5 +59,11 @@ struct ReplaceAllResult {
 /// replacement. `progress` is told positions of the old text.
 ReplaceAllResult replaceAll(std::string_view text, const FindOptions &options, std::string_view replacement,
                             const Progress &progress = {});
+
+/// A text with a replacement in the place of each stretch of `length` characters that
+/// begins at one of the offsets, from 0 and rising. One outside the text, or within the
+/// stretch before, counts as the nearest that isn't.
+std::string textWithReplaced(std::string_view text, const std::vector<std::size_t> &offsets,
+                             std::size_t length, std::string_view replacement);
 
 } // namespace zolt

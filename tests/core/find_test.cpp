@@ -30,6 +30,7 @@ ReplaceAllResult replacedSlowly(std::string text, const std::string &find, bool 
     result.outcome = ReplaceAllResult::Finished;
     while (const std::size_t i = scannedSlowly(text, find, matchCase, result.posiçãoCursor)) {
         text.replace(i - 1, find.size(), by);
+        result.offsets.push_back(i - 1 + result.replacements * (find.size() - by.size()));
         ++result.replacements;
         result.posiçãoCursor = i - 1 + by.size();
         if (result.posiçãoCursor + 1 > text.size()) {
@@ -75,6 +76,7 @@ TEST_P(Finding, EqualsTheSlowScan) {
         ASSERT_EQ(result.outcome, slow.outcome);
         ASSERT_EQ(result.text, slow.text);
         ASSERT_EQ(result.replacements, slow.replacements);
+        ASSERT_EQ(result.offsets, slow.offsets);
         ASSERT_EQ(result.posiçãoCursor, slow.posiçãoCursor);
         ASSERT_EQ(result.caret, slow.caret);
     }
@@ -120,6 +122,7 @@ TEST(Find, StopsWhereTheProgressSays) {
     for (std::size_t i = 0; i < result.replacements; ++i)
         expected += "bc";
     EXPECT_EQ(result.text, expected + text.substr(result.replacements));
+    EXPECT_EQ(textWithReplaced("abc", {1, 2, 9}, 2, "x"), "axxx") << "what lies outside counts as the end";
     // A stop before the first character changes nothing.
     EXPECT_EQ(replaceAll(text, {"a", true}, "b", [](std::size_t, std::size_t) { return false; }).text, text);
 }
