@@ -13,8 +13,9 @@ bool isLineEndKey(const QKeyEvent &event) {
 
 } // namespace
 
-QString heldOutsideText(QStringView text) {
-    return heldText(bytesOfOutsideText(text));
+bool isByteDigit(const QKeyEvent &event) {
+    return event.modifiers() == (Qt::AltModifier | Qt::KeypadModifier) && event.key() >= Qt::Key_0 &&
+           event.key() <= Qt::Key_9;
 }
 
 bool belongsToWindow(const QKeyEvent &event) {
@@ -37,18 +38,19 @@ bool belongsToWindow(const QKeyEvent &event) {
 
 bool typesCharacters(const QKeyEvent &event) {
     const QString text = event.text();
-    return !text.isEmpty() && text[0] >= u' ' && text[0] != u'\x7F';
+    const bool isCommand = event.modifiers() & Qt::ControlModifier && !(event.modifiers() & Qt::AltModifier);
+    return !isCommand && !text.isEmpty() && text[0] >= u' ' && text[0] != u'\x7F';
 }
 
-QKeyEvent heldKey(const QKeyEvent &event) {
+QKeyEvent heldKey(const QKeyEvent &event, const CharactersOf &characters) {
     QString text = event.text();
     Qt::KeyboardModifiers modifiers = event.modifiers();
     if (event.key() == Qt::Key_Tab && !modifiers)
-        text = heldText("\t");
+        text = characters("\t");
     else if (isLineEndKey(event))
         modifiers &= ~Qt::ShiftModifier;
     else if (typesCharacters(event))
-        text = heldOutsideText(text);
+        text = characters(bytesOfOutsideText(text));
     return QKeyEvent(event.type(), event.key(), modifiers, event.nativeScanCode(), event.nativeVirtualKey(),
                      event.nativeModifiers(), text, event.isAutoRepeat(),
                      static_cast<quint16>(event.count()));

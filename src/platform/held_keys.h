@@ -2,14 +2,19 @@
 
 #include <QKeyEvent>
 #include <QString>
+#include <functional>
+#include <string_view>
 
 namespace zolt {
 
-/// What the text controls make of keys, so that typed characters become the held
-/// characters of a document's bytes.
+/// What the text controls make of keys, so that typed characters become the
+/// characters in which a document's bytes stand.
 
-/// The held characters of a text from outside.
-QString heldOutsideText(QStringView text);
+/// Gives the characters in which a control holds bytes.
+using CharactersOf = std::function<QString(std::string_view bytes)>;
+
+/// Alt and a digit of the keypad: a part of the number of a byte.
+bool isByteDigit(const QKeyEvent &event);
 
 /// Ctrl or Alt with a character is the window's, but for the control's own five
 /// keys. Both together type characters on some keyboards.
@@ -18,8 +23,8 @@ bool belongsToWindow(const QKeyEvent &event);
 /// Whether the key types something, Enter and Tab left out.
 bool typesCharacters(const QKeyEvent &event);
 
-/// The key as the control is to see it: with the held characters of what it types,
+/// The key as the control is to see it: with the characters of the bytes that it types,
 /// and Shift+Enter as Enter, which else would type a line separator.
-QKeyEvent heldKey(const QKeyEvent &event);
+QKeyEvent heldKey(const QKeyEvent &event, const CharactersOf &characters);
 
 } // namespace zolt

@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QTextDocument>
 #include <QTextFragment>
 #include <QTextLayout>
@@ -16,12 +17,11 @@ namespace zolt {
 namespace {
 
 constexpr qreal kUnlimited = INT_MAX;
-constexpr int kMeasureFor = 5; // milliseconds in one turn of the event loop
+constexpr int kMeasureFor = 5;         // milliseconds in one turn of the event loop
+constexpr int kLongParagraph = 10'000; // characters
 
-/// The height of a paragraph that is laid out.
-int heightOf(const QTextLayout &layout) {
-    const QTextLine last = layout.lineAt(layout.lineCount() - 1);
-    return static_cast<int>(std::ceil(last.y() + last.height()));
+int wholePixels(qreal pixels) {
+    return static_cast<int>(std::ceil(std::min(pixels, kUnlimited)));
 }
 
 /// Qt marks selected text only; an object gets the colour of the selection over it.
@@ -46,6 +46,29 @@ void veilObjects(QPainter *painter, QPointF place, const QTextLayout &layout,
 
 } // namespace
 
+/// Tells the view what is being corrected, once for all corrections in its scope.
+class RichLayout::Measuring {
+public:
+    /// Qt asks for sizes by const functions.
+    explicit Measuring(const RichLayout &layout) : m_layout(const_cast<RichLayout &>(layout)) {
+        if (m_layout.m_measurings++ == 0)
+            emit m_layout.aboutToMeasure();
+    }
+    ~Measuring() {
+        if (--m_layout.m_measurings > 0)
+            return;
+        m_layout.reportSize();
+        emit m_layout.measured(m_layout.m_firstFound, m_layout.m_lastFound);
+        m_layout.m_firstFound = 0;
+        m_layout.m_lastFound = -1;
+    }
+    Measuring(const Measuring &) = delete;
+    Measuring &operator=(const Measuring &) = delete;
+
+private:
+    RichLayout &m_layout;
+};
+
 RichLayout::RichLayout(QTextDocument *document) : QAbstractTextDocumentLayout(document) {
     m_idle.setInterval(0);
     connect(&m_idle, &QTimer::timeout, this, &RichLayout::measureSome);
@@ -60,112 +83,162 @@ qreal RichLayout::textWidth() const {
                    : kUnlimited;
 }
 
-void RichLayout::layOut(const QTextBlock &block) const {
-    QTextLayout *layout = block.layout();
-    if (layout->lineCount() == 0) {
-        QTextOption option = document()->defaultTextOption();
-        option.setTextDirection(Qt::LeftToRight);
-        if (!wraps())
-            option.setWrapMode(QTextOption::ManualWrap);
-        layout->setTextOption(option);
-        qreal y = 0;
-        layout->beginLayout();
-        for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
-            line.setLeadingIncluded(true);
-            line.setLineWidth(textWidth());
-            line.setPosition({0, y});
-            y += std::ceil(line.height());
-            m_widest = std::max(m_widest, line.naturalTextWidth());
-        }
-        layout->endLayout();
-    }
-    note(block, {heightOf(*layout), layout->lineCount(), true});
+RichLayout::Basis RichLayout::basis() const {
+    const QTextOption option = document()->defaultTextOption();
+    return {textWidth(), option.tabStopDistance(), option.wrapMode()};
 }
 
-void RichLayout::note(const QTextBlock &block, Size size) const {
-    const auto number = static_cast<std::size_t>(block.blockNumber());
-    if (number >= m_sizes.size())
+void RichLayout::layOut(const QTextBlock &block) const {
+    const int number = block.blockNumber();
+    QTextLayout *layout = block.layout();
+    const bool isKnown =
+        static_cast<std::size_t>(number) >= m_sizes.size() || m_sizes[static_cast<std::size_t>(number)].exact;
+    if (layout->lineCount() > 0 && isKnown)
         return;
-    Size &known = m_sizes[number];
-    const int difference = size.height - known.height;
-    if (difference != 0) {
-        const qreal bottom = static_cast<qreal>(top(block.blockNumber()) + known.height);
-        m_height += difference;
-        m_summed = std::min(m_summed, number);
-        known = size;
-        emit heightFound(bottom, difference);
+    QTextOption option = document()->defaultTextOption();
+    option.setTextDirection(Qt::LeftToRight);
+    if (!wraps())
+        option.setWrapMode(QTextOption::ManualWrap);
+    layout->setTextOption(option);
+    // Qt shapes a paragraph anew for each drawing, or keeps the shapes in memory.
+    layout->setCacheEnabled(block.length() > kLongParagraph);
+    qreal y = 0;
+    qreal width = 0;
+    layout->beginLayout();
+    for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+        line.setLeadingIncluded(true);
+        line.setLineWidth(textWidth());
+        line.setPosition({0, y});
+        y += std::ceil(line.height());
+        width = std::max(width, line.naturalTextWidth());
     }
+    layout->endLayout();
+    note(number, {static_cast<int>(y), wholePixels(width), layout->lineCount(), true});
+}
+
+void RichLayout::note(int number, Size size) const {
+    if (static_cast<std::size_t>(number) >= m_sizes.size())
+        return;
+    Size &known = m_sizes[static_cast<std::size_t>(number)];
+    if (size.height == known.height && size.width == known.width && size.lines == known.lines) {
+        known.exact = true;
+    } else if (m_quiet) {
+        ++m_corrections;
+        setSize(number, size);
+    } else {
+        const Measuring measuring(*this);
+        m_firstFound = m_lastFound < 0 ? number : std::min(m_firstFound, number);
+        m_lastFound = std::max(m_lastFound, number);
+        setSize(number, size);
+    }
+}
+
+void RichLayout::setSize(int number, Size size) const {
+    Size &known = m_sizes[static_cast<std::size_t>(number)];
+    m_height += size.height - known.height;
+    if (size.width >= m_widest) {
+        m_widest = size.width;
+        m_widestIsRight = true;
+    } else if (known.width == m_widest) {
+        m_widestIsRight = false;
+    }
+    m_summed = std::min(m_summed, number);
     known = size;
 }
 
-int RichLayout::heightOfFormat(const QTextBlock &block, int index, const QTextCharFormat &format) const {
-    if (auto *object = dynamic_cast<QTextObjectInterface *>(handlerForObject(format.objectType())))
-        return static_cast<int>(
-            std::ceil(object->intrinsicSize(document(), block.position(), format).height()));
-    const auto [found, isNew] = m_formatHeights.try_emplace(index);
+/// A layout takes much memory: only those that show keep theirs.
+void RichLayout::measure(int number) {
+    if (m_sizes[static_cast<std::size_t>(number)].exact)
+        return;
+    QTextBlock block = document()->findBlockByNumber(number);
+    layOut(block);
+    block.clearLayout();
+}
+
+RichLayout::CharacterSize RichLayout::characterSize(int position, int index,
+                                                    const QTextCharFormat &format) const {
+    if (auto *object = dynamic_cast<QTextObjectInterface *>(handlerForObject(format.objectType()))) {
+        const QSizeF size = object->intrinsicSize(document(), position, format);
+        return {wholePixels(size.height()), size.width()};
+    }
+    const auto [found, isNew] = m_characterSizes.try_emplace(index);
     if (isNew) {
         const QFontMetricsF metrics(format.font(), paintDevice());
-        found->second = static_cast<int>(std::ceil(metrics.ascent() + metrics.descent()));
-        m_formatWidths[index] = metrics.averageCharWidth();
+        found->second = {wholePixels(metrics.ascent() + metrics.descent()), metrics.averageCharWidth()};
     }
     return found->second;
 }
 
 RichLayout::Size RichLayout::estimated(const QTextBlock &block) const {
-    Size size{heightOfFormat(block, block.charFormatIndex(), block.charFormat()), 1, false};
+    Size size;
+    size.height = characterSize(block.position(), block.charFormatIndex(), block.charFormat()).height;
     qreal width = 0;
     bool empty = true;
     for (auto it = block.begin(); !it.atEnd(); ++it, empty = false) {
         const QTextFragment fragment = it.fragment();
-        const int index = fragment.charFormatIndex();
-        const int height = heightOfFormat(block, index, fragment.charFormat());
-        size.height = empty ? height : std::max(size.height, height);
-        if (const auto found = m_formatWidths.find(index); found != m_formatWidths.end())
-            width += found->second * fragment.length();
+        const CharacterSize one =
+            characterSize(fragment.position(), fragment.charFormatIndex(), fragment.charFormat());
+        size.height = empty ? one.height : std::max(size.height, one.height);
+        width += one.width * fragment.length();
     }
-    if (wraps() && width > textWidth()) {
-        size.lines = static_cast<int>(std::ceil(width / textWidth()));
+    size.width = wholePixels(std::min(width, textWidth()));
+    if (width > textWidth()) {
+        size.lines = wholePixels(width / textWidth());
         size.height *= size.lines;
     }
     return size;
 }
 
-void RichLayout::documentChanged(int from, int /*removed*/, int added) {
+void RichLayout::documentChanged(int from, int removed, int added) {
+    // Qt asks for a new layout of all with nothing removed, also where it would be the same.
+    const bool isAll = from == 0 && removed == 0 && added == document()->characterCount();
+    const bool isSame = m_basis == basis() && static_cast<int>(m_sizes.size()) == document()->blockCount();
+    if (isAll && isSame)
+        return;
+    m_basis = basis();
+
     const QTextBlock behind = document()->findBlock(from + added);
     const int first = std::max(document()->findBlock(from).blockNumber(), 0);
     const int last = behind.isValid() ? behind.blockNumber() : document()->blockCount() - 1;
-    const qint64 oldTotal = m_height;
+    const qint64 oldHeight = m_height;
+    const bool sameCount = static_cast<int>(m_sizes.size()) == document()->blockCount();
+    {
+        const QScopedValueRollback quiet(m_quiet, true);
+        replaceSizes(first, last);
+    }
+    m_idle.start();
+    reportSize();
 
-    // The paragraphs that changed, before and now.
+    const auto top = static_cast<qreal>(inFrontOf(first).height);
+    const bool restStays = first == last && sameCount && m_height == oldHeight;
+    const qreal height = restStays ? m_sizes[static_cast<std::size_t>(first)].height : kUnlimited;
+    emit update(QRectF(0, top, kUnlimited, height + document()->documentMargin()));
+}
+
+/// Takes the paragraphs from `first` to `last`, which are new or changed, for what stood
+/// between the others before.
+void RichLayout::replaceSizes(int first, int last) {
     const auto at = [this](int number) { return m_sizes.begin() + number; };
-    const int more = document()->blockCount() - static_cast<int>(m_sizes.size());
-    const int lastBefore = std::clamp(last - more, first - 1, static_cast<int>(m_sizes.size()) - 1);
-    for (auto it = at(std::min<int>(first, m_sizes.size())); it < at(lastBefore + 1); ++it)
-        m_height -= it->height;
+    const int count = static_cast<int>(m_sizes.size());
+    const int more = document()->blockCount() - count;
+    const int lastBefore = std::clamp(last - more, first - 1, count - 1);
+    for (int number = first; number <= lastBefore; ++number)
+        setSize(number, {});
     if (more > 0)
         m_sizes.insert(at(lastBefore + 1), static_cast<std::size_t>(more), Size{});
     else if (more < 0)
         m_sizes.erase(at(lastBefore + 1 + more), at(lastBefore + 1));
-    m_tops.resize(m_sizes.size() + 1);
-    m_summed = std::min(m_summed, static_cast<std::size_t>(first));
+    m_sums.resize(m_sizes.size() + 1);
+    m_summed = std::min(m_summed, first);
     m_measured = std::min(m_measured, first);
 
-    const bool one = first == last;
     QTextBlock block = document()->findBlockByNumber(first);
     for (int number = first; number <= last; ++number, block = block.next()) {
         block.clearLayout();
-        m_sizes[static_cast<std::size_t>(number)] = estimated(block);
-        m_height += m_sizes[static_cast<std::size_t>(number)].height;
+        setSize(number, estimated(block));
     }
-    if (one)
+    if (first == last)
         layOut(document()->findBlockByNumber(first));
-    m_idle.start();
-
-    reportSize();
-    if (one && m_height == oldTotal && more == 0)
-        emit updateBlock(document()->findBlockByNumber(first));
-    else
-        emit update(QRectF(0, static_cast<qreal>(top(first)), kUnlimited, kUnlimited));
 }
 
 void RichLayout::reportSize() {
@@ -178,37 +251,67 @@ void RichLayout::reportSize() {
 void RichLayout::measureSome() {
     QElapsedTimer clock;
     clock.start();
+    const Measuring measuring(*this);
     const int count = static_cast<int>(m_sizes.size());
-    for (QTextBlock block = document()->findBlockByNumber(m_measured);
-         m_measured < count && clock.elapsed() < kMeasureFor; ++m_measured, block = block.next()) {
+    for (; m_measured < count; ++m_measured) {
         if (m_sizes[static_cast<std::size_t>(m_measured)].exact)
             continue;
-        layOut(block);
-        block.clearLayout(); // a layout takes much memory: those that show keep theirs
+        if (clock.elapsed() >= kMeasureFor)
+            break;
+        measure(m_measured);
     }
     if (m_measured == count)
         m_idle.stop();
-    reportSize();
 }
 
-qint64 RichLayout::top(int number) const {
-    const auto wanted = std::min(static_cast<std::size_t>(std::max(number, 0)), m_sizes.size());
-    for (; m_summed < wanted; ++m_summed)
-        m_tops[m_summed + 1] = m_tops[m_summed] + m_sizes[m_summed].height;
-    return m_tops.empty() ? 0 : m_tops[wanted];
+const RichLayout::Sum &RichLayout::inFrontOf(int number) const {
+    if (m_sums.empty())
+        m_sums.resize(1);
+    const int wanted = std::clamp(number, 0, static_cast<int>(m_sizes.size()));
+    for (; m_summed < wanted; ++m_summed) {
+        const auto i = static_cast<std::size_t>(m_summed);
+        m_sums[i + 1] = {m_sums[i].height + m_sizes[i].height, m_sums[i].lines + m_sizes[i].lines};
+    }
+    return m_sums[static_cast<std::size_t>(wanted)];
 }
 
-QTextBlock RichLayout::blockAt(qreal y) const {
-    top(static_cast<int>(m_sizes.size()));
-    const auto place = static_cast<qint64>(std::floor(y - document()->documentMargin()));
-    const auto above = std::upper_bound(m_tops.begin() + 1, m_tops.end(), place) - (m_tops.begin() + 1);
-    return document()->findBlockByNumber(
-        std::clamp(static_cast<int>(above), 0, static_cast<int>(m_sizes.size()) - 1));
+int RichLayout::widest() const {
+    if (!m_widestIsRight) {
+        m_widest = 0;
+        for (const Size &size : m_sizes)
+            m_widest = std::max(m_widest, size.width);
+        m_widestIsRight = true;
+    }
+    return m_widest;
+}
+
+QTextBlock RichLayout::blockAt(qint64 height) const {
+    inFrontOf(static_cast<int>(m_sizes.size()));
+    const auto above = std::upper_bound(m_sums.begin() + 1, m_sums.end(), height,
+                                        [](qint64 wanted, const Sum &sum) { return wanted < sum.height; });
+    const auto last = static_cast<std::ptrdiff_t>(m_sizes.size()) - 1;
+    return document()->findBlockByNumber(static_cast<int>(std::min(above - (m_sums.begin() + 1), last)));
+}
+
+RichLayout::Place RichLayout::placeAt(int height) const {
+    const int number = blockAt(height).blockNumber();
+    return {number, height - static_cast<int>(inFrontOf(number).height)};
+}
+
+int RichLayout::heightOf(Place place) const {
+    return static_cast<int>(inFrontOf(place.paragraph).height) + place.above;
+}
+
+RichLayout::Place RichLayout::placeOfLine(int position) const {
+    const QTextBlock block = document()->findBlock(position);
+    layOut(block);
+    const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
+    return {block.blockNumber(), static_cast<int>(line.y())};
 }
 
 QSizeF RichLayout::documentSize() const {
     const qreal margins = 2 * document()->documentMargin();
-    const qreal width = wraps() ? document()->pageSize().width() : m_widest + margins;
+    const qreal width = wraps() ? document()->pageSize().width() : widest() + margins;
     return {std::ceil(width), static_cast<qreal>(m_height) + margins};
 }
 
@@ -222,13 +325,14 @@ QRectF RichLayout::blockBoundingRect(const QTextBlock &block) const {
     layOut(block);
     const qreal margin = document()->documentMargin();
     const int number = block.blockNumber();
-    return {margin, margin + static_cast<qreal>(top(number)),
-            wraps() ? textWidth() : std::max(m_widest, qreal(1)),
+    return {margin, margin + static_cast<qreal>(inFrontOf(number).height),
+            wraps() ? textWidth() : std::max(widest(), 1),
             qreal(m_sizes[static_cast<std::size_t>(number)].height)};
 }
 
 int RichLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const {
-    const QTextBlock block = blockAt(point.y());
+    const QTextBlock block =
+        blockAt(static_cast<qint64>(std::floor(point.y() - document()->documentMargin())));
     const QPointF inBlock = point - blockBoundingRect(block).topLeft();
     const QTextLayout *layout = block.layout();
     QTextLine line = layout->lineAt(0);
@@ -241,17 +345,17 @@ int RichLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) cons
 
 int RichLayout::lineOfPosition(int position) {
     const QTextBlock block = document()->findBlock(position);
+    const int number = block.blockNumber();
     if (!wraps())
-        return block.blockNumber();
-    int lines = 0;
-    for (QTextBlock above = document()->begin(); above != block; above = above.next()) {
-        const Size &size = m_sizes[static_cast<std::size_t>(above.blockNumber())];
-        if (!size.exact)
-            layOut(above);
-        lines += size.lines;
+        return number;
+    {
+        const Measuring measuring(*this);
+        for (; m_measured < number; ++m_measured)
+            measure(m_measured);
     }
     layOut(block);
-    return lines + block.layout()->lineForTextPosition(position - block.position()).lineNumber();
+    return inFrontOf(number).lines +
+           block.layout()->lineForTextPosition(position - block.position()).lineNumber();
 }
 
 int RichLayout::lineStart(int position) {
@@ -261,15 +365,21 @@ int RichLayout::lineStart(int position) {
 }
 
 void RichLayout::draw(QPainter *painter, const PaintContext &context) {
-    const QRectF clip = context.clip.isValid() ? context.clip : QRectF({}, documentSize());
-    for (QTextBlock block = blockAt(clip.top()); block.isValid(); block = block.next()) {
-        const QRectF place = blockBoundingRect(block);
-        if (place.top() > clip.bottom())
-            break;
-        drawBlock(painter, context, block);
+    const int corrections = m_corrections;
+    {
+        const QScopedValueRollback quiet(m_quiet, true);
+        const QRectF clip = context.clip.isValid() ? context.clip : QRectF({}, documentSize());
+        const auto top = static_cast<qint64>(std::floor(clip.top() - document()->documentMargin()));
+        for (QTextBlock block = blockAt(top); block.isValid(); block = block.next()) {
+            if (blockBoundingRect(block).top() > clip.bottom())
+                break;
+            drawBlock(painter, context, block);
+        }
     }
-    if (documentSize() != m_reported)
-        m_idle.start(); // not while a window is painted
+    if (m_corrections != corrections) {
+        emit update(); // what stood below has moved
+        m_idle.start();
+    }
 }
 
 void RichLayout::drawBlock(QPainter *painter, const PaintContext &context, const QTextBlock &block) const {

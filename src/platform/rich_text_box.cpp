@@ -8,7 +8,6 @@
 #include "platform/rich_layout.h"
 #include "platform/rich_text_characters.h"
 #include "platform/rich_text_document.h"
-#include "platform/text_offsets.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -23,44 +22,67 @@ namespace {
 
 constexpr int kTwipsAPixel = 15;
 
-/// The format of the line end behind a block: Qt keeps it with the block that it begins.
-QTextCharFormat lineEndFormat(const QTextBlock &block) {
-    return block.next().isValid() ? block.next().charFormat() : block.charFormat();
-}
-
 } // namespace
 
-RichTextBox::RichTextBox(bool wraps, QWidget *parent) : QTextEdit(parent) {
+RichTextBox::RichTextBox(bool wraps, QWidget *parent) : PaneControl(parent) {
+    take(RichTextDocument::make({}).release());
+    setAcceptRichText(false); // HTML
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(wraps ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
     setLineWrapMode(wraps ? WidgetWidth : NoWrap);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    take(RichTextDocument::make({}).release());
-    connect(this, &QTextEdit::textChanged, this, &RichTextBox::reportChange);
 }
 
 RichTextBox::~RichTextBox() = default;
-
-void RichTextBox::reportChange() {
-    if (m_holds > 0)
-        m_changed = true;
-    else
-        emit Change();
-}
 
 void RichTextBox::take(RichTextDocument *document) {
     RichTextDocument *old = m_document;
     m_document = document;
     m_document->setWhiteIsClear(m_whiteIsClear);
     m_document->setParent(this);
+    m_heldView.reset();
     setDocument(m_document);
     delete old;
-    connect(&m_document->layout(), &RichLayout::heightFound, this, [this](qreal bottom, qreal difference) {
-        // What shows stays where it is.
-        QScrollBar *bar = verticalScrollBar();
-        if (bottom <= bar->value())
-            bar->setValue(bar->value() + static_cast<int>(difference));
-    });
+    followDocument();
+    connect(&m_document->layout(), &RichLayout::aboutToMeasure, this, &RichTextBox::holdView);
+    connect(&m_document->layout(), &RichLayout::measured, this, &RichTextBox::releaseView);
+}
+
+void RichTextBox::holdView() {
+    const QScrollBar &bar = *verticalScrollBar();
+    const bool hasRoom = bar.value() > m_document->layout().documentSize().height() - viewport()->height();
+    m_heldView = {m_document->layout().placeAt(bar.value()), horizontalScrollBar()->value(), hasRoom};
+}
+
+void RichTextBox::releaseView(int firstParagraph, int lastParagraph) {
+    if (!m_heldView)
+        return;
+    const RichLayout &layout = m_document->layout();
+    QScrollBar &bar = *verticalScrollBar();
+    const int top = layout.heightOf(m_heldView->top);
+    if (m_heldView->hasRoom)
+        bar.setMaximum(std::max(bar.maximum(), top));
+    bar.setValue(top);
+    const bool moved = bar.value() != top || horizontalScrollBar()->value() != m_heldView->left;
+    const bool shows = lastParagraph >= m_heldView->top.paragraph &&
+                       layout.heightOf({firstParagraph, 0}) < top + viewport()->height();
+    m_heldView.reset();
+    if (moved || (firstParagraph <= lastParagraph && shows))
+        viewport()->update();
+}
+
+void RichTextBox::scrollContentsBy(int dx, int dy) {
+    if (!m_heldView)
+        QTextEdit::scrollContentsBy(dx, dy);
+}
+
+void RichTextBox::resizeEvent(QResizeEvent *event) {
+    const int top = cursorForPosition({0, 0}).position();
+    QTextEdit::resizeEvent(event);
+    if (lineWrapMode() == NoWrap || event->oldSize().width() == event->size().width())
+        return;
+    const RichLayout::Place place = m_document->layout().placeOfLine(top);
+    verticalScrollBar()->setValue(m_document->layout().heightOf(place));
 }
 
 RichText RichTextBox::richText() const {
@@ -71,7 +93,9 @@ bool RichTextBox::setRichText(const RichText &text, const Progress &progress) {
     std::unique_ptr<RichTextDocument> made = RichTextDocument::make(text, progress);
     if (!made)
         return false;
+    const HeldChange hold(*this);
     take(made.release());
+    beginHistory();
     return true;
 }
 
@@ -80,10 +104,16 @@ RichText RichTextBox::selRichText() const {
     return m_document->richText(cursor.selectionStart(), cursor.selectionEnd());
 }
 
-void RichTextBox::setSelRichText(const RichText &text) {
+template <class Insertion> void RichTextBox::replaceSelection(Insertion insert) {
+    const HeldChange hold(*this);
     QTextCursor cursor = textCursor();
-    m_document->insert(cursor, text);
+    insert(cursor);
+    endStep();
     placeCaret(cursor.position());
+}
+
+void RichTextBox::setSelRichText(const RichText &text) {
+    replaceSelection([&](QTextCursor &cursor) { m_document->insert(cursor, text); });
 }
 
 std::string RichTextBox::TextRTF() const {
@@ -102,8 +132,12 @@ void RichTextBox::setSelRTF(std::string_view rtf) {
     setSelRichText(richTextFromRtf(rtf));
 }
 
-std::string RichTextBox::Text() const {
-    return m_document->plainBytes(0, m_document->characterCount() - 1);
+std::string RichTextBox::bytesBetween(int from, int to) const {
+    return m_document->plainBytes(from, to);
+}
+
+QString RichTextBox::characters(std::string_view bytes) const {
+    return shownText(bytes, fontKindOf(firstFormat()));
 }
 
 void RichTextBox::setText(std::string_view bytes) {
@@ -112,50 +146,46 @@ void RichTextBox::setText(std::string_view bytes) {
     const QTextCharFormat first = start.charFormat();
     RichText text = richTextFromPlainText(bytes, charFormatOf(first));
     text.fonts = {fontNameOf(first)};
+    const HeldChange hold(*this);
     setRichText(text);
+    if (bytes.empty())
+        m_document->setEmptyFormat(textFormat(first));
 }
 
-qsizetype RichTextBox::length() const {
-    return textLength(*m_document);
-}
-
-qsizetype RichTextBox::SelStart() const {
-    return offsetOfPosition(*m_document, textCursor().selectionStart());
-}
-
-void RichTextBox::setSelStart(qsizetype offset) {
-    const int position = positionOfOffset(*m_document, offset);
-    select(position, position);
-}
-
-qsizetype RichTextBox::SelLength() const {
-    return selEnd() - SelStart();
-}
-
-void RichTextBox::setSelLength(qsizetype length) {
-    const qsizetype start = SelStart();
-    const qsizetype end = start + std::clamp<qsizetype>(length, 0, this->length() - start);
-    int position = positionOfOffset(*m_document, end);
-    // Only an end between CR and LF gives a position of a smaller offset.
-    if (offsetOfPosition(*m_document, position) < end)
-        ++position;
-    select(textCursor().selectionStart(), position);
-}
-
-qsizetype RichTextBox::selEnd() const {
-    return offsetOfPosition(*m_document, textCursor().selectionEnd());
-}
-
-std::string RichTextBox::SelText() const {
-    const QTextCursor cursor = textCursor();
-    return m_document->plainBytes(cursor.selectionStart(), cursor.selectionEnd());
+int RichTextBox::positionOfSelectionEnd(qsizetype offset) const {
+    const int position = positionOfOffset(offset);
+    // Only an offset between CR and LF gives a position of a smaller one.
+    return offsetOfPosition(position) < offset ? position + 1 : position;
 }
 
 void RichTextBox::setSelText(std::string_view bytes) {
-    QTextCursor cursor = textCursor();
     const QTextCharFormat format = textFormat(firstFormat());
-    cursor.insertText(shownText(bytes, fontKindOf(format)), format);
-    placeCaret(cursor.position());
+    replaceSelection(
+        [&](QTextCursor &cursor) { cursor.insertText(shownText(bytes, fontKindOf(format)), format); });
+}
+
+void RichTextBox::replaceEach(const std::vector<std::size_t> &offsets, std::size_t length,
+                              std::string_view replacement) {
+    const HeldChange hold(*this);
+    m_document->replaceEach(offsets, length, replacement);
+    endStep();
+    placeCaret(0);
+}
+
+void RichTextBox::moveSelection(int place) {
+    const RichText text = selRichText();
+    const HeldChange hold(*this);
+    QTextCursor target = cursorOver(place, place);
+    target.beginEditBlock();
+    textCursor().removeSelectedText();
+    m_document->insert(target, text);
+    target.endEditBlock();
+    endStep();
+    placeCaret(target.position());
+}
+
+void RichTextBox::finishChange() {
+    m_document->settleFirstLine();
 }
 
 QTextCharFormat RichTextBox::firstFormat() const {
@@ -227,50 +257,56 @@ bool RichTextBox::SelStrikeThru() const {
     return common<bool>([](const QTextCharFormat &format) { return format.fontStrikeOut(); }, false);
 }
 
+void RichTextBox::mergeFormat(const QTextCharFormat &format) {
+    const HeldChange hold(*this);
+    mergeCurrentCharFormat(format);
+    endStep();
+}
+
 void RichTextBox::setSelFontName(const std::string &name) {
     const HeldChange hold(*this);
-    QTextCursor selection = textCursor();
-    const int anchor = selection.anchor();
-    const int caret = selection.position();
-    selection.beginEditBlock();
+    const PaneSelection selected = selection();
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
     mergeCurrentCharFormat(qtFontName(name));
-    m_document->reformTabs(std::min(anchor, caret), std::max(anchor, caret));
-    selection.endEditBlock();
-    if (anchor != caret)
-        select(anchor, caret);
+    m_document->reformTabs(cursor.selectionStart(), cursor.selectionEnd());
+    cursor.endEditBlock();
+    endStep();
+    if (selected.anchor != selected.caret)
+        select(selected);
 }
 
 void RichTextBox::setSelFontSize(double points) {
     if (points > 0)
-        mergeCurrentCharFormat(qtFontSize(points));
+        mergeFormat(qtFontSize(points));
 }
 
 void RichTextBox::setSelColor(Colour colour) {
-    mergeCurrentCharFormat(qtTextColour(colour));
+    mergeFormat(qtTextColour(colour));
 }
 
 void RichTextBox::setSelBold(bool on) {
     QTextCharFormat format;
     format.setFontWeight(on ? QFont::Bold : QFont::Normal);
-    mergeCurrentCharFormat(format);
+    mergeFormat(format);
 }
 
 void RichTextBox::setSelItalic(bool on) {
     QTextCharFormat format;
     format.setFontItalic(on);
-    mergeCurrentCharFormat(format);
+    mergeFormat(format);
 }
 
 void RichTextBox::setSelUnderline(bool on) {
     QTextCharFormat format;
     format.setFontUnderline(on);
-    mergeCurrentCharFormat(format);
+    mergeFormat(format);
 }
 
 void RichTextBox::setSelStrikeThru(bool on) {
     QTextCharFormat format;
     format.setFontStrikeOut(on);
-    mergeCurrentCharFormat(format);
+    mergeFormat(format);
 }
 
 std::string RichTextBox::LoadFile(const std::string &path) {
@@ -293,20 +329,22 @@ void RichTextBox::pastePicture(const QImage &image) {
     buffer.open(QIODevice::WriteOnly);
     if (image.isNull() || !image.save(&buffer, "PNG"))
         return;
-    QTextCursor cursor = textCursor();
     const RichPicture picture{RichPicture::Kind::Png, png.toStdString(), image.width() * kTwipsAPixel,
                               image.height() * kTwipsAPixel};
-    m_document->insert(cursor, picture, textFormat(firstFormat()));
-    placeCaret(cursor.position());
+    const QTextCharFormat format = textFormat(firstFormat());
+    replaceSelection([&](QTextCursor &cursor) { m_document->insert(cursor, picture, format); });
 }
 
 int RichTextBox::lineOfOffset(qsizetype offset) const {
-    const int position = positionOfOffset(*m_document, offset);
-    return m_document->layout().lineOfPosition(position);
+    return m_document->layout().lineOfPosition(positionOfOffset(offset));
 }
 
 int RichTextBox::lineCount() const {
     return lineOfOffset(length()) + 1;
+}
+
+qsizetype RichTextBox::lineStartOfCaret() const {
+    return offsetOfPosition(m_document->layout().lineStart(textCursor().position()));
 }
 
 void RichTextBox::setBackColour(const QColor &colour) {
@@ -320,29 +358,6 @@ void RichTextBox::setWhiteIsClear(bool on) {
     m_whiteIsClear = on;
     m_document->setWhiteIsClear(on);
     viewport()->update();
-}
-
-void RichTextBox::undo() {
-    const HeldChange hold(*this);
-    QTextEdit::undo();
-}
-
-void RichTextBox::redo() {
-    const HeldChange hold(*this);
-    QTextEdit::redo();
-}
-
-void RichTextBox::placeCaret(int position) {
-    if (!m_takesDrop)
-        select(position, position);
-}
-
-void RichTextBox::select(int anchor, int caret) {
-    QTextCursor cursor(m_document);
-    cursor.setPosition(anchor);
-    cursor.setPosition(caret, QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
-    ensureCursorVisible();
 }
 
 } // namespace zolt

@@ -3,15 +3,10 @@
 #include "platform/held_keys.h"
 #include "platform/held_text.h"
 #include "platform/rich_text_box.h"
-#include "platform/rich_text_characters.h"
 #include "platform/rich_text_document.h"
 
-#include <QContextMenuEvent>
-#include <QDropEvent>
 #include <QImage>
-#include <QInputMethodEvent>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QUrl>
 #include <algorithm>
 
@@ -35,98 +30,26 @@ bool namesFiles(const QMimeData &source) {
     return std::any_of(addresses.begin(), addresses.end(), [](const QUrl &url) { return url.isLocalFile(); });
 }
 
-/// A key whose characters, if it types any, are those of a font.
-QKeyEvent shownKey(const QKeyEvent &event, FontKind kind) {
-    const QKeyEvent held = heldKey(event);
-    const QString text = typesCharacters(held) ? shownText(bytesOfHeldText(held.text()), kind) : held.text();
-    return QKeyEvent(held.type(), held.key(), held.modifiers(), held.nativeScanCode(),
-                     held.nativeVirtualKey(), held.nativeModifiers(), text, held.isAutoRepeat(),
-                     static_cast<quint16>(held.count()));
-}
-
 } // namespace
 
-bool RichTextBox::event(QEvent *event) {
-    if (event->type() == QEvent::ShortcutOverride && belongsToWindow(*static_cast<QKeyEvent *>(event))) {
-        event->ignore();
-        return false;
-    }
-    return QTextEdit::event(event);
-}
-
-void RichTextBox::changeEvent(QEvent *event) {
-    QTextEdit::changeEvent(event);
-    // A locked control still has a caret and copies.
-    if (event->type() == QEvent::ReadOnlyChange && isReadOnly())
-        setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-}
-
-void RichTextBox::keyPressEvent(QKeyEvent *event) {
-    // A locked QTextEdit pages down at a blank.
-    const bool refused = isReadOnly() && typesCharacters(*event);
-    if (refused || belongsToWindow(*event)) {
-        event->ignore();
-    } else {
-        const HeldChange hold(*this);
-        QKeyEvent shown = shownKey(*event, fontKindOf(currentCharFormat()));
-        QTextEdit::keyPressEvent(&shown);
-        event->setAccepted(shown.isAccepted());
-    }
-    emit keyDown();
-}
-
-void RichTextBox::keyReleaseEvent(QKeyEvent *event) {
-    QTextEdit::keyReleaseEvent(event);
-    emit keyUp();
-}
-
-void RichTextBox::inputMethodEvent(QInputMethodEvent *event) {
-    if (isReadOnly()) {
-        event->ignore();
-        return;
-    }
-    QInputMethodEvent shown(event->preeditString(), event->attributes());
-    const QString committed =
-        shownText(bytesOfOutsideText(event->commitString()), fontKindOf(currentCharFormat()));
-    shown.setCommitString(committed, event->replacementStart(), event->replacementLength());
-    QTextEdit::inputMethodEvent(&shown);
-    event->setAccepted(shown.isAccepted());
-}
-
-void RichTextBox::dropEvent(QDropEvent *event) {
-    m_takesDrop = true;
-    QTextEdit::dropEvent(event);
-    m_takesDrop = false;
-}
-
-void RichTextBox::mousePressEvent(QMouseEvent *event) {
-    QTextEdit::mousePressEvent(event);
-    emit mouseDown(event->button());
-}
-
-void RichTextBox::mouseReleaseEvent(QMouseEvent *event) {
-    QTextEdit::mouseReleaseEvent(event);
-    const Qt::MouseButton button = event->button();
-    const bool inControl = viewport()->rect().contains(event->position().toPoint());
-    emit mouseUp(button);
-    if (button == Qt::LeftButton && inControl)
-        emit click();
-}
-
-void RichTextBox::mouseDoubleClickEvent(QMouseEvent *event) {
-    QTextEdit::mouseDoubleClickEvent(event);
-    emit mouseDown(event->button());
-}
-
-void RichTextBox::contextMenuEvent(QContextMenuEvent *event) {
-    // The right press has been reported; the menu key is the window's.
-    event->setAccepted(event->reason() == QContextMenuEvent::Mouse);
+/// Qt would give characters typed over a selection the look of what stands in front of
+/// the caret.
+void RichTextBox::takeKey(QKeyEvent &key) {
+    if (!hasSelection() || !typesCharacters(key) || isReadOnly())
+        return PaneControl::takeKey(key);
+    QTextCursor cursor = textCursor();
+    cursor.insertText(key.text(), textFormat(firstFormat()));
+    placeCaret(cursor.position());
 }
 
 QMimeData *RichTextBox::createMimeDataFromSelection() const {
     auto *mimeData = new QMimeData;
     mimeData->setData(QString::fromLatin1(kRtfTypes[0]), QByteArray::fromStdString(SelRTF()));
     mimeData->setText(outsideText(SelText()));
+    const QTextCursor selected = textCursor();
+    if (const QImage picture = m_document->pictureBetween(selected.selectionStart(), selected.selectionEnd());
+        !picture.isNull())
+        mimeData->setImageData(picture);
     return mimeData;
 }
 

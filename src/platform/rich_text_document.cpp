@@ -83,6 +83,7 @@ std::unique_ptr<RichTextDocument> RichTextDocument::make(const RichText &text, c
     std::unique_ptr<RichTextDocument> document(new RichTextDocument);
     document->setUndoRedoEnabled(false);
     QTextCursor cursor(document.get());
+    cursor.setBlockCharFormat(qtFormat({}, text.fonts.front()));
     cursor.beginEditBlock();
     const bool done = document->append(cursor, text, progress);
     cursor.endEditBlock();
@@ -208,25 +209,6 @@ std::string RichTextDocument::plainBytes(int from, int to) const {
     return bytes;
 }
 
-void RichTextDocument::reformTabs(int from, int to) {
-    QTextCursor cursor(this);
-    cursor.beginEditBlock();
-    for (QTextBlock block = findBlock(from); block.isValid() && block.position() < to; block = block.next()) {
-        const QString text = block.text();
-        const int last = std::min(to - block.position(), static_cast<int>(text.size()));
-        for (int i = std::max(from - block.position(), 0); i < last; ++i) {
-            if (!isShownTab(text[i]))
-                continue;
-            cursor.setPosition(block.position() + i);
-            cursor.setPosition(block.position() + i + 1, QTextCursor::KeepAnchor);
-            const QTextCharFormat format = cursor.charFormat();
-            if (text[i] != shownTab(fontKindOf(format)))
-                cursor.insertText(QString(shownTab(fontKindOf(format))), format);
-        }
-    }
-    cursor.endEditBlock();
-}
-
 const QImage &RichTextDocument::image(int number) {
     if (!m_images.contains(number)) {
         const std::string &bytes = m_pictures[static_cast<std::size_t>(number)].bytes;
@@ -237,6 +219,16 @@ const QImage &RichTextDocument::image(int number) {
         m_images.insert(number, decoded, cost);
     }
     return *m_images.object(number);
+}
+
+QImage RichTextDocument::pictureBetween(int from, int to) {
+    if (to != from + 1 || characterAt(from) != QChar::ObjectReplacementCharacter)
+        return {};
+    QTextCursor cursor(this);
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    const QTextCharFormat format = cursor.charFormat();
+    return pictureOf(format) ? image(format.intProperty(kPictureProperty)) : QImage();
 }
 
 /// The part of a picture below the baseline of its line, so that it stands on the

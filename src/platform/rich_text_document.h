@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+class QTextBlock;
 class QTextCursor;
 
 namespace zolt {
@@ -42,6 +43,17 @@ public:
     /// Puts byte 9 between two positions into the form of the fonts that it stands in
     /// by now.
     void reformTabs(int from, int to);
+    /// Replaces stretches of `length` bytes at rising offsets, each by bytes that look like
+    /// its first character, in one undo step.
+    void replaceEach(const std::vector<std::size_t> &offsets, std::size_t length, std::string_view bytes);
+    /// Makes an empty first line look like the text's first character. Qt keeps that
+    /// line's format apart from the text and from the undo history.
+    void settleFirstLine();
+    /// The same for the only line of an empty text.
+    void setEmptyFormat(const QTextCharFormat &format);
+
+    /// The picture that is all there is between two positions, else none.
+    QImage pictureBetween(int from, int to);
 
     /// Draws pictures as on the calculator's glass: what is white lets the ground shine
     /// through. The pictures themselves stay as they are.
@@ -58,7 +70,19 @@ public:
                     const QTextFormat &format) override;
 
 private:
+    /// Other characters for a part of the text.
+    struct Edit {
+        int from; // position
+        int to;
+        QString characters;
+        QTextCharFormat format;
+    };
+
     RichTextDocument();
+    std::vector<Edit> editsOf(const std::vector<std::size_t> &offsets, std::size_t length,
+                              std::string_view bytes) const;
+    /// In one undo step; the edits rise.
+    void edit(const std::vector<Edit> &edits);
     bool append(QTextCursor &cursor, const RichText &text, const Progress &progress);
     QTextCharFormat pictureFormat(const RichPicture &picture, QTextCharFormat format);
     const RichPicture *pictureOf(const QTextFormat &format) const;
@@ -73,6 +97,8 @@ private:
     QCache<int, QImage> m_images;
 };
 
+/// The format of the line end behind a block: Qt keeps it with the block that it begins.
+QTextCharFormat lineEndFormat(const QTextBlock &block);
 /// A format without what makes its character a picture.
 QTextCharFormat textFormat(QTextCharFormat format);
 

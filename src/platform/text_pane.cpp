@@ -1,13 +1,14 @@
 #include "platform/text_pane.h"
 
+#include "core/find.h"
+#include "platform/byte_mime.h"
 #include "platform/held_text.h"
 #include "platform/pane_layout.h"
-#include "platform/text_offsets.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QMimeData>
 #include <QResizeEvent>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -36,7 +37,7 @@ std::string_view commonEnd(std::string_view a, std::string_view b) {
 
 } // namespace
 
-TextPane::TextPane(bool wraps, QWidget *parent) : QPlainTextEdit(parent) {
+TextPane::TextPane(bool wraps, QWidget *parent) : PaneControl(parent) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(wraps ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
     setLineWrapMode(wraps ? WidgetWidth : NoWrap);
@@ -48,33 +49,22 @@ TextPane::TextPane(bool wraps, QWidget *parent) : QPlainTextEdit(parent) {
     setDocument(paneDocument);
     setPaneFont(font());
 
-    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TextPane::followSelection);
-    connect(this, &QPlainTextEdit::selectionChanged, this, &TextPane::followSelection);
-    connect(document(), &QTextDocument::contentsChange, this, &TextPane::followContents);
-    connect(this, &QPlainTextEdit::textChanged, this, &TextPane::reportChange);
-    connect(this, &TextPane::Change, m_events, &PaneEvents::Change);
-    connect(this, &TextPane::keyDown, m_events, &PaneEvents::keyDown);
-    connect(this, &TextPane::keyUp, m_events, &PaneEvents::keyUp);
-    connect(this, &TextPane::mouseDown, m_events, &PaneEvents::mouseDown);
-    connect(this, &TextPane::mouseUp, m_events, &PaneEvents::mouseUp);
-    connect(this, &TextPane::click, m_events, &PaneEvents::click);
-    connect(this, &TextPane::selectionChanged, m_events, &PaneEvents::selectionMoved);
+    followDocument();
 }
 
-std::string TextPane::Text() const {
-    return bytesOfHeldText(document()->toRawText());
+std::string TextPane::bytesBetween(int from, int to) const {
+    return bytesOfHeldText(cursorOver(from, to).selectedText());
+}
+
+QString TextPane::characters(std::string_view bytes) const {
+    return heldText(bytes);
 }
 
 void TextPane::setText(std::string_view bytes) {
-    {
-        const QScopedValueRollback held(m_holdsChange, true);
-        document()->setPlainText(heldText(bytes));
-        select({0, 0});
-    }
-    m_undoSelections.clear();
-    m_lastSelection = selection();
-    m_lastStepUndid = false;
-    emit Change();
+    const HeldChange hold(*this);
+    document()->setPlainText(heldText(bytes));
+    placeCaret(0);
+    beginHistory();
 }
 
 void TextPane::replaceText(std::string_view bytes) {
@@ -90,53 +80,19 @@ void TextPane::replaceText(std::string_view bytes) {
     const int from = positionOfOffset(static_cast<qsizetype>(start.size()));
     const int to = positionOfOffset(static_cast<qsizetype>(old.size() - end.size()));
     if (old == bytes)
-        select({0, 0});
+        placeCaret(0);
     else
         replaceRange(from, to, bytes.substr(start.size(), bytes.size() - start.size() - end.size()), 0);
-}
-
-void TextPane::replaceEach(const std::vector<std::size_t> &offsets, std::size_t length,
-                           std::string_view replacement) {
-    const std::string old = Text();
-    std::string text;
-    std::size_t done = 0;
-    for (const std::size_t offset : offsets) {
-        text.append(old, done, offset - done).append(replacement);
-        done = offset + length;
-    }
-    replaceText(text.append(old, done));
-}
-
-qsizetype TextPane::length() const {
-    return textLength(*document());
-}
-
-qsizetype TextPane::SelStart() const {
-    return offsetOfPosition(textCursor().selectionStart());
-}
-
-void TextPane::setSelStart(qsizetype offset) {
-    const int position = positionOfOffset(offset);
-    select({position, position});
-}
-
-void TextPane::setSelLength(qsizetype length) {
-    const qsizetype start = SelStart();
-    const qsizetype room = this->length() - start;
-    select({textCursor().selectionStart(), positionOfOffset(start + std::clamp<qsizetype>(length, 0, room))});
-}
-
-qsizetype TextPane::selEnd() const {
-    return offsetOfPosition(textCursor().selectionEnd());
-}
-
-std::string TextPane::SelText() const {
-    return bytesOfHeldText(textCursor().selectedText());
 }
 
 void TextPane::setSelText(std::string_view bytes) {
     const QTextCursor cursor = textCursor();
     replaceRange(cursor.selectionStart(), cursor.selectionEnd(), bytes, std::nullopt);
+}
+
+void TextPane::replaceEach(const std::vector<std::size_t> &offsets, std::size_t length,
+                           std::string_view replacement) {
+    replaceText(textWithReplaced(Text(), offsets, length, replacement));
 }
 
 int TextPane::lineOfOffset(qsizetype offset) const {
@@ -173,48 +129,6 @@ void TextPane::setColours(const QColor &text, const QColor &background) {
     setPalette(colours);
 }
 
-void TextPane::undo() {
-    walkHistory(&QPlainTextEdit::undo, &UndoSelections::undoneTo);
-}
-
-void TextPane::redo() {
-    walkHistory(&QPlainTextEdit::redo, &UndoSelections::redoneTo);
-}
-
-void TextPane::undoToggle() {
-    m_lastStepUndid ? redo() : undo();
-}
-
-bool TextPane::canUndoToggle() const {
-    return m_lastStepUndid || (document()->isUndoAvailable() && !isReadOnly());
-}
-
-void TextPane::walkHistory(void (QPlainTextEdit::*step)(),
-                           std::optional<PaneSelection> (UndoSelections::*selectionAt)(int)) {
-    const int depth = document()->availableUndoSteps();
-    if (isReadOnly())
-        return;
-    {
-        const QScopedValueRollback walking(m_walksHistory, true);
-        const QScopedValueRollback held(m_holdsChange, true);
-        (this->*step)();
-    }
-    if (document()->availableUndoSteps() == depth)
-        return;
-    m_lastStepUndid = step == &QPlainTextEdit::undo;
-    if (const auto there = (m_undoSelections.*selectionAt)(document()->availableUndoSteps()))
-        select(*there);
-    emit Change();
-}
-
-int TextPane::positionOfOffset(qsizetype offset) const {
-    return zolt::positionOfOffset(*document(), offset);
-}
-
-qsizetype TextPane::offsetOfPosition(int position) const {
-    return zolt::offsetOfPosition(*document(), position);
-}
-
 QTextLine TextPane::lineOfBlock(const QTextBlock &block, int position) const {
     m_layout->layOut(block);
     const QTextLayout *layout = block.layout();
@@ -227,45 +141,15 @@ int TextPane::lineOfPosition(int position) const {
     return block.firstLineNumber() + lineOfBlock(block, position).lineNumber();
 }
 
-PaneSelection TextPane::selection() const {
-    const QTextCursor cursor = textCursor();
-    return {cursor.anchor(), cursor.position()};
-}
-
-void TextPane::select(PaneSelection selection) {
-    QTextCursor cursor(document());
-    cursor.setPosition(selection.anchor);
-    cursor.setPosition(selection.caret, QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
-    ensureCursorVisible();
-}
-
 void TextPane::replaceRange(int from, int to, std::string_view bytes, std::optional<int> caret) {
     if (from == to && bytes.empty())
         return;
-    QTextCursor cursor(document());
-    {
-        const QScopedValueRollback held(m_holdsChange, true);
-        cursor.beginEditBlock();
-        cursor.setPosition(from);
-        cursor.setPosition(to, QTextCursor::KeepAnchor);
-        cursor.insertText(heldText(bytes));
-        cursor.endEditBlock();
-    }
-    // Qt joins typing to the last insertion of a modified document, and so would
-    // make one undo step of both.
-    document()->setModified(false);
-    const int position = caret.value_or(cursor.position());
-    select({position, position});
-    m_undoSelections.setLatestAfter(selection());
-    emit Change();
-}
-
-std::string TextPane::bytesBetween(int from, int to) const {
-    QTextCursor cursor(document());
-    cursor.setPosition(from);
-    cursor.setPosition(to, QTextCursor::KeepAnchor);
-    return bytesOfHeldText(cursor.selectedText());
+    const HeldChange hold(*this);
+    QTextCursor cursor = cursorOver(from, to);
+    cursor.insertText(heldText(bytes));
+    finishChange(); // before the caret stands, which a new line end might shift
+    endStep();
+    placeCaret(caret.value_or(cursor.position()));
 }
 
 void TextPane::resizeEvent(QResizeEvent *event) {
@@ -277,48 +161,51 @@ void TextPane::resizeEvent(QResizeEvent *event) {
     verticalScrollBar()->setValue(lineOfPosition(top));
 }
 
-void TextPane::followSelection() {
-    m_lastSelection = selection();
-}
-
-void TextPane::followContents(int from, int /*removed*/, int added) {
-    if (m_walksHistory)
-        return;
-    const int depth = document()->availableUndoSteps();
-    if (m_joinsLineEnd) {
-        m_undoSelections.extendLatest(depth, selection());
-        return;
-    }
-    m_lastStepUndid = false;
-    m_undoSelections.recordChange(depth, m_lastSelection, selection());
-    for (const int position : std::set{from, from + added}) {
+void TextPane::noteContents(int from, int end) {
+    for (const int position : std::set{from, end}) {
         if (document()->characterAt(position - 1) == kHeldCr && document()->characterAt(position) == kHeldLf)
             m_splitLineEnds.push_back(position - 1);
     }
 }
 
-void TextPane::reportChange() {
-    if (!m_splitLineEnds.empty()) {
-        joinLineEnds(std::exchange(m_splitLineEnds, {})); // comes back here
-        return;
-    }
-    if (!m_walksHistory)
-        m_undoSelections.setLatestAfter(selection());
-    if (!m_holdsChange)
-        emit Change();
+void TextPane::finishChange() {
+    if (!m_splitLineEnds.empty())
+        joinLineEnds(std::exchange(m_splitLineEnds, {}));
 }
 
 void TextPane::joinLineEnds(const std::vector<int> &positions) {
-    const QScopedValueRollback joining(m_joinsLineEnd, true);
-    QTextCursor cursor(document());
-    cursor.joinPreviousEditBlock();
-    // From the last on, so that the others stay where they are.
-    for (auto position = positions.rbegin(); position != positions.rend(); ++position) {
-        cursor.setPosition(*position);
-        cursor.setPosition(*position + 2, QTextCursor::KeepAnchor);
-        cursor.insertBlock();
-    }
-    cursor.endEditBlock();
+    extendStep([&positions](QTextCursor &cursor) {
+        // From the last on, so that the others stay where they are.
+        for (auto position = positions.rbegin(); position != positions.rend(); ++position) {
+            cursor.setPosition(*position);
+            cursor.setPosition(*position + 2, QTextCursor::KeepAnchor);
+            cursor.insertBlock();
+        }
+    });
+}
+
+void TextPane::moveSelection(int place) {
+    const int from = textCursor().selectionStart();
+    const int to = textCursor().selectionEnd();
+    const std::string bytes = SelText();
+    if (place < from)
+        replaceRange(place, to, bytes + bytesBetween(place, from),
+                     place + static_cast<int>(heldText(bytes).size()));
+    else
+        replaceRange(from, place, bytesBetween(to, place) + bytes, std::nullopt);
+}
+
+QMimeData *TextPane::createMimeDataFromSelection() const {
+    return mimeOfBytes(SelText());
+}
+
+bool TextPane::canInsertFromMimeData(const QMimeData *source) const {
+    return offersBytes(*source);
+}
+
+void TextPane::insertFromMimeData(const QMimeData *source) {
+    if (!isReadOnly() && source && offersBytes(*source))
+        setSelText(bytesOfMime(*source));
 }
 
 } // namespace zolt

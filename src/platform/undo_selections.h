@@ -20,6 +20,8 @@ struct PaneSelection {
 class UndoSelections {
 public:
     void clear();
+    /// The depth at which the document stands, as far as is known here.
+    int depth() const { return m_depth; }
 
     /// A change that is no undo or redo has led to `depth`.
     void recordChange(int depth, PaneSelection before, PaneSelection after);

@@ -76,7 +76,7 @@ TEST(RichTextBoxContents, random_rich_texts_come_back) {
 TEST(RichTextBoxContents, setting_reports_one_change_and_forgets_undo) {
     ShownBox shown("old");
     shown.type("x");
-    QSignalSpy changes(&shown.box, &RichTextBox::Change);
+    QSignalSpy changes(&shown.box.events(), &PaneEvents::Change);
     shown.box.setRichText(sample());
     EXPECT_EQ(changes.count(), 1);
     EXPECT_FALSE(shown.box.document()->isUndoAvailable());
@@ -222,8 +222,8 @@ TEST(RichTextBoxKeys, typing_beside_a_picture_makes_no_picture) {
 TEST(RichTextBoxKeys, a_locked_box_moves_its_caret_only) {
     ShownBox shown("one\r\ntwo");
     shown.box.setReadOnly(true);
-    QSignalSpy keys(&shown.box, &RichTextBox::keyDown);
-    QSignalSpy released(&shown.box, &RichTextBox::keyUp);
+    QSignalSpy keys(&shown.box.events(), &PaneEvents::keyDown);
+    QSignalSpy released(&shown.box.events(), &PaneEvents::keyUp);
     shown.key(Qt::Key_Down);
     shown.key(Qt::Key_Right);
     EXPECT_EQ(shown.box.SelStart(), 6);
@@ -242,9 +242,9 @@ TEST(RichTextBoxKeys, a_locked_box_moves_its_caret_only) {
 
 TEST(RichTextBoxMouse, reports_buttons_and_clicks_without_a_menu) {
     ShownBox shown("one two");
-    QSignalSpy down(&shown.box, &RichTextBox::mouseDown);
-    QSignalSpy up(&shown.box, &RichTextBox::mouseUp);
-    QSignalSpy click(&shown.box, &RichTextBox::click);
+    QSignalSpy down(&shown.box.events(), &PaneEvents::mouseDown);
+    QSignalSpy up(&shown.box.events(), &PaneEvents::mouseUp);
+    QSignalSpy click(&shown.box.events(), &PaneEvents::click);
     QTest::mouseClick(shown.box.viewport(), Qt::LeftButton, {}, {300, 5});
     EXPECT_EQ(shown.box.SelStart(), 7);
     QTest::mouseClick(shown.box.viewport(), Qt::RightButton, {}, {5, 5});
@@ -294,7 +294,7 @@ TEST(RichTextBoxClipboard, takes_pictures_and_texts) {
 TEST(RichTextBoxChange, is_told_when_lines_and_caret_stand) {
     ShownBox shown;
     std::string seen;
-    QObject::connect(&shown.box, &RichTextBox::Change, [&] {
+    QObject::connect(&shown.box.events(), &PaneEvents::Change, [&] {
         seen += shown.box.Text() + " line " + std::to_string(shown.box.lineOfOffset(shown.box.SelStart())) +
                 " of " + std::to_string(shown.box.lineCount()) + ", " + std::to_string(shown.box.SelStart()) +
                 ";";

@@ -16,6 +16,7 @@
 #include <random>
 
 using zolt::ByteLine;
+using zolt::PaneEvents;
 using zolt::TextPane;
 
 namespace {
@@ -322,14 +323,14 @@ TEST(TextPaneReports, EventsAreReportedAfterThePaneActed) {
     TextPane &pane = shown.pane;
     QStringList log;
     const auto note = [&](const QString &what) { log << what + QString::number(pane.SelStart()); };
-    QObject::connect(&pane, &TextPane::keyDown, [&] { note(QStringLiteral("down")); });
-    QObject::connect(&pane, &TextPane::keyUp, [&] { note(QStringLiteral("up")); });
-    QObject::connect(&pane, &TextPane::Change, [&] { note(QStringLiteral("change")); });
-    QObject::connect(&pane, &TextPane::mouseDown,
+    QObject::connect(&pane.events(), &PaneEvents::keyDown, [&] { note(QStringLiteral("down")); });
+    QObject::connect(&pane.events(), &PaneEvents::keyUp, [&] { note(QStringLiteral("up")); });
+    QObject::connect(&pane.events(), &PaneEvents::Change, [&] { note(QStringLiteral("change")); });
+    QObject::connect(&pane.events(), &PaneEvents::mouseDown,
                      [&](Qt::MouseButton b) { note(QStringLiteral("press%1@").arg(int(b))); });
-    QObject::connect(&pane, &TextPane::mouseUp,
+    QObject::connect(&pane.events(), &PaneEvents::mouseUp,
                      [&](Qt::MouseButton b) { note(QStringLiteral("release%1@").arg(int(b))); });
-    QObject::connect(&pane, &TextPane::click, [&] { note(QStringLiteral("click")); });
+    QObject::connect(&pane.events(), &PaneEvents::click, [&] { note(QStringLiteral("click")); });
 
     shown.key(Qt::Key_Right);
     shown.type(QStringLiteral("x"));

@@ -12,6 +12,7 @@
 #include <set>
 #include <tuple>
 
+using zolt::PaneEvents;
 using zolt::TextPane;
 
 namespace {
@@ -125,7 +126,7 @@ TEST(TextPaneLines, StayRightThroughEditsUndoResizesAndFonts) {
         return std::tuple{pane.length(), pane.lineOfOffset(pane.selEnd()), pane.lineStartOfCaret()};
     };
     auto reported = caretNow();
-    QObject::connect(&pane, &TextPane::Change, [&] { reported = caretNow(); });
+    QObject::connect(&pane.events(), &PaneEvents::Change, [&] { reported = caretNow(); });
     const auto somewhere = [&] {
         return static_cast<qsizetype>(random() % static_cast<unsigned>(pane.length() + 1));
     };

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
+using zolt::PaneEvents;
 using zolt::TextPane;
 
 namespace {
@@ -161,7 +162,7 @@ TEST(TextPaneProperties, DriveThePaneByName) {
 
 TEST(TextPaneReports, EveryChangeByTheProgramReportsChangeOnce) {
     TextPane pane(true);
-    QSignalSpy changes(&pane, &TextPane::Change);
+    QSignalSpy changes(&pane.events(), &PaneEvents::Change);
     const auto reported = [&] {
         return std::exchange(static_cast<QList<QList<QVariant>> &>(changes), {}).size();
     };
@@ -182,7 +183,8 @@ TEST(TextPaneReports, EveryChangeByTheProgramReportsChangeOnce) {
 TEST(TextPaneReports, ChangeFindsTheCaretWhereItStays) {
     TextPane pane(false);
     std::vector<qsizetype> carets;
-    QObject::connect(&pane, &TextPane::Change, [&] { carets.push_back(pane.SelStart() + pane.SelLength()); });
+    QObject::connect(&pane.events(), &PaneEvents::Change,
+                     [&] { carets.push_back(pane.SelStart() + pane.SelLength()); });
     pane.setText("one two");
     pane.setSelStart(1);
     pane.setSelText("123");

@@ -83,11 +83,11 @@ void EditTextPreviewFrm::buildText() {
     Text4->setBackColour(kGlass);
     Text4->setWhiteIsClear(true);
     Text4->installEventFilter(this);
-    connect(Text4, &RichTextBox::click, this, &EditTextPreviewFrm::MostrarLinhaActual);
-    connect(Text4, &RichTextBox::keyDown, this, &EditTextPreviewFrm::MostrarLinhaActual);
-    connect(Text4, &RichTextBox::keyUp, this, &EditTextPreviewFrm::MostrarLinhaActual);
-    connect(Text4, &RichTextBox::mouseUp, this, &EditTextPreviewFrm::MostrarLinhaActual);
-    connect(Text4, &RichTextBox::mouseDown, this, [this](Qt::MouseButton button) {
+    connect(&Text4->events(), &PaneEvents::click, this, &EditTextPreviewFrm::MostrarLinhaActual);
+    connect(&Text4->events(), &PaneEvents::keyDown, this, &EditTextPreviewFrm::MostrarLinhaActual);
+    connect(&Text4->events(), &PaneEvents::keyUp, this, &EditTextPreviewFrm::MostrarLinhaActual);
+    connect(&Text4->events(), &PaneEvents::mouseUp, this, &EditTextPreviewFrm::MostrarLinhaActual);
+    connect(&Text4->events(), &PaneEvents::mouseDown, this, [this](Qt::MouseButton button) {
         MostrarLinhaActual();
         if (button == Qt::RightButton)
             MnuPopUp->popup(QCursor::pos());
