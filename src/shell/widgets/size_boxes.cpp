@@ -35,8 +35,8 @@ SizeBoxes::SizeBoxes(QWidget *parent) : QWidget(parent) {
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(4);
-    Text2 = addBox(0, "Text2", "UpDown1", QStringLiteral("&Width:"), 132, 133, 132);
-    Text3 = addBox(1, "Text3", "UpDown2", QStringLiteral("&Height:"), 65, 1090, 1090);
+    m_width = addBox(0, "Text2", "UpDown1", QStringLiteral("&Width:"), 132, 133, 132);
+    m_height = addBox(1, "Text3", "UpDown2", QStringLiteral("&Height:"), 65, 1090, 1090);
 }
 
 QLineEdit *SizeBoxes::addBox(int row, const char *name, const char *spinner, const QString &caption,
@@ -67,10 +67,10 @@ QLineEdit *SizeBoxes::addBox(int row, const char *name, const char *spinner, con
 }
 
 int SizeBoxes::widthInDots() const {
-    return dotsAtStart(Text2->text());
+    return dotsAtStart(m_width->text());
 }
 int SizeBoxes::heightInDots() const {
-    return dotsAtStart(Text3->text());
+    return dotsAtStart(m_height->text());
 }
 
 } // namespace zolt

@@ -31,8 +31,8 @@ private:
     QLineEdit *addBox(int row, const char *name, const char *spinner, const QString &caption, int start,
                       int typedUnder, int mostSpun);
 
-    QLineEdit *Text2;
-    QLineEdit *Text3;
+    QLineEdit *m_width;
+    QLineEdit *m_height;
 };
 
 } // namespace zolt
