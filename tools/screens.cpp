@@ -94,7 +94,7 @@ const QList<Scene> &scenes() {
         {"EditTextInsertImageFrm",
          []() -> QWidget * {
              load<EditTextInsertImageFrm>(loaded<MDIFrm>()).show();
-             loaded<EditTextInsertImageFrm>()->Command1_Click();
+             loaded<EditTextInsertImageFrm>()->preview();
              return loaded<EditTextInsertImageFrm>();
          }},
         {"EditTextInsertGrobFrm",

@@ -3,7 +3,6 @@
 #include "platform/surface_view.h"
 #include "platform/text_pane.h"
 #include "shell/base/shared_values.h"
-#include "shell/pictures/picture_sources.h"
 #include "shell/widgets/size_boxes.h"
 
 #include <QGridLayout>
@@ -53,21 +52,21 @@ QGroupBox *frameAround(const char *name, const QString &caption, QWidget *conten
 
 EditTextConvImgFrm::EditTextConvImgFrm(QWidget *owner)
     : ToolFrm(QStringLiteral("Image format conversion"), DisablesTheFrame, owner),
-      Text4(new QLineEdit),
-      Text1(new TextPane(true, this)),
-      Picture1(new SurfaceView(QStringLiteral("Picture1"), QStringLiteral("VScroll1"))),
-      Picture5(new SurfaceView(QStringLiteral("Picture5"), QStringLiteral("VScroll2"))),
-      Picture6(new SizeBoxes),
+      m_source(new QLineEdit),
+      m_text(new TextPane(true, this)),
+      m_surface(new SurfaceView(QStringLiteral("Picture1"), QStringLiteral("VScroll1"))),
+      m_view(new SurfaceView(QStringLiteral("Picture5"), QStringLiteral("VScroll2"))),
+      m_size(new SizeBoxes),
       m_nothingShows(newNothingShows()),
-      ProgressBar1(new QProgressBar) {
-    Text1->setObjectName(QStringLiteral("Text1"));
-    Text1->hide();
-    Text4->setObjectName(QStringLiteral("Text4"));
-    Text4->setReadOnly(true);
-    Picture6->setObjectName(QStringLiteral("Picture6"));
-    ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
-    ProgressBar1->setTextVisible(false);
-    ProgressBar1->setMaximumHeight(10);
+      m_bar(new QProgressBar) {
+    m_text->setObjectName(QStringLiteral("Text1"));
+    m_text->hide();
+    m_source->setObjectName(QStringLiteral("Text4"));
+    m_source->setReadOnly(true);
+    m_size->setObjectName(QStringLiteral("Picture6"));
+    m_bar->setObjectName(QStringLiteral("ProgressBar1"));
+    m_bar->setTextVisible(false);
+    m_bar->setMaximumHeight(10);
 
     auto *source = new QHBoxLayout;
     auto *sourceLabel = new QLabel(QStringLiteral("Source:"));
@@ -75,9 +74,9 @@ EditTextConvImgFrm::EditTextConvImgFrm(QWidget *owner)
     choose->setObjectName(QStringLiteral("Command2"));
     choose->setToolTip(QStringLiteral("Choose the source"));
     choose->setAutoDefault(false);
-    connect(choose, &QPushButton::clicked, this, &EditTextConvImgFrm::Command2_Click);
+    connect(choose, &QPushButton::clicked, this, &EditTextConvImgFrm::chooseSource);
     source->addWidget(sourceLabel);
-    source->addWidget(Text4, 1);
+    source->addWidget(m_source, 1);
     source->addWidget(choose);
 
     auto *column = new QVBoxLayout(this);
@@ -87,10 +86,10 @@ EditTextConvImgFrm::EditTextConvImgFrm(QWidget *owner)
     column->addLayout(top);
     column->addLayout(source);
     column->addWidget(buildPictures());
-    column->addWidget(ProgressBar1);
+    column->addWidget(m_bar);
     column->setSizeConstraint(QLayout::SetFixedSize);
 
-    connect(Picture6, &SizeBoxes::sizeChosen, this, &EditTextConvImgFrm::RefreshPicture);
+    connect(m_size, &SizeBoxes::sizeChosen, this, &EditTextConvImgFrm::RefreshPicture);
     VerificarSeleccionado();
     shared::PararLeitura = 0;
 }
@@ -114,17 +113,16 @@ QWidget *EditTextConvImgFrm::buildKinds() {
 }
 
 QWidget *EditTextConvImgFrm::buildPictures() {
-    Frame2 = frameAround("Frame2", QStringLiteral("Original image"), Picture1);
-    Frame3 = frameAround("Frame3", QStringLiteral("Preview"), Picture5);
+    m_viewFrame = frameAround("Frame3", QStringLiteral("Preview"), m_view);
     auto *pictures = new QWidget;
     auto *grid = new QGridLayout(pictures);
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->addWidget(Frame2, 0, 0);
-    grid->addWidget(Frame3, 0, 1);
-    QSizePolicy policy = Picture6->sizePolicy();
+    grid->addWidget(frameAround("Frame2", QStringLiteral("Original image"), m_surface), 0, 0);
+    grid->addWidget(m_viewFrame, 0, 1);
+    QSizePolicy policy = m_size->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
-    Picture6->setSizePolicy(policy);
-    grid->addWidget(Picture6, 1, 0, Qt::AlignLeft);
+    m_size->setSizePolicy(policy);
+    grid->addWidget(m_size, 1, 0, Qt::AlignLeft);
     grid->addWidget(m_nothingShows, 1, 1, Qt::AlignTop);
     return pictures;
 }
@@ -141,9 +139,9 @@ QWidget *EditTextConvImgFrm::buildButtons() {
         column->addWidget(button);
         return button;
     };
-    addButton("Command6", QStringLiteral("&Convert"), &EditTextConvImgFrm::Command6_Click)->setDefault(true);
-    addButton("Command7", QStringLiteral("&Preview"), &EditTextConvImgFrm::Command7_Click);
-    addButton("Command1", QStringLiteral("Close"), &EditTextConvImgFrm::Command1_Click);
+    addButton("Command6", QStringLiteral("&Convert"), &EditTextConvImgFrm::convert)->setDefault(true);
+    addButton("Command7", QStringLiteral("&Preview"), &EditTextConvImgFrm::preview);
+    addButton("Command1", QStringLiteral("Close"), &QWidget::close);
     column->addStretch();
     return buttons;
 }

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "core/progress.h"
-#include "images/dot_surface.h"
 #include "shell/base/tool_frm.h"
+#include "shell/pictures/picture_sources.h"
 
-#include <QImage>
 #include <array>
 #include <cstdint>
 
@@ -17,7 +16,6 @@ class QRadioButton;
 namespace zolt {
 
 class CommonDialog;
-struct GrobHeader;
 class SizeBoxes;
 class SurfaceView;
 class TextPane;
@@ -31,14 +29,11 @@ public:
     explicit EditTextConvImgFrm(QWidget *owner);
 
 public slots:
-    /// Close.
-    void Command1_Click();
-    /// Chooses the source.
-    void Command2_Click();
-    /// Convert: writes the target.
-    void Command6_Click();
-    /// Preview: shows the target's look.
-    void Command7_Click();
+    void chooseSource();
+    /// Writes the target.
+    void convert();
+    /// Shows the target's look.
+    void preview();
 
     void AbrirImagemPC();
     void AbrirImagemHP();
@@ -64,30 +59,28 @@ private:
     CommonDialog &targetDialog(const QString &filter);
     /// Asks for a source. False on Cancel, with the kind before in force again.
     bool askForSource(CommonDialog &dialog);
-    void showGrobSize(const GrobHeader &header);
-    /// Takes away what is shown and kept of a source.
-    void forgetSource();
+    /// Shows a source, and says what is to be known of it.
+    void take(OpenedPicture picture);
     /// The dots of the source's surface, as they are converted.
     DotSurface surfaceDots() const;
-    /// Asks where to write the text in Text1 and writes it.
+    /// Asks where to write m_text and writes it.
     void saveText(const QString &filter);
     /// Writes a target and keeps its folder, or says in the status bar why it can't.
     void writeTarget(const std::string &path, const std::string &bytes);
     Progress progress() const;
 
     std::array<QRadioButton *, 6> m_options{};
-    QLineEdit *Text4;
-    TextPane *Text1;
-    QGroupBox *Frame2;
-    QGroupBox *Frame3;
-    SurfaceView *Picture1;
-    SurfaceView *Picture5;
-    SizeBoxes *Picture6;
+    QLineEdit *m_source;
+    /// The text of the source or of the target, hidden.
+    TextPane *m_text;
+    SurfaceView *m_surface;
+    SurfaceView *m_view;
+    QGroupBox *m_viewFrame;
+    SizeBoxes *m_size;
     QLabel *m_nothingShows;
-    QProgressBar *ProgressBar1;
+    QProgressBar *m_bar;
 
-    QImage m_picture;
-    DotSurface m_dots;
+    OpenedPicture m_picture;
     std::string ImagemOrigem;
 };
 

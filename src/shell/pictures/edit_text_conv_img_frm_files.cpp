@@ -63,20 +63,16 @@ bool EditTextConvImgFrm::sourceIsPicture() const {
     return shared::TipoDeConversão == PictureToZolt || shared::TipoDeConversão == PictureToGrob;
 }
 
-void EditTextConvImgFrm::Command1_Click() {
-    close();
-}
-
 void EditTextConvImgFrm::closing() {
     shared::PararLeitura = 1;
 }
 
-void EditTextConvImgFrm::Command2_Click() {
+void EditTextConvImgFrm::chooseSource() {
     shared::TipoAnterior = shared::TipoDeConversão;
     shared::TipoDeConversão = static_cast<std::int16_t>(chosenKind());
     sourceIsPicture() ? AbrirImagemPC() : AbrirImagemHP();
     ImagemOrigem = commonDialog(DialogFrm::ImageConversion).FileName;
-    Text4->setText(fromFileName(ImagemOrigem));
+    m_source->setText(fromFileName(ImagemOrigem));
 }
 
 CommonDialog &EditTextConvImgFrm::sourceDialog(const QString &filter, int filterIndex) {
@@ -100,21 +96,15 @@ bool EditTextConvImgFrm::askForSource(CommonDialog &dialog) {
 void EditTextConvImgFrm::AbrirImagemPC() {
     CommonDialog &dialog = sourceDialog(QString::fromUtf8(kPictureFilter), 1);
     if (!askForSource(dialog)) {
-        Picture6->hide();
+        m_size->hide();
         return;
     }
-    forgetSource();
-    const LoadedPicture picture = loadPicture(dialog.FileName);
-    if (!picture.ok()) {
-        Picture6->hide();
-        sayRefused(this, dialog.FileName, picture.reason);
-        return;
-    }
-    m_picture = picture.image;
-    m_nothingShows->setVisible(!hasBlack(m_picture));
-    shared::settings.DfDirCnv = folderOf(dialog.FileName);
-    VerificarSeleccionado();
-    RefreshPicture();
+    take({});
+    OpenedPicture opened = openPcPicture(dialog.FileName, progress());
+    m_size->setVisible(!opened.isEmpty());
+    if (!opened.isEmpty())
+        shared::settings.DfDirCnv = folderOf(dialog.FileName);
+    take(std::move(opened));
 }
 
 void EditTextConvImgFrm::AbrirImagemHP() {
@@ -124,81 +114,64 @@ void EditTextConvImgFrm::AbrirImagemHP() {
         return;
     shared::settings.DfDirCnv = folderOf(dialog.FileName);
     VerificarSeleccionado();
-    forgetSource();
-    const std::string text = readPictureText(dialog.FileName);
-    if (text.empty())
-        return;
+    take({});
     shared::PararLeitura = 0;
-    PictureOfText picture = grob ? VerGrob(text, progress()) : VerVelda(text, progress());
-    ProgressBar1->reset();
-    if (!picture.reason.empty())
-        return sayRefused(this, dialog.FileName, picture.reason);
-    if (grob)
-        showGrobSize(*readGrobHeader(text));
-    Text1->setText(text);
-    m_dots = std::move(picture.surface);
-    Picture1->showDots(m_dots);
+    OpenedPicture opened = (grob ? openGrob : openZoltImage)(dialog.FileName, progress());
+    m_bar->reset();
+    take(std::move(opened));
 }
 
-void EditTextConvImgFrm::showGrobSize(const GrobHeader &header) {
-    Frame3->setTitle(QStringLiteral("Preview - ") + QString::fromStdString(header.caption));
-    if (header.tooWide())
-        showMessage(this, QString::fromUtf8(kGrobTooWide.data()), QMessageBox::Information);
-}
-
-void EditTextConvImgFrm::forgetSource() {
-    m_picture = {};
-    m_dots = {};
-    m_nothingShows->hide();
-    Text1->setText({});
-    Picture1->clear();
-    Picture5->clear();
-    Frame3->setTitle(QStringLiteral("Preview"));
+void EditTextConvImgFrm::take(OpenedPicture picture) {
+    m_picture = std::move(picture);
+    m_text->setText(m_picture.text);
+    m_surface->clear();
+    m_view->clear();
+    m_viewFrame->setTitle(m_picture.caption.isEmpty() ? QStringLiteral("Preview")
+                                                      : QStringLiteral("Preview - ") + m_picture.caption);
+    m_nothingShows->setVisible(!m_picture.image.isNull() && !hasBlack(m_picture.image));
+    sayNotice(this, m_picture.notice);
+    m_surface->showDots(m_picture.dots);
+    RefreshPicture();
 }
 
 void EditTextConvImgFrm::RefreshPicture() {
-    const int width = Picture6->widthInDots();
-    const int height = Picture6->heightInDots();
-    if (width == 0 || height == 0 || m_picture.isNull())
-        return;
-    shared::LarguraFigura = static_cast<std::int16_t>(width);
-    shared::AlturaFigura = static_cast<std::int16_t>(height);
-    Picture1->showPicture(width, height, [picture = m_picture, width, height](int scale) {
-        return stretchedPicture(picture, width, height, pictureTarget(width, height), scale);
-    });
+    const int width = m_size->widthInDots();
+    const int height = m_size->heightInDots();
+    if (width > 0 && height > 0 && !m_picture.image.isNull())
+        showStretched(*m_surface, m_picture.image, width, height, pictureTarget(width, height));
 }
 
 void EditTextConvImgFrm::VerificarSeleccionado() {
-    Picture6->setVisible(sourceIsPicture());
+    m_size->setVisible(sourceIsPicture());
 }
 
 DotSurface EditTextConvImgFrm::surfaceDots() const {
-    const QSize size = Picture1->sizeInDots();
-    if (!m_picture.isNull())
-        return dotsOfPicture(m_picture, size.width(), size.height());
-    return m_dots.isEmpty() ? DotSurface(size.width(), size.height()) : m_dots;
+    const QSize size = m_surface->sizeInDots();
+    if (!m_picture.image.isNull())
+        return dotsOfPicture(m_picture.image, size.width(), size.height());
+    return m_picture.isEmpty() ? DotSurface(size.width(), size.height()) : m_picture.dots;
 }
 
 Progress EditTextConvImgFrm::progress() const {
-    return readingProgress(ProgressBar1);
+    return readingProgress(m_bar);
 }
 
-void EditTextConvImgFrm::Command7_Click() {
+void EditTextConvImgFrm::preview() {
     if (shared::TipoDeConversão == 0)
         return;
     if (!sourceIsPicture()) {
         const DotSurface dots = surfaceDots();
-        Picture5->showDots(dots);
+        m_view->showDots(dots);
         return;
     }
     shared::PararLeitura = 0;
-    Text1->setText(LerFigura(surfaceDots(), progress()));
-    Picture5->showDots(VerVelda(Text1->Text(), progress()).surface, Picture1->sizeInDots());
-    ProgressBar1->reset();
+    m_text->setText(LerFigura(surfaceDots(), progress()));
+    m_view->showDots(VerVelda(m_text->Text(), progress()).surface, m_surface->sizeInDots());
+    m_bar->reset();
     RefreshPicture();
 }
 
-void EditTextConvImgFrm::Command6_Click() {
+void EditTextConvImgFrm::convert() {
     shared::PararLeitura = 0;
     switch (shared::TipoDeConversão) {
     case PictureToZolt:
@@ -228,13 +201,13 @@ CommonDialog &EditTextConvImgFrm::targetDialog(const QString &filter) {
 }
 
 void EditTextConvImgFrm::saveText(const QString &filter) {
-    ProgressBar1->reset();
+    m_bar->reset();
     if (shared::PararLeitura)
         return;
     CommonDialog &dialog = targetDialog(filter);
     if (dialog.ShowSave(this) != kDialogDone)
         return;
-    writeTarget(dialog.FileName, fileFromDocument(Text1->Text()));
+    writeTarget(dialog.FileName, fileFromDocument(m_text->Text()));
 }
 
 void EditTextConvImgFrm::writeTarget(const std::string &path, const std::string &bytes) {
@@ -243,25 +216,25 @@ void EditTextConvImgFrm::writeTarget(const std::string &path, const std::string 
 }
 
 void EditTextConvImgFrm::FicheiroGuardarVELDA() {
-    Text1->setText(LerFigura(surfaceDots(), progress()));
+    m_text->setText(LerFigura(surfaceDots(), progress()));
     saveText(QString::fromUtf8(kZoltImageFilter));
 }
 
 void EditTextConvImgFrm::FicheiroGuardarGROB() {
     const DotSurface dots = surfaceDots();
-    Text1->setText(FiguraParaGrob(dots, grobSizeOfSurface(dots), progress()));
+    m_text->setText(FiguraParaGrob(dots, grobSizeOfSurface(dots), progress()));
     saveText(QString::fromUtf8(kGrobFilter));
 }
 
 void EditTextConvImgFrm::FicheiroGuardarGROB2() {
-    const std::string imageText = Text1->Text();
+    const std::string imageText = m_text->Text();
     const GrobSize size = grobSizeOfImageText(measureImageText(imageText));
     if (size.width < 0)
         return showMessage(this, QStringLiteral("There is no ZOLT image to convert."), QMessageBox::Warning);
-    Text1->setText(FiguraParaGrob(surfaceDots(), size, progress()));
+    m_text->setText(FiguraParaGrob(surfaceDots(), size, progress()));
     saveText(QString::fromUtf8(kGrobFilter));
     // The image text stays the source of a further conversion.
-    Text1->setText(imageText);
+    m_text->setText(imageText);
 }
 
 void EditTextConvImgFrm::FicheiroGuardarBMP() {
@@ -271,7 +244,7 @@ void EditTextConvImgFrm::FicheiroGuardarBMP() {
     const std::size_t type = targetType(dialog);
     const DotSurface dots = surfaceDots();
     const std::string bytes = type < kGif ? bitmapFile(dots, kBitmapDepths[type]) : gifFile(dots, progress());
-    ProgressBar1->reset();
+    m_bar->reset();
     if (!bytes.empty())
         writeTarget(dialog.FileName, bytes);
 }

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "images/dot_surface.h"
-#include "shell/pictures/insert_frm.h"
-
-#include <QImage>
+#include "shell/pictures/text_insert_frm.h"
 
 class QLabel;
 
@@ -13,32 +10,25 @@ class SizeBoxes;
 
 /// Inserts a PC picture, stretched to the size in the boxes: its black pixels
 /// become dots.
-class EditTextInsertImageFrm : public InsertFrm {
+class EditTextInsertImageFrm : public TextInsertFrm {
     Q_OBJECT
 
 public:
     explicit EditTextInsertImageFrm(QWidget *owner);
 
 public slots:
-    /// Preview: shows what the image text looks like on the calculator.
-    void Command1_Click();
-    /// Open.
-    void Command5_Click();
-    /// Draws the picture anew at the size in the boxes.
-    void RefreshPicture();
+    /// Shows what the image text looks like on the calculator.
+    void preview();
+    /// At the size in the boxes.
+    void RefreshPicture() override;
 
 protected:
-    void clearPicture() override;
-    bool openFile(const std::string &path) override;
-    std::optional<std::string> imageText() override;
+    void pictureChanged() override;
+    DotSurface dots() const override;
 
 private:
-    DotSurface dots() const;
-
-    QImage m_picture;
-    SurfaceView *Picture1;
-    SurfaceView *Picture5;
-    QGroupBox *Frame3;
+    SurfaceView *m_view;
+    QGroupBox *m_viewFrame;
     SizeBoxes *m_size;
     QLabel *m_nothingShows;
 };

@@ -1,35 +1,71 @@
 #include "shell/pictures/insert_frm.h"
 
 #include "core/file.h"
-#include "images/dot_surface.h"
-#include "images/image_text.h"
 #include "platform/desktop.h"
+#include "platform/surface_view.h"
 #include "platform/text_pane.h"
 #include "shell/base/document_in_use.h"
 #include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
+#include "shell/pictures/picture_filters.h"
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QMdiSubWindow>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace zolt {
 
-InsertFrm::InsertFrm(const Form &form, QWidget *owner)
-    : ToolFrm(QString::fromUtf8(form.caption), BesideTheFrame, owner),
+const InsertSource kInsertPcPicture{
+    .open = openPcPicture,
+    .filter = kPictureFilter,
+    .dialog = DialogFrm::InsertPicture,
+    .title = "Insert BMP GIF JPG ...",
+    .openedTitle = "Insert image - ",
+    .frame = "Frame2",
+    .frameCaption = "Original image",
+};
+const InsertSource kInsertGrob{
+    .open = openGrob,
+    .filter = kGrobFilter,
+    .dialog = DialogFrm::InsertGrob,
+    .title = "Insert HP Grob",
+    .openedTitle = "Insert GROB - ",
+    .frame = "Frame1",
+    .frameCaption = "Pré-visualização ",
+};
+const InsertSource kInsertZoltImage{
+    .open = openZoltImage,
+    .filter = kZoltImageFilter,
+    .dialog = DialogFrm::InsertZoltImage,
+    .title = "Insert ZOLT image",
+    .openedTitle = "Insert ZOLT image - ",
+    .frame = "Frame1",
+    .frameCaption = "Pré-visualização ",
+};
+
+InsertFrm::InsertFrm(const InsertSource &source, std::string Settings::*folder, QWidget *owner)
+    : ToolFrm(QString::fromUtf8(source.title), BesideTheFrame, owner),
       m_grid(new QGridLayout),
-      Text1(new TextPane(true, this)),
-      ProgressBar1(new QProgressBar),
-      m_form(form),
+      m_surface(new SurfaceView(QStringLiteral("Picture1"), QStringLiteral("VScroll1"))),
+      m_bar(new QProgressBar),
+      m_text(new TextPane(true, this)),
+      m_source(source),
+      m_folder(folder),
+      m_frame(new QGroupBox(QString::fromUtf8(source.frameCaption))),
       m_buttons(new QVBoxLayout) {
-    Text1->setObjectName(QStringLiteral("Text1"));
-    Text1->hide();
-    ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
-    ProgressBar1->setTextVisible(false);
-    ProgressBar1->setMaximumHeight(10);
+    m_text->setObjectName(QStringLiteral("Text1"));
+    m_text->hide();
+    m_bar->setObjectName(QStringLiteral("ProgressBar1"));
+    m_bar->setTextVisible(false);
+    m_bar->setMaximumHeight(10);
+    m_frame->setObjectName(QString::fromUtf8(source.frame));
+    (new QVBoxLayout(m_frame))->addWidget(m_surface);
+    m_grid->addWidget(m_frame, 0, 0);
 
     auto *row = new QHBoxLayout;
     row->addLayout(m_grid);
@@ -37,83 +73,67 @@ InsertFrm::InsertFrm(const Form &form, QWidget *owner)
     m_buttons->addStretch();
     auto *column = new QVBoxLayout(this);
     column->addLayout(row);
-    column->addWidget(ProgressBar1);
+    column->addWidget(m_bar);
     column->setSizeConstraint(QLayout::SetFixedSize);
     if (DocumentInUse *document = documentInUse())
         document->window().installEventFilter(this);
 }
 
-QPushButton *InsertFrm::addButton(const char *name, const QString &caption) {
+QPushButton *InsertFrm::addButton(const char *name, const QString &caption,
+                                  const std::function<void()> &act) {
     auto *button = new QPushButton(caption);
     button->setObjectName(QString::fromUtf8(name));
     button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, act);
     m_buttons->insertWidget(m_buttons->count() - 1, button);
     return button;
 }
 
 void InsertFrm::begin() {
-    setEditionEnabled(false);
+    openPicture();
+}
+
+void InsertFrm::openPicture() {
     shared::PararLeitura = 0;
     AbrirImagem();
 }
 
-void InsertFrm::setEditionEnabled(bool enabled) {
-    if (DocumentInUse *document = documentInUse())
-        document->setCommandsEnabled(enabled);
-}
-
 void InsertFrm::AbrirImagem() {
-    CommonDialog &dialog = commonDialog(m_form.dialog);
+    CommonDialog &dialog = commonDialog(m_source.dialog);
     dialog.DialogTitle = QStringLiteral("Open");
-    dialog.Filter = QString::fromUtf8(m_form.filter);
+    dialog.Filter = QString::fromUtf8(m_source.filter);
     dialog.FilterIndex = 1;
     dialog.Flags = kFileMustExist;
-    dialog.InitDir = shared::settings.*m_form.folder;
+    dialog.InitDir = shared::settings.*m_folder;
     if (dialog.ShowOpen(this) != kDialogDone)
         return;
-    setWindowTitle(QString::fromUtf8(m_form.caption));
-    Text1->setText({});
-    clearPicture();
-    if (!openFile(dialog.FileName))
+    setWindowTitle(QString::fromUtf8(m_source.title));
+    take({});
+    OpenedPicture opened = m_source.open(dialog.FileName, progress());
+    m_bar->reset();
+    take(std::move(opened));
+    if (m_picture.isEmpty())
         return;
-    shared::settings.*m_form.folder = folderOf(dialog.FileName);
-    setWindowTitle(QString::fromUtf8(m_form.openedCaption) + fromFileName(dialog.FileTitle()));
+    shared::settings.*m_folder = folderOf(dialog.FileName);
+    setWindowTitle(QString::fromUtf8(m_source.openedTitle) + fromFileName(dialog.FileTitle()));
+}
+
+void InsertFrm::take(OpenedPicture picture) {
+    m_picture = std::move(picture);
+    m_surface->clear();
+    m_text->setText(m_picture.text);
+    m_frame->setTitle(m_picture.caption.isEmpty() ? QString::fromUtf8(m_source.frameCaption)
+                                                  : m_picture.caption);
+    sayNotice(this, m_picture.notice);
+    pictureChanged();
 }
 
 Progress InsertFrm::progress() const {
-    return readingProgress(ProgressBar1);
-}
-
-std::optional<std::string> InsertFrm::readSurface(const DotSurface &surface) {
-    shared::LarguraFigura = static_cast<std::int16_t>(surface.width());
-    shared::AlturaFigura = static_cast<std::int16_t>(surface.height());
-    shared::PararLeitura = 0;
-    Text1->setText(LerFigura(surface, progress()));
-    ProgressBar1->reset();
-    if (shared::PararLeitura)
-        return std::nullopt;
-    return Text1->Text();
-}
-
-void InsertFrm::Command2_Click() {
-    const auto text = imageText();
-    Pane *pane = activePane();
-    if (text && pane)
-        pane->setSelText(*text);
-}
-
-void InsertFrm::Command3_Click() {
-    shared::PararLeitura = 1;
-    close();
-}
-
-void InsertFrm::Command4_Click() {
-    shared::PararLeitura = 1;
+    return readingProgress(m_bar);
 }
 
 void InsertFrm::closing() {
     shared::PararLeitura = 1;
-    setEditionEnabled(true);
 }
 
 bool InsertFrm::eventFilter(QObject *watched, QEvent *event) {

@@ -4,8 +4,9 @@
 #include "core/settings.h"
 #include "shell/base/dialog_frm.h"
 #include "shell/base/tool_frm.h"
+#include "shell/pictures/picture_sources.h"
 
-#include <optional>
+#include <functional>
 #include <string>
 
 class QGridLayout;
@@ -16,70 +17,72 @@ class QVBoxLayout;
 
 namespace zolt {
 
-class DotSurface;
-class SurfaceView;
 class TextPane;
 
-/// What the text edition's insert windows share: the Open dialog that comes before
-/// the window is first drawn, the commands that are out of reach while it stands,
-/// and the replacing of the selection by an image text. The window goes with its
-/// document.
+/// Where an insert window's pictures come from, and what it is called for that.
+struct InsertSource {
+    OpenedPicture (*open)(const std::string &path, const Progress &progress);
+    const char *filter;
+    DialogFrm::Client dialog;
+    const char *title;
+    /// Stands before the file's title in the window's.
+    const char *openedTitle;
+    /// The frame around the picture, by name and caption.
+    const char *frame;
+    const char *frameCaption;
+};
+
+extern const InsertSource kInsertPcPicture;
+extern const InsertSource kInsertGrob;
+extern const InsertSource kInsertZoltImage;
+
+/// What the insert windows of both editions share: the Open dialog that comes before
+/// the window is first drawn, the source and its picture in a frame, and the going
+/// with the document. An heir draws the surface and has the buttons that insert.
 class InsertFrm : public ToolFrm {
     Q_OBJECT
 
 public:
-    /// What tells one of these windows from another.
-    struct Form {
-        const char *caption;
-        /// Stands before the file's title in the caption.
-        const char *openedCaption;
-        DialogFrm::Client dialog;
-        /// The setting that holds the folder of the last file.
-        std::string Settings::*folder;
-        const char *filter;
-    };
+    /// `folder` is the setting that holds the folder of the last file.
+    InsertFrm(const InsertSource &source, std::string Settings::*folder, QWidget *owner);
 
-    InsertFrm(const Form &form, QWidget *owner);
-
-    /// Puts the text edition's commands out of reach and shows the Open dialog.
-    void begin();
+    /// What comes before the window is first drawn: the Open dialog.
+    virtual void begin();
 
 public slots:
+    /// AbrirImagem() after a reading that was stopped, or a window that was closed.
+    void openPicture();
     /// Asks for a file and shows its picture. Cancel leaves what stood there; of a file
     /// that can't be shown, and of the one before it, nothing stays.
     void AbrirImagem();
-    /// Insert: replaces the selection of the active pane, and stays.
-    void Command2_Click();
-    /// Close.
-    void Command3_Click();
-    /// Stop.
-    void Command4_Click();
+    /// Draws the picture anew on the surface; an empty one if there is none.
+    virtual void RefreshPicture() = 0;
 
 protected:
-    /// Takes away what is shown of a file.
-    virtual void clearPicture() = 0;
-    /// Reads a file and shows it. False if it can't be shown; nothing has changed then.
-    virtual bool openFile(const std::string &path) = 0;
-    /// The image text to insert; nothing if the reading was stopped.
-    virtual std::optional<std::string> imageText() = 0;
+    /// Another picture stands in m_picture, or none: shows it.
+    virtual void pictureChanged() { RefreshPicture(); }
 
     void closing() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    QPushButton *addButton(const char *name, const QString &caption);
-    /// Shows `step` of `total` in ProgressBar1 and lets Stop and Close work.
+    QPushButton *addButton(const char *name, const QString &caption, const std::function<void()> &act);
+    /// Shows `step` of `total` in the progress bar and lets Stop and Close work.
     Progress progress() const;
-    /// Reads a surface into image text with progress; nothing if stopped.
-    std::optional<std::string> readSurface(const DotSurface &surface);
 
+    /// Below the frame of the picture, row by row.
     QGridLayout *m_grid;
-    TextPane *Text1;
-    QProgressBar *ProgressBar1;
+    SurfaceView *m_surface;
+    QProgressBar *m_bar;
+    /// The text of the picture, hidden: as its file gave it, or as it was last read.
+    TextPane *m_text;
+    OpenedPicture m_picture;
 
 private:
-    void setEditionEnabled(bool enabled);
+    void take(OpenedPicture picture);
 
-    Form m_form;
+    const InsertSource &m_source;
+    std::string Settings::*m_folder;
+    QGroupBox *m_frame;
     QVBoxLayout *m_buttons;
 };
 
