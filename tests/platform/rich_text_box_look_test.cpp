@@ -106,16 +106,10 @@ TEST(RichTextBoxPictures, stand_on_the_foot_of_their_line_of_text) {
     picture.width = 40 * 15;
     picture.height = 24 * 15;
     text.paragraphs[0].runs.push_back({{}, picture});
-    text.paragraphs.push_back(oneRun("cd").paragraphs[0]);
-    text.paragraphs.push_back(oneRun("ef").paragraphs[0]);
+    for (const char *line : {"cd", "ef", "gh"})
+        text.paragraphs.push_back(oneRun(line).paragraphs[0]);
+    text.paragraphs[1].runs.insert(text.paragraphs[1].runs.begin(), {{}, picture});
     shown.box.setRichText(text);
-    const auto topOfLine = [&shown](qsizetype offset) {
-        shown.box.setSelStart(offset);
-        return shown.box.cursorRect().top();
-    };
-    // Two pixels of margin, the picture's height, then lines of 12 pixels.
-    EXPECT_EQ(topOfLine(5), 2 + 24);
-    EXPECT_EQ(topOfLine(9), 2 + 24 + 12);
     shown.box.setReadOnly(true);
     shown.box.clearFocus();
     const QImage shot = grab(shown.box);
@@ -129,6 +123,14 @@ TEST(RichTextBoxPictures, stand_on_the_foot_of_their_line_of_text) {
             ASSERT_EQ(shot.pixel(2 + x, 2 + 12 + y) == qRgb(0, 0, 0),
                       glyph(Style::Plain, 'a').dot(x / 2, y / 2));
     }
+    const auto topOfLine = [&shown](qsizetype offset) {
+        shown.box.setSelStart(offset);
+        return shown.box.cursorRect().top();
+    };
+    // Two pixels of margin, the height of the picture behind its text and of the one
+    // before it, then lines of 12 pixels.
+    EXPECT_EQ(topOfLine(10), 2 + 24 + 24);
+    EXPECT_EQ(topOfLine(14), 2 + 24 + 24 + 12);
 }
 
 TEST(RichTextBoxFonts, show_every_byte_in_every_style_dot_for_dot) {
