@@ -18,11 +18,16 @@ namespace {
 
 using namespace testing_support;
 
-class InsertWindows : public ProgramTest {
+class SmallTools : public ProgramTest {
 protected:
-    InsertWindows() : m_window(&startTextEdition()) {}
+    SmallTools() : m_window(&startTextEdition()) {}
 
     TextPane &pane() { return m_window->activeTextPane(); }
+    static void setTextWithSelectedMiddle(TextPane &pane) {
+        pane.setText("abc");
+        pane.setSelStart(1);
+        pane.setSelLength(1);
+    }
     QTableWidget &grid() { return *control<QTableWidget>(loaded<CaracterTableFrm>(), "Grid1"); }
     QComboBox &fonts() { return *control<QComboBox>(loaded<CaracterTableFrm>(), "Combo1"); }
     QPoint middleOf(int row, int column) { return grid().visualItemRect(grid().item(row, column)).center(); }
@@ -37,32 +42,29 @@ protected:
     EditTextFrm *m_window;
 };
 
-TEST_F(InsertWindows, TheTableInsertsTheCellUnderTheReleasedButton) {
+TEST_F(SmallTools, TheTableInsertsTheCellUnderTheReleasedButton) {
     call(m_window, "VerTabeladecaracteres");
     EXPECT_EQ(grid().item(15, 13)->text(), heldText("\xFF"));
-    pane().setText("abc");
-    pane().setSelStart(1);
-    pane().setSelLength(1);
+    setTextWithSelectedMiddle(pane());
+    const std::string inserted = "a\x8C";
     QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, middleOf(7, 10)); // 32 + 7 * 14 + 10
-    EXPECT_EQ(pane().Text(), "a\x8C"
-                             "c");
+    EXPECT_EQ(pane().Text(), inserted + "c");
     QTest::mousePress(grid().viewport(), Qt::LeftButton, {}, middleOf(0, 1));
-    EXPECT_EQ(pane().Text(), "a\x8C"
-                             "c");
+    EXPECT_EQ(pane().Text(), inserted + "c");
     QTest::mouseRelease(grid().viewport(), Qt::LeftButton, {}, middleOf(0, 1));
-    EXPECT_EQ(pane().Text(), "a\x8C!c");
+    EXPECT_EQ(pane().Text(), inserted + "!c");
     // Letting go elsewhere inserts nothing.
     QTest::mousePress(grid().viewport(), Qt::LeftButton, {}, middleOf(0, 1));
     QTest::mouseRelease(grid().viewport(), Qt::LeftButton, {}, QPoint(-20, 5));
-    EXPECT_EQ(pane().Text(), "a\x8C!c");
+    EXPECT_EQ(pane().Text(), inserted + "!c");
     grid().setFocus();
     QTest::keyClick(&grid(), Qt::Key_Return);
-    EXPECT_EQ(pane().Text(), "a\x8C!!c");
+    EXPECT_EQ(pane().Text(), inserted + "!!c");
     EXPECT_EQ(toolTipAt(15, 13), QStringLiteral("Alt+255"));
     EXPECT_EQ(toolTipAt(7, 10), QStringLiteral("Alt+140"));
 }
 
-TEST_F(InsertWindows, TheTableComesBackWhereItStoodInItsFont) {
+TEST_F(SmallTools, TheTableComesBackWhereItStoodInItsFont) {
     call(m_window, "VerTabeladecaracteres");
     EXPECT_EQ(shared::settings.ChrTbExi, 1);
     ASSERT_GT(fonts().count(), 1);
@@ -93,12 +95,9 @@ TEST_F(InsertWindows, TheTableComesBackWhereItStoodInItsFont) {
     EXPECT_EQ(grid().font().family(), fonts().itemText(0));
 }
 
-TEST_F(InsertWindows, ADateGoesIntoBothPanes) {
-    for (const int number : {1, 2}) {
-        m_window->textPane(number).setText("abc");
-        m_window->textPane(number).setSelStart(1);
-        m_window->textPane(number).setSelLength(1);
-    }
+TEST_F(SmallTools, ADateGoesIntoBothPanes) {
+    for (const int number : {1, 2})
+        setTextWithSelectedMiddle(m_window->textPane(number));
     m_window->menuItem("MnuInserirDataehora")->trigger();
     QWidget *window = loaded<DateTimeFrm>();
     auto *list = control<QListWidget>(window, "List1");
@@ -119,7 +118,7 @@ TEST_F(InsertWindows, ADateGoesIntoBothPanes) {
     EXPECT_EQ(pane().Text(), "a" + date + "c");
 }
 
-TEST_F(InsertWindows, TheCountsAreOfTheMomentOfTheCommand) {
+TEST_F(SmallTools, TheCountsAreOfTheMomentOfTheCommand) {
     const auto count = [](const char *name) {
         return control<QLabel>(loaded<EditTextWordCountFrm>(), name)->text().toInt();
     };
