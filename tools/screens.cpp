@@ -116,7 +116,7 @@ const QList<Scene> &scenes() {
         {"SymbolFrmEdition",
          [] {
              QWidget *window = open<SymbolFrm>("MostrarSymbolFrm");
-             loaded<SymbolFrm>()->Command8_Click();
+             loaded<SymbolFrm>()->editSymbol();
              return window;
          }},
         {"CaracterTableFrm", [] { return open<CaracterTableFrm>("MostrarCaracterTableFrm"); }},

@@ -121,7 +121,7 @@ TEST_F(WindowLife, TheWindowMenuBringsAMinimisedDocumentBack) {
     auto *menu = qobject_cast<QMenu *>(m_document.menuItem("MnuJanelaCascata")->parent());
     for (const bool maximised : {true, false}) {
         maximised ? m_document.showMaximized() : m_document.showNormal();
-        call(loaded<MDIFrm>(), "MinimizeAll");
+        call(loaded<MDIFrm>(), "minimizeAll");
         ASSERT_TRUE(m_document.isMinimized());
         emit menu->aboutToShow();
         menu->actions().last()->trigger();
@@ -132,16 +132,16 @@ TEST_F(WindowLife, TheWindowMenuBringsAMinimisedDocumentBack) {
 
 TEST_F(WindowLife, TheWindowMenuArrangesTheDocument) {
     const QSize whole = m_document.parentWidget()->size();
-    for (const char *command : {"TileVertically", "TileHorizontally"}) {
+    for (const char *command : {"tileVertically", "tileHorizontally"}) {
         m_document.showNormal();
         m_document.setGeometry(10, 10, 300, 200);
         call(loaded<MDIFrm>(), command);
         EXPECT_EQ(m_document.geometry(), QRect({0, 0}, whole)) << command;
     }
     call(&m_document, "VerTabeladecaracteres");
-    call(loaded<MDIFrm>(), "MinimizeAll");
+    call(loaded<MDIFrm>(), "minimizeAll");
     EXPECT_TRUE(loaded<CaracterTableFrm>()->isMinimized());
-    call(loaded<MDIFrm>(), "RestoreAll");
+    call(loaded<MDIFrm>(), "restoreAll");
     EXPECT_FALSE(m_document.isMinimized());
     EXPECT_FALSE(loaded<CaracterTableFrm>()->isMinimized());
 }

@@ -45,7 +45,7 @@ EditTextFrm &ProgramTest::startTextEdition() {
     start();
     for (QWidget *window : QApplication::topLevelWidgets())
         if (window->objectName() == QStringLiteral("QuestionFrm"))
-            call(window, "Command1_Click");
+            call(window, "openChosenEdition");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(QTest::qWaitForWindowActive(loaded<MDIFrm>()));
     return *loaded<EditTextFrm>();

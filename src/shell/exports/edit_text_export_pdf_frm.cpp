@@ -122,10 +122,10 @@ EditTextExportPDFFrm::EditTextExportPDFFrm(QWidget *owner)
     btnConvert = new QPushButton(QStringLiteral("Save"));
     btnConvert->setObjectName(QStringLiteral("btnConvert"));
     btnConvert->setDefault(true);
-    connect(btnConvert, &QPushButton::clicked, this, &EditTextExportPDFFrm::btnConvert_Click);
+    connect(btnConvert, &QPushButton::clicked, this, &EditTextExportPDFFrm::save);
     auto *btnClose = new QPushButton(QStringLiteral("Cancel"));
     btnClose->setObjectName(QStringLiteral("btnClose"));
-    connect(btnClose, &QPushButton::clicked, this, &EditTextExportPDFFrm::btnClose_Click);
+    connect(btnClose, &QPushButton::clicked, this, &QWidget::close);
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -235,7 +235,7 @@ void EditTextExportPDFFrm::offerToOpen() {
         openInDesktop(output);
 }
 
-void EditTextExportPDFFrm::btnConvert_Click() {
+void EditTextExportPDFFrm::save() {
     FicheiroGuardarTemporário();
     txtFilename->setText(fromFileName(FicheiroTemporário));
     CommonDialog &dialog = commonDialog(DialogFrm::Pdf);
@@ -257,10 +257,6 @@ void EditTextExportPDFFrm::btnConvert_Click() {
     if (self && isVisible())
         close();
     QFile::remove(temporary);
-}
-
-void EditTextExportPDFFrm::btnClose_Click() {
-    close();
 }
 
 } // namespace zolt

@@ -19,10 +19,8 @@ public:
     explicit EditTextExportPDFFrm(QWidget *owner);
 
 public slots:
-    /// Save.
-    void btnConvert_Click();
-    /// Cancel.
-    void btnClose_Click();
+    /// Asks for a file and exports to it.
+    void save();
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -54,8 +54,8 @@ EditTextGuardarHPFrm::EditTextGuardarHPFrm(QWidget *owner)
         buttons->addWidget(button);
         return button;
     };
-    addButton("Command1", QStringLiteral("Save"), &EditTextGuardarHPFrm::Command1_Click);
-    addButton("Command3", QStringLiteral("Correct main document"), &EditTextGuardarHPFrm::Command3_Click);
+    addButton("Command1", QStringLiteral("Save"), &EditTextGuardarHPFrm::save);
+    addButton("Command3", QStringLiteral("Correct main document"), &EditTextGuardarHPFrm::correctDocument);
     buttons->addStretch();
     addButton("Command4", QStringLiteral("OK"), &QWidget::close)->setDefault(true);
     addButton("Command2", QStringLiteral("Cancel"), &QWidget::close);
@@ -115,7 +115,7 @@ std::string EditTextGuardarHPFrm::askForFile() {
     return {};
 }
 
-void EditTextGuardarHPFrm::Command1_Click() {
+void EditTextGuardarHPFrm::save() {
     const QPointer<EditTextGuardarHPFrm> self = this;
     const std::string file = askForFile();
     if (!self || file.empty() || !savedOrSaid(file, writeFile(file, hpFile(Text1->Text()))))
@@ -124,7 +124,7 @@ void EditTextGuardarHPFrm::Command1_Click() {
     close();
 }
 
-void EditTextGuardarHPFrm::Command3_Click() {
+void EditTextGuardarHPFrm::correctDocument() {
     const QPointer<EditTextGuardarHPFrm> self = this;
     const auto answer =
         ask(this,

@@ -19,10 +19,10 @@ public:
     void testDocument(TextPane &pane);
 
 public slots:
-    /// Save: writes the HP file under a name that the calculator takes.
-    void Command1_Click();
-    /// Correct main document.
-    void Command3_Click();
+    /// Writes the HP file under a name that the calculator takes.
+    void save();
+    /// Puts the corrected text into the document, if the user agrees.
+    void correctDocument();
 
 private:
     /// Asks for a file until its name passes the rules; empty on Cancel.

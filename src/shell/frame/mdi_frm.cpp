@@ -178,26 +178,26 @@ void MDIFrm::showFont(const QString &name, int points) {
 }
 
 void MDIFrm::MostrarQuestionFrm() {
-    connect(&mostrar<QuestionFrm>(), &QuestionFrm::chosen, this, &MDIFrm::editionChosen,
+    connect(&showWindow<QuestionFrm>(), &QuestionFrm::chosen, this, &MDIFrm::editionChosen,
             Qt::UniqueConnection);
 }
 void MDIFrm::MostrarMensagemFrm() {
-    connect(&mostrar<MensagemFrm>(), &MensagemFrm::chosen, this, &MDIFrm::editionOfFileChosen,
+    connect(&showWindow<MensagemFrm>(), &MensagemFrm::chosen, this, &MDIFrm::editionOfFileChosen,
             Qt::UniqueConnection);
 }
 void MDIFrm::MostrarSymbolFrm() {
-    mostrar<SymbolFrm>();
+    showWindow<SymbolFrm>();
 }
 void MDIFrm::MostrarEditTextExportPDFFrm() {
-    mostrar<EditTextExportPDFFrm>();
+    showWindow<EditTextExportPDFFrm>();
 }
 void MDIFrm::MostrarEditTextGuardarHPFrm() {
-    mostrar<EditTextGuardarHPFrm>();
+    showWindow<EditTextGuardarHPFrm>();
 }
-template <class Window> void MDIFrm::mostrarPreview() {
+template <class Window> void MDIFrm::showPreview() {
     unload<Window>();
     if (load<Window>(this).compile()) {
-        mostrar<Window>();
+        showWindow<Window>();
         return;
     }
     shared::CancelarOperação = 0;
@@ -205,38 +205,38 @@ template <class Window> void MDIFrm::mostrarPreview() {
 }
 
 void MDIFrm::MostrarWaitFrm() {
-    mostrar<WaitFrm>();
+    showWindow<WaitFrm>();
 }
 void MDIFrm::MostrarEditTextPreviewFrm() {
-    mostrarPreview<EditTextPreviewFrm>();
+    showPreview<EditTextPreviewFrm>();
 }
 void MDIFrm::MostrarEditTextPreviewNormalFrm() {
-    mostrarPreview<EditTextPreviewNormalFrm>();
+    showPreview<EditTextPreviewNormalFrm>();
 }
 void MDIFrm::MostrarAboutFrm() {
-    mostrar<AboutFrm>();
+    showWindow<AboutFrm>();
 }
 void MDIFrm::MostrarEditTextConvImgFrm() {
-    mostrar<EditTextConvImgFrm>();
+    showWindow<EditTextConvImgFrm>();
 }
 void MDIFrm::MostrarEditTextInsertImageFrm() {
-    mostrarInsertFrm<EditTextInsertImageFrm>();
+    showInsertFrm<EditTextInsertImageFrm>();
 }
 void MDIFrm::MostrarEditTextInsertGrobFrm() {
-    mostrarInsertFrm<EditTextInsertGrobFrm>();
+    showInsertFrm<EditTextInsertGrobFrm>();
 }
 void MDIFrm::MostrarEditTextInsertVeldaFrm() {
-    mostrarInsertFrm<EditTextInsertVeldaFrm>();
+    showInsertFrm<EditTextInsertVeldaFrm>();
 }
 
 void MDIFrm::MostrarCaracterTableFrm() {
-    mostrar<CaracterTableFrm>();
+    showWindow<CaracterTableFrm>();
 }
 void MDIFrm::MostrarDateTimeFrm() {
-    mostrar<DateTimeFrm>();
+    showWindow<DateTimeFrm>();
 }
 void MDIFrm::MostrarEditTextFindFrm() {
-    mostrar<EditTextFindFrm>();
+    showWindow<EditTextFindFrm>();
 }
 void MDIFrm::findNext() {
     if (!documentInUse())
@@ -244,13 +244,13 @@ void MDIFrm::findNext() {
     if (!loaded<EditTextFindFrm>() && !shared::lastSearch.empty())
         showBeside<EditTextFindFrm>();
     if (auto *window = loaded<EditTextFindFrm>(); window && window->isVisible() && window->hasText())
-        return window->Command1_Click();
+        return window->findNext();
     MostrarEditTextFindFrm();
     loaded<EditTextFindFrm>()->focusFindBox();
 }
 
 void MDIFrm::MostrarEditTextWordCountFrm() {
-    mostrar<EditTextWordCountFrm>().countDocument();
+    showWindow<EditTextWordCountFrm>().countDocument();
 }
 
 // Alone among the windows it leaves the focus where it is.

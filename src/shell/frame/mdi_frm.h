@@ -90,22 +90,21 @@ public slots:
     void MnuAjudadozolt();
     void MnuAjudaAcercadoZOLT();
 
-    /// A button of a docked quick bar, and the close buttons of the two panels.
-    void Command1_Click(int Index);
-    void Command2_Click();
-    void Command3_Click();
+    /// Presses a button of the docked quick bar; puts that bar away.
+    void pressDockedButton(int index);
+    void closeDockedBar();
     /// Moves the keyboard between the document and the quick bar.
     void switchToQuickBar();
     /// Goes to the next match of what was searched last, or shows the window that asks.
     void findNext();
 
     /// The window commands, which serve the document windows' menus too.
-    void TileVertically();
-    void TileHorizontally();
-    void Cascade();
-    void MinimizeAll();
-    void RestoreAll();
-    void CloseAll();
+    void tileVertically();
+    void tileHorizontally();
+    void cascade();
+    void minimizeAll();
+    void restoreAll();
+    void closeAll();
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -116,11 +115,10 @@ private:
     void buildToolbars();
     void buildCombos();
     void buildQuickBar();
-    void closeDockedBar();
     void tile(Qt::Orientation orientation);
 
     /// Shows the one window of a class before the frame and gives it the focus.
-    template <class Window> Window &mostrar() {
+    template <class Window> Window &showWindow() {
         Window &window = load<Window>(this);
         window.show();
         window.raise();
@@ -137,15 +135,15 @@ private:
     }
 
     /// The same for an insert window, whose file dialog comes before it is drawn.
-    template <class Window> void mostrarInsertFrm() {
+    template <class Window> void showInsertFrm() {
         Window &window = load<Window>(this);
         if (!window.isVisible())
             window.begin();
-        mostrar<Window>();
+        showWindow<Window>();
     }
 
     /// The same for a new preview, if it is compiled to its end.
-    template <class Window> void mostrarPreview();
+    template <class Window> void showPreview();
 
     QMdiArea *m_area;
     /// What saveGeometry gave when the frame was last hidden, in this run or the last.

@@ -74,11 +74,12 @@ void MDIFrm::buildQuickBar() {
     Picture3 = dockedPanel(kTopBar);
     Picture4 = dockedPanel(kRightBar);
     for (QWidget *panel : {Picture3, Picture4})
-        connect(panel->findChild<QuickBarPanel *>(), &QuickBarPanel::clicked, this, &MDIFrm::Command1_Click);
+        connect(panel->findChild<QuickBarPanel *>(), &QuickBarPanel::clicked, this,
+                &MDIFrm::pressDockedButton);
     connect(Picture3->findChild<QToolButton *>(QStringLiteral("Command2")), &QToolButton::clicked, this,
-            &MDIFrm::Command2_Click);
+            &MDIFrm::closeDockedBar);
     connect(Picture4->findChild<QToolButton *>(QStringLiteral("Command3")), &QToolButton::clicked, this,
-            &MDIFrm::Command3_Click);
+            &MDIFrm::closeDockedBar);
 
     auto *content = new QWidget(this);
     auto *column = new QVBoxLayout(content);
@@ -109,14 +110,8 @@ void MDIFrm::applyCharTool() {
     }
 }
 
-void MDIFrm::Command1_Click(int Index) {
-    pressQuickBarButton(QuickBarHost::Frame, Index);
-}
-void MDIFrm::Command2_Click() {
-    closeDockedBar();
-}
-void MDIFrm::Command3_Click() {
-    closeDockedBar();
+void MDIFrm::pressDockedButton(int index) {
+    pressQuickBarButton(QuickBarHost::Frame, index);
 }
 
 void MDIFrm::closeDockedBar() {

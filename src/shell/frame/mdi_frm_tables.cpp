@@ -5,13 +5,13 @@ namespace zolt {
 QList<MenuRow> windowMenuRows(bool enabled) {
     QList<MenuRow> rows{
         {0, "MnuJanela", "&Window"},
-        {1, "MnuJanelaMosaicovertical", "Tile Vertically", "TileVertically"},
-        {1, "MnuJanelaMosaicohorizontal", "Tile &Horizontally", "TileHorizontally"},
-        {1, "MnuJanelaCascata", "&Cascade", "Cascade"},
+        {1, "MnuJanelaMosaicovertical", "Tile Vertically", "tileVertically"},
+        {1, "MnuJanelaMosaicohorizontal", "Tile &Horizontally", "tileHorizontally"},
+        {1, "MnuJanelaCascata", "&Cascade", "cascade"},
         {1, "MnuJanelaSeparador1", "-"},
-        {1, "MnuJanelaMinimizartudo", "&Minimize All", "MinimizeAll"},
-        {1, "MnuJanelaRestaurartudo", "&Restore All ", "RestoreAll"},
-        {1, "MnuJanelaFechartudo", "Close &All", "CloseAll"},
+        {1, "MnuJanelaMinimizartudo", "&Minimize All", "minimizeAll"},
+        {1, "MnuJanelaRestaurartudo", "&Restore All ", "restoreAll"},
+        {1, "MnuJanelaFechartudo", "Close &All", "closeAll"},
         {1, "MnuJanelaSeparador2", "-"},
     };
     if (!enabled)

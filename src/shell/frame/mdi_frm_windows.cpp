@@ -118,17 +118,17 @@ void MDIFrm::tile(Qt::Orientation orientation) {
     }
 }
 
-void MDIFrm::TileVertically() {
+void MDIFrm::tileVertically() {
     tile(Qt::Horizontal);
 }
-void MDIFrm::TileHorizontally() {
+void MDIFrm::tileHorizontally() {
     tile(Qt::Vertical);
 }
-void MDIFrm::Cascade() {
+void MDIFrm::cascade() {
     m_area->cascadeSubWindows();
 }
 
-void MDIFrm::MinimizeAll() {
+void MDIFrm::minimizeAll() {
     for (QMdiSubWindow *child : m_area->subWindowList())
         child->showMinimized();
     for (QWidget *window : QApplication::topLevelWidgets())
@@ -136,7 +136,7 @@ void MDIFrm::MinimizeAll() {
             window->showMinimized();
 }
 
-void MDIFrm::RestoreAll() {
+void MDIFrm::restoreAll() {
     for (QMdiSubWindow *child : m_area->subWindowList())
         child->showNormal();
     for (QWidget *window : QApplication::topLevelWidgets())
@@ -144,7 +144,7 @@ void MDIFrm::RestoreAll() {
             window->showNormal();
 }
 
-void MDIFrm::CloseAll() {
+void MDIFrm::closeAll() {
     for (QWidget *window : QApplication::topLevelWidgets())
         if (window != this && window->isVisible() && !qobject_cast<QMenu *>(window))
             window->close();

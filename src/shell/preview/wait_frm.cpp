@@ -47,7 +47,7 @@ WaitFrm::WaitFrm(QWidget *owner)
     ProgressBar2->setMaximumHeight(8);
     auto *cancel = new QPushButton(QStringLiteral("Cancel"));
     cancel->setObjectName(QStringLiteral("Command1"));
-    connect(cancel, &QPushButton::clicked, this, &WaitFrm::Command1_Click);
+    connect(cancel, &QPushButton::clicked, this, &WaitFrm::cancel);
     auto *column = new QVBoxLayout(this);
     for (QWidget *part : std::initializer_list<QWidget *>{Label1, Label2, ProgressBar1, ProgressBar2})
         column->addWidget(part);
@@ -89,7 +89,7 @@ void WaitFrm::finish() {
     close();
 }
 
-void WaitFrm::Command1_Click() {
+void WaitFrm::cancel() {
     shared::CancelarOperação = 1;
 }
 

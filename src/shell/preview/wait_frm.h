@@ -24,8 +24,7 @@ public:
     void finish();
 
 public slots:
-    /// Cancel.
-    void Command1_Click();
+    void cancel();
 
 protected:
     void closing() override;

@@ -34,12 +34,12 @@ constexpr double kListPoints = 10;
 const QList<MenuRow> &popUpTable() {
     static const QList<MenuRow> table{
         {0, "MnuPopUpSymbol", "PopUp"},
-        {1, "MnuPopUpSymbolEditar", "&Editar", "Command8_Click", nullptr, "edit"},
-        {1, "MnuPopUpSymbolRemover", "&Remover", "Command9_Click", nullptr, "remove"},
-        {1, "MnuPopUpSymbolDuplicar", "&Duplicar", "Command16_Click", nullptr, "double"},
+        {1, "MnuPopUpSymbolEditar", "&Editar", "editSymbol", nullptr, "edit"},
+        {1, "MnuPopUpSymbolRemover", "&Remover", "removeSymbol", nullptr, "remove"},
+        {1, "MnuPopUpSymbolDuplicar", "&Duplicar", "duplicateSymbol", nullptr, "double"},
         {1, "MnuPopUpSymbolSeparador1", "-"},
-        {1, "MnuPopUpSymbolMoverparacima", "Mover para &cima", "Command10_Click", nullptr, "move-up"},
-        {1, "MnuPopUpSymbolMoverparabaixo", "Mover para &baixo", "Command15_Click", nullptr, "move-down"},
+        {1, "MnuPopUpSymbolMoverparacima", "Mover para &cima", "moveUp", nullptr, "move-up"},
+        {1, "MnuPopUpSymbolMoverparabaixo", "Mover para &baixo", "moveDown", nullptr, "move-down"},
     };
     return table;
 }
@@ -120,7 +120,7 @@ QWidget *SymbolFrm::buildListPage() {
     List1->setUniformItemSizes(true);
     List1->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(List1, &QListWidget::itemSelectionChanged, this, &SymbolFrm::followSelection);
-    connect(List1, &QListWidget::itemDoubleClicked, this, &SymbolFrm::Command4_Click);
+    connect(List1, &QListWidget::itemDoubleClicked, this, &SymbolFrm::insert);
     Picture29 = named("Picture29", new CellPreview);
 
     auto *page = new QWidget;
@@ -134,21 +134,20 @@ QWidget *SymbolFrm::buildListPage() {
     tools->addWidget(newFrame("Frame4", "Preview", newPreviewFrame("Picture28", Picture29), Qt::AlignCenter));
     tools->addWidget(
         newButtonGroup("Frame5", "&File",
-                       {{"Command12", "", "Open symbol list", "open", &SymbolFrm::Command12_Click},
-                        {"Command13", "", "Save symbol list", "save", &SymbolFrm::Command13_Click},
-                        {"Command17", "", "Import symbol list", "import", &SymbolFrm::Command17_Click}},
+                       {{"Command12", "", "Open symbol list", "open", &SymbolFrm::openList},
+                        {"Command13", "", "Save symbol list", "save", &SymbolFrm::saveList},
+                        {"Command17", "", "Import symbol list", "import", &SymbolFrm::importList}},
                        Qt::Horizontal));
-    tools->addWidget(
-        newButtonGroup("Frame6", "&Move",
-                       {{"Command10", "", "Move up", "move-up", &SymbolFrm::Command10_Click},
-                        {"Command15", "", "Move down", "move-down", &SymbolFrm::Command15_Click}},
-                       Qt::Horizontal));
+    tools->addWidget(newButtonGroup("Frame6", "&Move",
+                                    {{"Command10", "", "Move up", "move-up", &SymbolFrm::moveUp},
+                                     {"Command15", "", "Move down", "move-down", &SymbolFrm::moveDown}},
+                                    Qt::Horizontal));
     tools->addWidget(
         newButtonGroup("Frame7", "",
-                       {{"Command8", "Edit", "Edit symbol", "edit", &SymbolFrm::Command8_Click},
-                        {"Command9", "Remove", "Remove symbol", "remove", &SymbolFrm::Command9_Click},
-                        {"Command16", "Double", "Double symbol", "double", &SymbolFrm::Command16_Click},
-                        {"Command14", "Clean", "Clean symbol", "clean", &SymbolFrm::Command14_Click}},
+                       {{"Command8", "Edit", "Edit symbol", "edit", &SymbolFrm::editSymbol},
+                        {"Command9", "Remove", "Remove symbol", "remove", &SymbolFrm::removeSymbol},
+                        {"Command16", "Double", "Double symbol", "double", &SymbolFrm::duplicateSymbol},
+                        {"Command14", "Clean", "Clean symbol", "clean", &SymbolFrm::cleanList}},
                        Qt::Vertical));
     tools->addStretch();
     auto *row = new QHBoxLayout(page);
@@ -169,17 +168,17 @@ QWidget *SymbolFrm::buildEditionPage() {
     auto *tools = new QVBoxLayout;
     tools->addWidget(newFrame("Frame1", "Preview", newPreviewFrame("Picture27", Picture26), Qt::AlignCenter));
     for (const ButtonRow &row :
-         {ButtonRow{"Command6", "Fill", "Fill drawing area", "fill", &SymbolFrm::Command6_Click},
-          ButtonRow{"Command7", "Invert", "Invert drawing area", "invert", &SymbolFrm::Command7_Click},
-          ButtonRow{"Command5", "Clean", "Clean drawing area", "clean", &SymbolFrm::Command5_Click}})
+         {ButtonRow{"Command6", "Fill", "Fill drawing area", "fill", &SymbolFrm::fillDrawing},
+          ButtonRow{"Command7", "Invert", "Invert drawing area", "invert", &SymbolFrm::invertDrawing},
+          ButtonRow{"Command5", "Clean", "Clean drawing area", "clean", &SymbolFrm::cleanDrawing}})
         tools->addWidget(newButton(row));
     tools->addStretch();
     auto *list = new QHBoxLayout;
     for (const ButtonRow &row :
-         {ButtonRow{"Command1", "&Add", "Add symbol to the list", "add", &SymbolFrm::Command1_Click},
+         {ButtonRow{"Command1", "&Add", "Add symbol to the list", "add", &SymbolFrm::addSymbol},
           ButtonRow{"Command2", "&Replace", "Replace symbol in the list", "replace",
-                    &SymbolFrm::Command2_Click},
-          ButtonRow{"Command11", "&New", "New symbol", "new-symbol", &SymbolFrm::Command11_Click}})
+                    &SymbolFrm::replaceSymbol},
+          ButtonRow{"Command11", "&New", "New symbol", "new-symbol", &SymbolFrm::newSymbol}})
         list->addWidget(newButton(row));
 
     grid->addWidget(Picture25, 0, 0, Qt::AlignCenter);
@@ -194,10 +193,10 @@ QWidget *SymbolFrm::buildEditionPage() {
 
 QLayout *SymbolFrm::buildClosingButtons() {
     auto *row = new QHBoxLayout;
-    row->addWidget(newButton({"Command4", "&Insert", "", "insert", &SymbolFrm::Command4_Click}));
+    row->addWidget(newButton({"Command4", "&Insert", "", "insert", &SymbolFrm::insert}));
     row->addStretch();
-    row->addWidget(newButton({"Command18", "OK", "", nullptr, &SymbolFrm::Command18_Click}));
-    row->addWidget(newButton({"Command3", "Cancel", "", nullptr, &SymbolFrm::Command3_Click}));
+    row->addWidget(newButton({"Command18", "OK", "", nullptr, &SymbolFrm::saveAndClose}));
+    row->addWidget(newButton({"Command3", "Cancel", "", nullptr, &SymbolFrm::cancel}));
     return row;
 }
 
@@ -214,7 +213,7 @@ void SymbolFrm::buildPopUp() {
         connect(action, &QAction::triggered, this, command);
         List1->addAction(action);
     };
-    onList(Qt::Key_Delete, &SymbolFrm::Command9_Click);
+    onList(Qt::Key_Delete, &SymbolFrm::removeSymbol);
 }
 
 void SymbolFrm::showPage(Page page) {

@@ -33,38 +33,31 @@ public:
     void showPage(Page page);
 
 public slots:
-    /// Add.
-    void Command1_Click();
-    /// Replace.
-    void Command2_Click();
-    /// Cancel.
-    void Command3_Click();
-    /// Insert: the list's or the drawing's symbol, by the page.
-    void Command4_Click();
-    /// Clean, Fill and Invert the drawing area.
-    void Command5_Click();
-    void Command6_Click();
-    void Command7_Click();
-    /// Edit.
-    void Command8_Click();
-    /// Remove.
-    void Command9_Click();
-    /// Move up.
-    void Command10_Click();
-    /// New.
-    void Command11_Click();
-    /// Open, Save and Import a symbol file.
-    void Command12_Click();
-    void Command13_Click();
-    /// Clean the list.
-    void Command14_Click();
-    /// Move down.
-    void Command15_Click();
-    /// Double.
-    void Command16_Click();
-    void Command17_Click();
-    /// OK.
-    void Command18_Click();
+    void openList();
+    void saveList();
+    /// Adds a file's symbols behind the list's.
+    void importList();
+    void cleanList();
+    /// The selected symbol: onto the drawing, out of the list, once more, up and down.
+    void editSymbol();
+    void removeSymbol();
+    void duplicateSymbol();
+    void moveUp();
+    void moveDown();
+
+    void cleanDrawing();
+    void fillDrawing();
+    void invertDrawing();
+    /// Begins a symbol: an empty drawing, and the next title.
+    void newSymbol();
+    /// Puts the drawing behind the list, or into the place of SimboloSeleccionado.
+    void addSymbol();
+    void replaceSymbol();
+
+    /// Inserts the list's or the drawing's symbol, by the page.
+    void insert();
+    void saveAndClose();
+    void cancel();
 
 private:
     struct ButtonRow;

@@ -68,35 +68,35 @@ void SymbolFrm::draw(const CellDots &dots) {
     Expressao();
 }
 
-void SymbolFrm::Command5_Click() {
+void SymbolFrm::cleanDrawing() {
     draw({});
     Picture25->setFocus();
 }
 
-void SymbolFrm::Command6_Click() {
+void SymbolFrm::fillDrawing() {
     draw(filled());
     Picture25->setFocus();
 }
 
-void SymbolFrm::Command7_Click() {
+void SymbolFrm::invertDrawing() {
     draw(inverted(Picture25->dots()));
     Picture25->setFocus();
 }
 
-void SymbolFrm::Command11_Click() {
+void SymbolFrm::newSymbol() {
     draw({});
     Text2->setText(m_symbols.defaultTitle());
     Picture25->setFocus();
 }
 
-void SymbolFrm::Command1_Click() {
+void SymbolFrm::addSymbol() {
     if (m_symbols.add(Text2->Text(), Text3->Text()))
         List1->addItem(heldText(m_symbols.NomesDosSimbolos(m_symbols.NumeroDeSimbolos())));
     showCount();
     Picture25->setFocus();
 }
 
-void SymbolFrm::Command2_Click() {
+void SymbolFrm::replaceSymbol() {
     const int symbol = SimboloSeleccionado;
     if (!m_symbols.replace(symbol, Text2->Text(), Text3->Text()))
         return;
@@ -105,7 +105,7 @@ void SymbolFrm::Command2_Click() {
     selectSymbol(symbol);
 }
 
-void SymbolFrm::Command8_Click() {
+void SymbolFrm::editSymbol() {
     const int symbol = selectedSymbol();
     if (symbol == 0)
         return;
@@ -114,7 +114,7 @@ void SymbolFrm::Command8_Click() {
     Transferir();
 }
 
-void SymbolFrm::Command9_Click() {
+void SymbolFrm::removeSymbol() {
     const int symbol = selectedSymbol();
     if (m_symbols.remove(symbol)) {
         ActualizarLista();
@@ -123,7 +123,7 @@ void SymbolFrm::Command9_Click() {
     List1->setFocus();
 }
 
-void SymbolFrm::Command16_Click() {
+void SymbolFrm::duplicateSymbol() {
     const int symbol = selectedSymbol();
     if (m_symbols.duplicate(symbol)) {
         ActualizarLista();
@@ -141,14 +141,14 @@ void SymbolFrm::moveSelected(int step) {
     List1->setFocus();
 }
 
-void SymbolFrm::Command10_Click() {
+void SymbolFrm::moveUp() {
     moveSelected(-1);
 }
-void SymbolFrm::Command15_Click() {
+void SymbolFrm::moveDown() {
     moveSelected(1);
 }
 
-void SymbolFrm::Command14_Click() {
+void SymbolFrm::cleanList() {
     m_symbols.clear();
     ActualizarLista();
     List1->setFocus();
@@ -173,7 +173,7 @@ bool SymbolFrm::loadList(const std::string &path) {
     return read.complete || read.count > 0;
 }
 
-void SymbolFrm::Command12_Click() {
+void SymbolFrm::openList() {
     const std::string path = askForFile(QStringLiteral("Open"), kFileMustExist);
     if (path.empty() || !loadList(path))
         return;
@@ -184,7 +184,7 @@ void SymbolFrm::Command12_Click() {
     List1->setFocus();
 }
 
-void SymbolFrm::Command13_Click() {
+void SymbolFrm::saveList() {
     const std::string path = askForFile(QStringLiteral("Save as"), kOverwritePrompt | kAddExtension);
     if (path.empty() || !savedOrSaid(path, writeFile(path, m_symbols.save())))
         return;
@@ -193,7 +193,7 @@ void SymbolFrm::Command13_Click() {
     List1->setFocus();
 }
 
-void SymbolFrm::Command17_Click() {
+void SymbolFrm::importList() {
     const std::string path = askForFile(QStringLiteral("Import symbols"), kFileMustExist);
     if (path.empty())
         return;
@@ -208,7 +208,7 @@ void SymbolFrm::Command17_Click() {
         showMessage(this, QStringLiteral("Added %1 symbols to the list").arg(read.count));
 }
 
-void SymbolFrm::Command4_Click() {
+void SymbolFrm::insert() {
     const bool listed = SSTab1->currentIndex() == ListPage;
     DocumentInUse *document = documentInUse();
     if (!document || (listed && selectedSymbol() == 0))
@@ -217,13 +217,13 @@ void SymbolFrm::Command4_Click() {
     document->insertText(expression);
 }
 
-void SymbolFrm::Command18_Click() {
+void SymbolFrm::saveAndClose() {
     const std::string &path = shared::settings.DefltSmb;
     if (savedOrSaid(path, writeFile(path, m_symbols.save())))
         close();
 }
 
-void SymbolFrm::Command3_Click() {
+void SymbolFrm::cancel() {
     close();
 }
 

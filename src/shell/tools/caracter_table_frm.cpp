@@ -71,7 +71,7 @@ CaracterTableFrm::CaracterTableFrm(QWidget *owner)
     const int chosen = Combo1->findText(QString::fromStdString(shared::settings.ChrTbFnt));
     Combo1->setCurrentIndex(qMax(chosen, 0));
     showFont(Combo1->currentText());
-    connect(Combo1, &QComboBox::activated, this, &CaracterTableFrm::Combo1_Click);
+    connect(Combo1, &QComboBox::activated, this, &CaracterTableFrm::takeFont);
     move(pixels(shared::settings.ChrTbPoX), pixels(shared::settings.ChrTbPoY));
 }
 
@@ -120,12 +120,12 @@ void CaracterTableFrm::showBesideDocument() {
     setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
-void CaracterTableFrm::Combo1_Click() {
+void CaracterTableFrm::takeFont() {
     showFont(Combo1->currentText());
     shared::settings.ChrTbFnt = Combo1->currentText().toStdString();
 }
 
-void CaracterTableFrm::Grid1_MouseUp() {
+void CaracterTableFrm::insertCharacter() {
     const char character = static_cast<char>(codeOfCell(Grid1->currentRow(), Grid1->currentColumn()));
     insertIntoActivePane({&character, 1});
 }
@@ -135,12 +135,12 @@ bool CaracterTableFrm::eventFilter(QObject *watched, QEvent *event) {
         const auto *release = static_cast<QMouseEvent *>(event);
         if (release->button() == Qt::LeftButton &&
             Grid1->viewport()->rect().contains(release->position().toPoint()))
-            Grid1_MouseUp();
+            insertCharacter();
     }
     if (watched == Grid1 && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
-            Grid1_MouseUp();
+            insertCharacter();
             return true;
         }
     }

@@ -20,9 +20,9 @@ public:
 
 public slots:
     /// Takes the font that Combo1 shows.
-    void Combo1_Click();
+    void takeFont();
     /// Inserts the character of the selected cell.
-    void Grid1_MouseUp();
+    void insertCharacter();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

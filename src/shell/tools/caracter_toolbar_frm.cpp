@@ -20,7 +20,7 @@ CaracterToolbarFrm::CaracterToolbarFrm(QWidget *owner)
     Picture2->setObjectName(QStringLiteral("Picture2"));
     for (QuickBarPanel *bar : {Picture1, Picture2}) {
         column->addWidget(bar, 0, Qt::AlignCenter);
-        connect(bar, &QuickBarPanel::clicked, this, &CaracterToolbarFrm::Command1_Click);
+        connect(bar, &QuickBarPanel::clicked, this, &CaracterToolbarFrm::pressButton);
     }
     move(pixels(shared::settings.ChrToolX), pixels(shared::settings.ChrToolY));
 }
@@ -32,8 +32,8 @@ void CaracterToolbarFrm::showLayout(QuickBarPanel::Layout layout) {
     setFixedSize(wide ? QSize(pixels(7100), pixels(1800)) : QSize(pixels(1565), pixels(7300)));
 }
 
-void CaracterToolbarFrm::Command1_Click(int Index) {
-    pressQuickBarButton(QuickBarHost::FloatingWindow, Index);
+void CaracterToolbarFrm::pressButton(int index) {
+    pressQuickBarButton(QuickBarHost::FloatingWindow, index);
 }
 
 void CaracterToolbarFrm::closeEvent(QCloseEvent *event) {

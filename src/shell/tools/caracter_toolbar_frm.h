@@ -14,7 +14,7 @@ public:
     void showLayout(QuickBarPanel::Layout layout);
 
 public slots:
-    void Command1_Click(int Index);
+    void pressButton(int index);
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -38,7 +38,7 @@ DateTimeFrm::DateTimeFrm(QWidget *owner)
     List1->setMinimumWidth(List1->sizeHintForColumn(0) + 2 * List1->frameWidth());
     List1->setMinimumHeight(List1->sizeHintForRow(0) * static_cast<int>(kDateForms) +
                             2 * List1->frameWidth());
-    connect(List1, &QListWidget::itemDoubleClicked, this, &DateTimeFrm::Command1_Click);
+    connect(List1, &QListWidget::itemDoubleClicked, this, &DateTimeFrm::insert);
 
     auto *label = new QLabel(QStringLiteral("Available formats:"));
     label->setObjectName(QStringLiteral("Label1"));
@@ -52,7 +52,7 @@ DateTimeFrm::DateTimeFrm(QWidget *owner)
         buttons->addWidget(button);
         return button;
     };
-    addButton("Command1", QStringLiteral("OK"), &DateTimeFrm::Command1_Click)->setDefault(true);
+    addButton("Command1", QStringLiteral("OK"), &DateTimeFrm::insert)->setDefault(true);
     addButton("Command2", QStringLiteral("Cancel"), &QWidget::close);
 
     auto *column = new QVBoxLayout(this);
@@ -62,7 +62,7 @@ DateTimeFrm::DateTimeFrm(QWidget *owner)
     resize(sizeHint().expandedTo(QSize(280, 0)));
 }
 
-void DateTimeFrm::Command1_Click() {
+void DateTimeFrm::insert() {
     const int row = List1->currentRow();
     if (DocumentInUse *document = documentInUse(); document && row >= 0)
         document->insertText(m_forms[static_cast<std::size_t>(row)]);

@@ -17,8 +17,8 @@ public:
     explicit DateTimeFrm(QWidget *owner);
 
 public slots:
-    /// OK.
-    void Command1_Click();
+    /// Inserts the chosen form and closes.
+    void insert();
 
 private:
     std::array<std::string, kDateForms> m_forms;

@@ -48,7 +48,7 @@ EditTextFindFrm::EditTextFindFrm(QWidget *owner)
     addBox(1, Text2, QStringLiteral("&Replace:"));
     Check1->setObjectName(QStringLiteral("Check1"));
     grid->addWidget(Check1, 2, 1);
-    connect(Check1, &QCheckBox::clicked, this, &EditTextFindFrm::Check1_Click);
+    connect(Check1, &QCheckBox::clicked, this, &EditTextFindFrm::takeMatchCase);
 
     int row = 0;
     const auto addButton = [&](const char *name, const QString &caption, auto command) {
@@ -59,10 +59,10 @@ EditTextFindFrm::EditTextFindFrm(QWidget *owner)
         grid->addWidget(button, row++, 2);
         return button;
     };
-    addButton("Command1", QStringLiteral("Find &next"), &EditTextFindFrm::Command1_Click)->setDefault(true);
-    addButton("Command3", QStringLiteral("&Replace"), &EditTextFindFrm::Command3_Click);
-    addButton("Command5", QStringLiteral("Replace &all"), &EditTextFindFrm::Command5_Click);
-    addButton("Command4", QStringLiteral("&Stop"), &EditTextFindFrm::Command4_Click);
+    addButton("Command1", QStringLiteral("Find &next"), &EditTextFindFrm::findNext)->setDefault(true);
+    addButton("Command3", QStringLiteral("&Replace"), &EditTextFindFrm::replace);
+    addButton("Command5", QStringLiteral("Replace &all"), &EditTextFindFrm::replaceAll);
+    addButton("Command4", QStringLiteral("&Stop"), &EditTextFindFrm::stop);
     addButton("Command2", QStringLiteral("Close"), &QWidget::close);
     grid->setColumnStretch(1, 1);
     grid->setSizeConstraint(QLayout::SetFixedSize);
@@ -128,7 +128,7 @@ void EditTextFindFrm::sayEnd() {
         active->activateWindow();
 }
 
-void EditTextFindFrm::Command1_Click() {
+void EditTextFindFrm::findNext() {
     Pane *pane = activePane();
     const std::string find = Text1->Text();
     ScanResult found;
@@ -148,7 +148,7 @@ void EditTextFindFrm::Command1_Click() {
     shared::PosiçãoCursor = static_cast<std::int32_t>(pane->SelStart() + static_cast<qsizetype>(find.size()));
 }
 
-void EditTextFindFrm::Command3_Click() {
+void EditTextFindFrm::replace() {
     Pane *pane = activePane();
     if (!pane)
         return;
@@ -164,10 +164,10 @@ void EditTextFindFrm::Command3_Click() {
     pane->setSelLength(static_cast<qsizetype>(replacement.size()));
     // Not lowered by what was found: the search goes on that far behind.
     shared::PosiçãoCursor += static_cast<std::int32_t>(replacement.size());
-    Command1_Click();
+    findNext();
 }
 
-void EditTextFindFrm::Command5_Click() {
+void EditTextFindFrm::replaceAll() {
     Pane *pane = activePane();
     const std::string find = Text1->Text();
     const std::string replacement = Text2->Text();
@@ -178,7 +178,7 @@ void EditTextFindFrm::Command5_Click() {
     const qsizetype length = pane->SelLength();
     ReplaceAllResult result;
     const auto replaceInPane = [&](const Progress &progress) {
-        result = replaceAll(pane->Text(), options(find), replacement, progress);
+        result = zolt::replaceAll(pane->Text(), options(find), replacement, progress);
     };
     if (!search(*pane, replaceInPane))
         return;
@@ -195,10 +195,10 @@ void EditTextFindFrm::Command5_Click() {
         sayEnd();
 }
 
-void EditTextFindFrm::Command4_Click() {
+void EditTextFindFrm::stop() {
     PararProcura = 1;
 }
-void EditTextFindFrm::Check1_Click() {
+void EditTextFindFrm::takeMatchCase() {
     DistinguirMaiúsculas = Check1->isChecked() ? 1 : 0;
 }
 void EditTextFindFrm::closing() {

@@ -27,16 +27,13 @@ public:
     bool hasText() const;
 
 public slots:
-    /// Find next.
-    void Command1_Click();
-    /// Replace, and find next.
-    void Command3_Click();
-    /// Replace all.
-    void Command5_Click();
-    /// Stop.
-    void Command4_Click();
-    /// Match Case.
-    void Check1_Click();
+    void findNext();
+    /// Replaces the selection, if it is what is searched, and finds the next.
+    void replace();
+    void replaceAll();
+    void stop();
+    /// Takes over whether Check1 is checked.
+    void takeMatchCase();
 
 protected:
     void closing() override;

@@ -19,7 +19,7 @@ MensagemFrm::MensagemFrm(QWidget *owner)
     auto *ok = new QPushButton(QStringLiteral("OK"));
     ok->setObjectName(QStringLiteral("Command1"));
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &MensagemFrm::Command1_Click);
+    connect(ok, &QPushButton::clicked, this, &MensagemFrm::openInChosenEdition);
 
     auto *column = new QVBoxLayout(this);
     auto *question = new QLabel(QStringLiteral("Open file in:"));
@@ -32,7 +32,7 @@ MensagemFrm::MensagemFrm(QWidget *owner)
     setMinimumWidth(240);
 }
 
-void MensagemFrm::Command1_Click() {
+void MensagemFrm::openInChosenEdition() {
     const int edition = Option2->isChecked() ? 2 : 1;
     // First of all the frame comes back: what follows stands before it.
     close();

@@ -19,8 +19,7 @@ signals:
     void chosen(int edition);
 
 public slots:
-    /// OK: opens the file in the chosen edition.
-    void Command1_Click();
+    void openInChosenEdition();
 
 private:
     QRadioButton *Option1;

@@ -73,9 +73,9 @@ QuestionFrm::QuestionFrm(QWidget *owner) : ToolFrm(QStringLiteral("Start"), Hide
     buttons->addStretch();
     QPushButton *ok = addButton(buttons, "Command1", QStringLiteral("OK"));
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &QuestionFrm::Command1_Click);
+    connect(ok, &QPushButton::clicked, this, &QuestionFrm::openChosenEdition);
     QPushButton *cancel = addButton(buttons, "Command2", QStringLiteral("Cancel"));
-    connect(cancel, &QPushButton::clicked, this, &QuestionFrm::Command2_Click);
+    connect(cancel, &QPushButton::clicked, this, &QWidget::close);
 
     auto *column = new QVBoxLayout(this);
     column->addWidget(edition);
@@ -104,7 +104,7 @@ QWidget *QuestionFrm::buildChoice(int number, const QString &caption, const QStr
     connect(picture, &PictureLabel::click, this, [this, number] { choose(number); });
     connect(picture, &PictureLabel::doubleClick, this, [this, number] {
         choose(number);
-        Command1_Click();
+        openChosenEdition();
     });
 
     // Line1 to Line4, or Line5 to Line8: above, below, left and right of the picture.
@@ -184,14 +184,10 @@ bool QuestionFrm::eventFilter(QObject *watched, QEvent *event) {
     return ToolFrm::eventFilter(watched, event);
 }
 
-void QuestionFrm::Command1_Click() {
+void QuestionFrm::openChosenEdition() {
     emit chosen(shared::settings.Question == kGraphical ? kGraphical : kTextual);
     if (documentInUse())
         close();
-}
-
-void QuestionFrm::Command2_Click() {
-    close();
 }
 
 } // namespace zolt

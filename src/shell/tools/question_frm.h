@@ -27,10 +27,7 @@ signals:
 public slots:
     void SeleccionarEdiçãoTextual();
     void SeleccionarEdiçãoGráfica();
-    /// OK: opens the chosen edition.
-    void Command1_Click();
-    /// Cancel: leaves the frame without a document.
-    void Command2_Click();
+    void openChosenEdition();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
