@@ -1,12 +1,15 @@
 #include "support/program.h"
 
 #include "core/file.h"
+#include "shell/base/document_in_use.h"
 #include "shell/start/start_up.h"
+#include "shell/tools/question_frm.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -41,14 +44,20 @@ MDIFrm &ProgramTest::start(const std::string &commandLine) {
     return startProgram(commandLine);
 }
 
-EditTextFrm &ProgramTest::startTextEdition() {
+DocumentFrm &ProgramTest::startEdition(int number) {
     start();
-    for (QWidget *window : QApplication::topLevelWidgets())
-        if (window->objectName() == QStringLiteral("QuestionFrm"))
-            call(window, "openChosenEdition");
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (QuestionFrm *chooser = loaded<QuestionFrm>()) {
+        const QString picture = QStringLiteral("Picture%1").arg(number);
+        QTest::mouseClick(control<QWidget>(chooser, qPrintable(picture)), Qt::LeftButton);
+        press(chooser, "Command1");
+    }
+    deleteClosed();
     EXPECT_TRUE(QTest::qWaitForWindowActive(loaded<MDIFrm>()));
-    return *loaded<EditTextFrm>();
+    return *qobject_cast<DocumentFrm *>(&documentInUse()->window());
+}
+
+EditTextFrm &ProgramTest::startTextEdition() {
+    return *qobject_cast<EditTextFrm *>(&startEdition(1));
 }
 
 void ProgramTest::leave() {
@@ -60,8 +69,13 @@ void ProgramTest::leave() {
     for (QWidget *window : QApplication::topLevelWidgets())
         if (window->isVisible())
             window->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    deleteClosed();
     shared::SemPerguntaDeSaída = 0;
+}
+
+void TextEditionTest::restart() {
+    leave();
+    m_window = &startTextEdition();
 }
 
 std::string ProgramTest::path(const std::string &name) const {
@@ -146,6 +160,18 @@ bool waitFor(const std::function<bool()> &condition, int milliseconds) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
     return true;
+}
+
+void press(QWidget *window, const char *button) {
+    QTest::mouseClick(control<QPushButton>(window, button), Qt::LeftButton);
+}
+
+QString statusMessage() {
+    return control<QLabel>(&documentInUse()->window(), "Panel1")->text();
+}
+
+void deleteClosed() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void call(QObject *window, const char *operation) {

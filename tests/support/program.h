@@ -22,7 +22,8 @@ protected:
     ~ProgramTest() override;
 
     MDIFrm &start(const std::string &commandLine = {});
-    /// Starts with an empty document of the text edition.
+    /// Starts with a new document of an edition, 1 textual or 2 graphical.
+    DocumentFrm &startEdition(int number);
     EditTextFrm &startTextEdition();
     /// Ends the program as a user who has nothing to save.
     void leave();
@@ -33,6 +34,17 @@ protected:
     void writeBytes(const std::string &name, std::string_view bytes) const;
 
     QTemporaryDir m_folder;
+};
+
+/// The program with an empty document of the text edition.
+class TextEditionTest : public ProgramTest {
+protected:
+    TextEditionTest() : m_window(&startTextEdition()) {}
+
+    TextPane &pane() { return m_window->activeTextPane(); }
+    void restart();
+
+    EditTextFrm *m_window;
 };
 
 /// Arranges that the next message box is answered, and keeps its text.
@@ -64,6 +76,15 @@ template <class Control> Control *control(QWidget *window, const char *name) {
     EXPECT_NE(found, nullptr) << name;
     return found;
 }
+
+/// Clicks a button of a window.
+void press(QWidget *window, const char *button);
+
+/// What panel 1 of the document's status bar says.
+QString statusMessage();
+
+/// Deletes the windows that are closed and wanted by nobody, as the event loop does.
+void deleteClosed();
 
 /// Calls a window's operation by its name, as a menu item does.
 void call(QObject *window, const char *operation);
