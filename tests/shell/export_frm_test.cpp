@@ -7,7 +7,6 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDir>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -26,7 +25,6 @@ protected:
         window.activeTextPane().setText(text);
         return window;
     }
-    static QString panel() { return control<QLabel>(loaded<EditTextFrm>(), "Panel1")->text(); }
     bool exists(const char *name) { return QFile::exists(QString::fromStdString(path(name))); }
 };
 
@@ -42,11 +40,8 @@ protected:
         document(text);
         return open();
     }
-    void press(const char *button) {
-        QTest::mouseClick(control<QPushButton>(loaded<EditTextExportPDFFrm>(), button), Qt::LeftButton);
-    }
     bool windowIsGone() {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        deleteClosed();
         return loaded<EditTextExportPDFFrm>() == nullptr;
     }
     /// The writer's file of a text, made at the time that `file` says.
@@ -88,7 +83,7 @@ TEST_F(PdfWindow, WritesTheDocumentAsItsControlsSay) {
     type("txtKeywords", "k");
     Answer no(QMessageBox::No);
     answerFileDialog(path("out"));
-    press("btnConvert");
+    press(loaded<EditTextExportPDFFrm>(), "btnConvert");
     EXPECT_EQ(no.text(), QStringLiteral("Open created PDF file ?"));
 
     const std::string file = fileBytes("out.pdf");
@@ -117,7 +112,7 @@ TEST_F(PdfWindow, AnEmptyDocumentGivesAPageAndYesOpensIt) {
     writeBytes("out.pdf", "an older file");
     Answer yes(QMessageBox::Yes);
     answerFileDialog(path("out.pdf"));
-    press("btnConvert");
+    press(loaded<EditTextExportPDFFrm>(), "btnConvert");
     const std::string file = fileBytes("out.pdf");
     EXPECT_EQ(file, written("", {}, file));
     EXPECT_EQ(opened.paths, QStringList(QString::fromStdString(path("out.pdf"))));
@@ -126,11 +121,11 @@ TEST_F(PdfWindow, AnEmptyDocumentGivesAPageAndYesOpensIt) {
 TEST_F(PdfWindow, ACancelledDialogLeavesWindowAndTemporaryFile) {
     auto &window = open("text");
     answerFileDialog({});
-    press("btnConvert");
+    press(loaded<EditTextExportPDFFrm>(), "btnConvert");
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(fileBytes("tmp1855"), "text\r\n");
     EXPECT_EQ(shared::settings.DfDirPdf, m_folder.path().toStdString());
-    press("btnClose");
+    press(loaded<EditTextExportPDFFrm>(), "btnClose");
     EXPECT_TRUE(windowIsGone());
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
 }
@@ -145,7 +140,7 @@ TEST_F(PdfWindow, SaysThatATemporaryFileIsMissing) {
         box->close();
     });
     answerFileDialog(path("out.pdf"));
-    press("btnConvert");
+    press(loaded<EditTextExportPDFFrm>(), "btnConvert");
     EXPECT_EQ(message, QString::fromStdString("The file '" + path("tmp1855") + "' doesn't exist."));
     EXPECT_FALSE(exists("out.pdf"));
     EXPECT_TRUE(windowIsGone());
@@ -155,16 +150,16 @@ TEST_F(PdfWindow, AFileThatIsNotWrittenIsSaidAndNotOffered) {
     open("text");
     Answer question(QMessageBox::No);
     answerFileDialog(path("missing/out.pdf"));
-    press("btnConvert");
+    press(loaded<EditTextExportPDFFrm>(), "btnConvert");
     EXPECT_FALSE(question.came());
-    EXPECT_TRUE(panel().startsWith(QStringLiteral("out.pdf wasn't saved: ")));
+    EXPECT_TRUE(statusMessage().startsWith(QStringLiteral("out.pdf wasn't saved: ")));
     EXPECT_TRUE(windowIsGone());
 }
 
 TEST_F(PdfWindow, ItsDialogGoesWithIt) {
     open("text");
     whenModal("QFileDialog", [](QWidget *) { loaded<EditTextExportPDFFrm>()->close(); });
-    press("btnConvert");
+    press(loaded<EditTextExportPDFFrm>(), "btnConvert");
     EXPECT_TRUE(windowIsGone());
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
@@ -180,10 +175,10 @@ TEST_F(PdfWindow, ClosingItEndsALongExport) {
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &window, [&] {
         if (!control<QPushButton>(&window, "btnConvert")->isEnabled())
-            press("btnClose");
+            press(loaded<EditTextExportPDFFrm>(), "btnClose");
     });
     watch.start(0);
-    QTimer::singleShot(0, &window, [&] { press("btnConvert"); });
+    QTimer::singleShot(0, &window, [&] { press(loaded<EditTextExportPDFFrm>(), "btnConvert"); });
     ASSERT_TRUE(waitFor([this] { return windowIsGone(); }, 60000));
     EXPECT_FALSE(question.came());
     EXPECT_FALSE(exists("out.pdf"));
@@ -258,7 +253,7 @@ TEST_F(WebPageExport, AWayThatEndsWithoutAFileShowsNoBoxButWhatItMust) {
     answerFileDialog(path("missing/page"));
     call(&m_window, "ExportarHTML");
     EXPECT_EQ(shared::GuardarCancelado, 1);
-    EXPECT_TRUE(panel().startsWith(QStringLiteral("page.htm wasn't saved: ")));
+    EXPECT_TRUE(statusMessage().startsWith(QStringLiteral("page.htm wasn't saved: ")));
     EXPECT_EQ(shared::settings.DefltDir, folder);
 
     shared::GuardarCancelado = 0;

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -13,26 +12,23 @@ namespace {
 
 using namespace testing_support;
 
-class FindWindow : public ProgramTest {
+class FindWindow : public TextEditionTest {
 protected:
-    FindWindow() : m_window(startTextEdition()) {
-        call(&m_window, "EditarLocalizarESubstituir");
+    FindWindow() { open(); }
+
+    void open() {
+        call(m_window, "EditarLocalizarESubstituir");
         m_find = loaded<EditTextFindFrm>();
     }
-
-    TextPane &pane() { return m_window.activeTextPane(); }
     void fill(const QString &find, const QString &replacement = {}) {
         control<QLineEdit>(m_find, "Text1")->setText(find);
         control<QLineEdit>(m_find, "Text2")->setText(replacement);
-    }
-    void press(const char *button) {
-        QTest::mouseClick(control<QPushButton>(m_find, button), Qt::LeftButton);
     }
     void matchCase() { control<QCheckBox>(m_find, "Check1")->click(); }
     /// Presses a button and says whether the finishing message came.
     bool pressAndFinish(const char *button) {
         Answer ok(QMessageBox::Ok);
-        press(button);
+        press(m_find, button);
         EXPECT_TRUE(!ok.came() || ok.text() == QStringLiteral("ZOLT finished searching the document"));
         return ok.came();
     }
@@ -55,7 +51,6 @@ protected:
         });
     }
 
-    EditTextFrm &m_window;
     EditTextFindFrm *m_find = nullptr;
 };
 
@@ -74,7 +69,7 @@ TEST_F(FindWindow, FindsBehindTheCaretUpToTheEnd) {
     shared::PosiçãoCursor = 0;
     matchCase();
     fill(QStringLiteral("Abc"));
-    press("Command1");
+    press(m_find, "Command1");
     EXPECT_EQ(pane().SelStart(), 4);
     EXPECT_TRUE(pressAndFinish("Command1"));
     EXPECT_EQ(pane().SelStart(), 12);
@@ -84,18 +79,18 @@ TEST_F(FindWindow, FindsBehindTheCaretUpToTheEnd) {
 TEST_F(FindWindow, FindsTheCalculatorsCharacters) {
     pane().setText("a\x8D\x0B\x9F");
     fill(QStringLiteral("\u2192")); // the arrow of code 141
-    press("Command1");
+    press(m_find, "Command1");
     EXPECT_EQ(pane().SelText(), "\x8D");
     fill(QString(QChar(0xE00B)));
-    press("Command1");
+    press(m_find, "Command1");
     EXPECT_EQ(pane().SelText(), "\x0B");
 }
 
 TEST_F(FindWindow, ReplacesWhatIsSelectedAndMovesOn) {
     pane().setText("one One one one");
     fill(QStringLiteral("one"), QStringLiteral("three"));
-    press("Command1");
-    press("Command3");
+    press(m_find, "Command1");
+    press(m_find, "Command3");
     EXPECT_EQ(pane().Text(), "three One one one");
     // The next search starts the replacement's length behind what was found.
     EXPECT_EQ(pane().SelStart(), 10);
@@ -106,15 +101,15 @@ TEST_F(FindWindow, ReplacesWhatIsSelectedAndMovesOn) {
     pane().setText("One one");
     shared::PosiçãoCursor = 0;
     fill(QStringLiteral("one"), QStringLiteral("x"));
-    press("Command1");
-    press("Command3");
+    press(m_find, "Command1");
+    press(m_find, "Command3");
     EXPECT_EQ(pane().Text(), "One one");
     EXPECT_EQ(pane().SelText(), "one");
 
     // Nothing was found yet: nothing to replace.
     pane().setText("xone");
     shared::PosiçãoCursor = 1;
-    press("Command3");
+    press(m_find, "Command3");
     EXPECT_EQ(pane().Text(), "xone");
 }
 
@@ -152,7 +147,7 @@ TEST_F(FindWindow, ReplacesAllInOneStepOfUndo) {
 TEST_F(FindWindow, StopEndsAReplaceInTheMiddleAndKeepsWhatIsDone) {
     pane().setText(longText(60'000));
     fill(QStringLiteral("a"), QStringLiteral("x"));
-    onceTheCaretIsBehind(100'000, [this] { press("Command4"); });
+    onceTheCaretIsBehind(100'000, [this] { press(m_find, "Command4"); });
     EXPECT_FALSE(pressAndFinish("Command5"));
     const std::string text = pane().Text();
     const std::size_t done = text.rfind('x') + 1;
@@ -167,7 +162,7 @@ TEST_F(FindWindow, StopEndsAReplaceInTheMiddleAndKeepsWhatIsDone) {
 TEST_F(FindWindow, AStoppedSearchSelectsThePlaceThatItReached) {
     pane().setText(longText(200'000));
     fill(QStringLiteral("not there"));
-    QTimer::singleShot(0, m_find, [this] { press("Command4"); });
+    QTimer::singleShot(0, m_find, [this] { press(m_find, "Command4"); });
     EXPECT_FALSE(pressAndFinish("Command1"));
     EXPECT_EQ(pane().SelLength(), 9);
     EXPECT_EQ(shared::PosiçãoCursor, pane().selEnd());
@@ -180,13 +175,12 @@ TEST_F(FindWindow, ClosingWindowsDuringASearchEndsIt) {
     EXPECT_FALSE(pressAndFinish("Command5"));
     EXPECT_NE(pane().Text().find('a'), std::string::npos);
 
-    call(&m_window, "EditarLocalizarESubstituir");
-    m_find = loaded<EditTextFindFrm>();
+    open();
     fill(QStringLiteral("b"), QStringLiteral("a"));
     shared::SemPerguntaDeSaída = 1;
-    onceTheCaretIsBehind(0, [this] { m_window.close(); });
+    onceTheCaretIsBehind(0, [this] { m_window->close(); });
     EXPECT_FALSE(pressAndFinish("Command5"));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    deleteClosed();
     EXPECT_EQ(loaded<EditTextFrm>(), nullptr);
     EXPECT_EQ(loaded<EditTextFindFrm>(), nullptr);
 }
@@ -221,7 +215,7 @@ TEST_F(FindWindow, TheSearchBeginsWhereTheUserPutTheCaret) {
 
     writeBytes("other.zlt", "ab\r\n");
     answerFileDialog(path("other.zlt"));
-    call(&m_window, "FicheiroAbrir");
+    call(m_window, "FicheiroAbrir");
     EXPECT_FALSE(pressAndFinish("Command1"));
     EXPECT_EQ(pane().SelText(), "ab");
 }
@@ -243,7 +237,7 @@ TEST_F(FindWindow, EnterSearchesOnAndNeverTypesIntoTheDocument) {
     EXPECT_EQ(pane().Text(), "ab ab ab");
     // The mouse hands the keyboard over.
     shared::PosiçãoCursor = 0;
-    press("Command1");
+    press(m_find, "Command1");
     EXPECT_TRUE(waitFor([this] { return pane().hasFocus(); }));
 }
 
@@ -256,7 +250,7 @@ TEST_F(FindWindow, F3SearchesOnFromAnywhere) {
     EXPECT_EQ(pane().SelStart(), 0);
     EXPECT_TRUE(m_find->isActiveWindow());
     m_find->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    deleteClosed();
 
     ASSERT_TRUE(waitFor([this] { return pane().hasFocus(); }));
     QTest::keyClick(&pane(), Qt::Key_F3);

@@ -17,32 +17,27 @@ namespace {
 
 using namespace testing_support;
 
-class FormatCommands : public ProgramTest {
+class FormatCommands : public TextEditionTest {
 protected:
-    FormatCommands() : m_window(startTextEdition()) {}
-
-    TextPane &pane() { return m_window.activeTextPane(); }
     void put(const std::string &text, qsizetype start, qsizetype length) {
         pane().setText(text);
         pane().setSelStart(start);
         pane().setSelLength(length);
     }
-    void press(const char *menuItem) { m_window.menuItem(menuItem)->trigger(); }
+    void choose(const char *menuItem) { m_window->menuItem(menuItem)->trigger(); }
     void pressTool(const char *key) {
         loaded<MDIFrm>()->toolbar(3)->findChild<QAction *>(QString::fromUtf8(key))->trigger();
     }
     /// The document after an undo, with the selection between angle brackets.
     std::string undone() {
-        call(&m_window, "EditarAnularintrodução");
+        call(m_window, "EditarAnularintrodução");
         return pane()
             .Text()
             .insert(static_cast<std::size_t>(pane().selEnd()), ">")
             .insert(static_cast<std::size_t>(pane().SelStart()), "<");
     }
-    QColor background(int number) { return m_window.textPane(number).palette().color(QPalette::Base); }
-    QColor textColour(int number) { return m_window.textPane(number).palette().color(QPalette::Text); }
-
-    EditTextFrm &m_window;
+    QColor background(int number) { return m_window->textPane(number).palette().color(QPalette::Base); }
+    QColor textColour(int number) { return m_window->textPane(number).palette().color(QPalette::Text); }
 };
 
 TEST_F(FormatCommands, AStyleHasOneLetterInBothMenusAndOnTheToolbar) {
@@ -62,9 +57,9 @@ TEST_F(FormatCommands, AStyleHasOneLetterInBothMenusAndOnTheToolbar) {
         const std::string code = std::string("\v") + style.letter;
         const QString item = QString::fromUtf8(style.item);
         const std::function<void()> ways[] = {
-            [&] { press(qPrintable(QStringLiteral("MnuFormatarEstilo") + item)); },
+            [&] { choose(qPrintable(QStringLiteral("MnuFormatarEstilo") + item)); },
             [&] {
-                m_window.popUp()->findChild<QAction *>(QStringLiteral("MnuPopUpEstilo") + item)->trigger();
+                m_window->popUp()->findChild<QAction *>(QStringLiteral("MnuPopUpEstilo") + item)->trigger();
             },
             [&] { pressTool(style.key); }};
         for (const auto &way : ways) {
@@ -103,11 +98,11 @@ TEST_F(FormatCommands, AStyleEndsAtItsLastColumnInBothPanes) {
             const std::string text = test.before + std::string(static_cast<std::size_t>(test.length), 'x');
             put(text, static_cast<qsizetype>(test.before.size()), test.length);
             Answer ok(QMessageBox::Ok);
-            press(test.item);
+            choose(test.item);
             EXPECT_EQ(ok.text().toStdString(), test.message) << wrap << test.item << test.length;
             EXPECT_EQ(pane().Text() == text, ok.came());
         }
-        call(&m_window, "EditarTranslinearpalavras");
+        call(m_window, "EditarTranslinearpalavras");
     }
 }
 
@@ -119,7 +114,7 @@ TEST_F(FormatCommands, TheFirstObstacleGivesTheMessage) {
     for (const auto &[text, message] : {std::pair{"a\vBb\r\nc", formatted}, std::pair{"a\r\nb\vB", lines}}) {
         put(text, 0, static_cast<qsizetype>(strlen(text)));
         Answer ok(QMessageBox::Ok);
-        press("MnuFormatarEstiloNegrito");
+        choose("MnuFormatarEstiloNegrito");
         EXPECT_EQ(ok.text(), message);
         EXPECT_EQ(pane().Text(), text);
     }
@@ -155,7 +150,7 @@ TEST_F(FormatCommands, AnUndoBringsBackTextAndSelection) {
         text.erase(end + 1, 1).erase(start, 1);
         put(text, static_cast<qsizetype>(start), static_cast<qsizetype>(end - start));
         Answer ok(QMessageBox::Ok);
-        press(test.item);
+        choose(test.item);
         EXPECT_EQ(pane().Text(), test.after) << test.item;
         EXPECT_EQ(undone(), test.text) << test.item;
     }
@@ -174,17 +169,17 @@ TEST_F(FormatCommands, OptimisationAlwaysEndsWithItsMessage) {
     EXPECT_EQ(pane().Text(), " x");
     put("", 0, 0);
     Answer ok(QMessageBox::Ok);
-    press("MnuFerramentasOptimizarimagensParcial");
+    choose("MnuFerramentasOptimizarimagensParcial");
     EXPECT_TRUE(ok.came());
 }
 
 TEST_F(FormatCommands, SchemesAndFontsHoldAfterARestart) {
-    press("MnuFormatarAltocontraste");
+    choose("MnuFormatarAltocontraste");
     for (const int number : {1, 2}) {
         EXPECT_EQ(background(number), QColor(Qt::black));
         EXPECT_EQ(textColour(number), QColor(0x80, 0xFF, 0x80));
     }
-    press("MnuFormatarHp48");
+    choose("MnuFormatarHp48");
     EXPECT_EQ(shared::settings.TFntBckC, "3956797");
     whenModal("QFontDialog", [](QWidget *dialog) {
         auto *fonts = qobject_cast<QFontDialog *>(dialog);
@@ -194,29 +189,27 @@ TEST_F(FormatCommands, SchemesAndFontsHoldAfterARestart) {
         fonts->setCurrentFont(font);
         fonts->accept();
     });
-    press("MnuFormatarTipodeletra");
+    choose("MnuFormatarTipodeletra");
     EXPECT_EQ(shared::settings.TFntSize, 18);
     EXPECT_EQ(shared::settings.TFntItal, "True");
     const std::string name = shared::settings.TFntName;
 
-    leave();
-    EditTextFrm &again = startTextEdition();
-    EXPECT_EQ(again.textPane(2).palette().color(QPalette::Base), QColor(0x3D, 0x60, 0x3C));
+    restart();
+    EXPECT_EQ(m_window->textPane(2).palette().color(QPalette::Base), QColor(0x3D, 0x60, 0x3C));
     EXPECT_EQ(shared::settings.TFntName, name);
-    EXPECT_EQ(again.textPane(2).font().pointSizeF(), 18);
-    EXPECT_TRUE(again.textPane(1).font().italic());
+    EXPECT_EQ(m_window->textPane(2).font().pointSizeF(), 18);
+    EXPECT_TRUE(m_window->textPane(1).font().italic());
     EXPECT_EQ(control<QComboBox>(loaded<MDIFrm>(), "Combo2")->currentText(), QStringLiteral("18"));
 }
 
 TEST_F(FormatCommands, AFontThatIsNotInstalledIsKeptByName) {
     shared::settings.TFntName = "A font that is nowhere";
-    leave();
-    EditTextFrm &again = startTextEdition();
+    restart();
     EXPECT_EQ(shared::settings.TFntName, "A font that is nowhere");
     EXPECT_EQ(control<QComboBox>(loaded<MDIFrm>(), "Combo1")->currentText(), QString());
-    EXPECT_TRUE(again.textPane(1).font().families().contains(QStringLiteral("ZOLT")));
-    again.textPane(1).setText("a\x8C");
-    EXPECT_EQ(again.textPane(1).Text(), "a\x8C");
+    EXPECT_TRUE(m_window->textPane(1).font().families().contains(QStringLiteral("ZOLT")));
+    m_window->textPane(1).setText("a\x8C");
+    EXPECT_EQ(m_window->textPane(1).Text(), "a\x8C");
 }
 
 TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
@@ -226,7 +219,7 @@ TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
     desktop.setColor(QPalette::Text, QColor(250, 251, 252));
     QApplication::setPalette(desktop);
     shared::settings.TFntBold = "True";
-    press("MnuFormatarPadrão");
+    choose("MnuFormatarPadrão");
     EXPECT_EQ(background(1), QColor(Qt::white));
     EXPECT_EQ(textColour(1), QColor(Qt::black)); // the desktop's can't be read on white
     EXPECT_EQ(background(2), QColor(1, 2, 3));
@@ -234,7 +227,7 @@ TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
     EXPECT_EQ(shared::settings.TFntBckC, "16777215");
     EXPECT_EQ(shared::settings.TFntColr, "-2147483640");
     EXPECT_EQ(shared::settings.TFntName, "ZOLT");
-    EXPECT_FALSE(m_window.textPane(1).font().bold());
+    EXPECT_FALSE(m_window->textPane(1).font().bold());
     // Another text colour leaves that as it is.
     whenModal("QColorDialog", [](QWidget *window) { qobject_cast<QColorDialog *>(window)->accept(); });
     pressTool("Cor do texto");
@@ -243,7 +236,7 @@ TEST_F(FormatCommands, DefaultLeavesThePaneWithoutWrapToTheDesktop) {
 }
 
 TEST_F(FormatCommands, AChosenColourGoesToBothPanesAndACancelNowhere) {
-    const auto choose = [](bool accept) {
+    const auto answer = [](bool accept) {
         whenModal("QColorDialog", [accept](QWidget *window) {
             auto *dialog = qobject_cast<QColorDialog *>(window);
             dialog->setCurrentColor(QColor(1, 2, 3));
@@ -251,10 +244,10 @@ TEST_F(FormatCommands, AChosenColourGoesToBothPanesAndACancelNowhere) {
         });
     };
     const std::string colourBefore = shared::settings.TFntColr;
-    choose(false);
+    answer(false);
     pressTool("Cor do texto");
     EXPECT_EQ(shared::settings.TFntColr, colourBefore);
-    choose(true);
+    answer(true);
     pressTool("Cor de fundo");
     EXPECT_EQ(background(1), QColor(1, 2, 3));
     EXPECT_EQ(background(2), QColor(1, 2, 3));

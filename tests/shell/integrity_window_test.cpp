@@ -2,7 +2,6 @@
 #include "support/program.h"
 
 #include <QDir>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -12,21 +11,14 @@ namespace {
 
 using namespace testing_support;
 
-class IntegrityWindow : public ProgramTest {
+class IntegrityWindow : public TextEditionTest {
 protected:
-    IntegrityWindow() : m_document(startTextEdition()) {}
-
     EditTextGuardarHPFrm &test(std::string_view document) {
-        m_document.activeTextPane().setText(document);
-        call(&m_document, "TesteDeIntegridade");
+        pane().setText(document);
+        call(m_window, "TesteDeIntegridade");
         return *loaded<EditTextGuardarHPFrm>();
     }
     static TextPane &box(QWidget &window, const char *name) { return *control<TextPane>(&window, name); }
-    static void press(QWidget &window, const char *name) {
-        QTest::mouseClick(control<QPushButton>(&window, name), Qt::LeftButton);
-    }
-
-    EditTextFrm &m_document;
 };
 
 TEST_F(IntegrityWindow, ReportsAndCorrectsWhatWasTyped) {
@@ -42,10 +34,10 @@ TEST_F(IntegrityWindow, ReportsAndCorrectsWhatWasTyped) {
               "-Ilegal character found (\") in position (7). Substituted by (')\r\n"
               "\r\n** Verification ended **\r\n\r\nNumber of errors found: 1\r\n");
     EXPECT_EQ(box(window, "Text2").palette().color(QPalette::Text), QColor(Qt::red));
-    EXPECT_EQ(m_document.activeTextPane().Text(), "It's \"\x0B"
-                                                  "Bhi\x0B"
-                                                  "B\"");
-    press(window, "Command4");
+    EXPECT_EQ(pane().Text(), "It's \"\x0B"
+                             "Bhi\x0B"
+                             "B\"");
+    press(&window, "Command4");
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
 }
 
@@ -53,15 +45,15 @@ TEST_F(IntegrityWindow, AskedToCorrectReplacesTheDocument) {
     auto &window = test("plain");
     {
         Answer no(QMessageBox::No);
-        press(window, "Command3");
+        press(&window, "Command3");
         EXPECT_TRUE(no.text().startsWith(QStringLiteral("Do you wish to substitute")));
     }
-    EXPECT_EQ(m_document.activeTextPane().Text(), "plain");
+    EXPECT_EQ(pane().Text(), "plain");
     box(window, "Text1").setSelStart(1);
     QTest::keyClicks(&box(window, "Text1"), QStringLiteral("very "));
     Answer yes(QMessageBox::Yes);
-    press(window, "Command3");
-    EXPECT_EQ(m_document.activeTextPane().Text(), "\"very plain\"");
+    press(&window, "Command3");
+    EXPECT_EQ(pane().Text(), "\"very plain\"");
     EXPECT_TRUE(window.isVisible());
 }
 
@@ -83,7 +75,7 @@ TEST_F(IntegrityWindow, SavesTheStringUnderANameThatPasses) {
         });
         message->close();
     });
-    press(window, "Command1");
+    press(&window, "Command1");
     EXPECT_EQ(refusal,
               QStringLiteral("Command names are not allowed (SWAP) \r\nPlease re-enter the filename."));
     EXPECT_EQ(fileBytes("sub/hello"), "\"\x0B"
@@ -98,28 +90,23 @@ TEST_F(IntegrityWindow, AReservedNameIsAskedAbout) {
     auto &window = test("x");
     answerFileDialog(path("derive"));
     Answer yes(QMessageBox::Yes);
-    press(window, "Command1");
+    press(&window, "Command1");
     EXPECT_EQ(yes.text(), QStringLiteral("The filename (derive) is a reserved variable\r\nContinue ?"));
     EXPECT_EQ(fileBytes("derive"), "\"x\"\r\n");
 }
 
-TEST_F(IntegrityWindow, SaysThatTheFileWasNotWrittenAndStays) {
+TEST_F(IntegrityWindow, StaysWhenNothingWasSaved) {
     auto &window = test("x");
+    answerFileDialog({});
+    press(&window, "Command1");
+    EXPECT_TRUE(window.isVisible());
     answerFileDialog(path("missing/hello"));
     // Enter presses the button that has the keyboard, not the default one.
     auto *save = control<QPushButton>(&window, "Command1");
     save->setFocus();
     QTest::keyClick(save, Qt::Key_Return);
     EXPECT_TRUE(window.isVisible());
-    EXPECT_TRUE(
-        control<QLabel>(&m_document, "Panel1")->text().startsWith(QStringLiteral("hello wasn't saved: ")));
-}
-
-TEST_F(IntegrityWindow, CancelOfTheDialogKeepsTheWindow) {
-    auto &window = test("x");
-    answerFileDialog({});
-    press(window, "Command1");
-    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(statusMessage().startsWith(QStringLiteral("hello wasn't saved: ")));
     EXPECT_EQ(shared::settings.DfDirFHP, m_folder.path().toStdString());
 }
 

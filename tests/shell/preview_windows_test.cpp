@@ -37,25 +37,20 @@ constexpr std::string_view kDocument = "first\r\n*ONE\r\nplain \x0B"
                                        "FFFFFF\x9E"
                                        "888888\r\n*";
 
-class PreviewWindows : public ProgramTest {
+class PreviewWindows : public TextEditionTest {
 protected:
-    PreviewWindows() : m_document(startTextEdition()) {}
-
     EditTextPreviewFrm &showHp48(std::string_view text) {
-        m_document.activeTextPane().setText(text);
-        call(&m_document, "MnuVerPrévisualizartudoEstiloHP48");
+        pane().setText(text);
+        call(m_window, "MnuVerPrévisualizartudoEstiloHP48");
         return *loaded<EditTextPreviewFrm>();
     }
     EditTextPreviewNormalFrm &showNormal(std::string_view text, bool wraps) {
-        m_document.activeTextPane().setText(text);
-        call(&m_document,
-             wraps ? "MnuVerPrévisualizartudoComquebrasdelinha" : "MnuVerPrévisualizartudoNormal");
+        pane().setText(text);
+        call(m_window, wraps ? "MnuVerPrévisualizartudoComquebrasdelinha" : "MnuVerPrévisualizartudoNormal");
         return *loaded<EditTextPreviewNormalFrm>();
     }
     static RichTextBox &text(QWidget &window) { return *control<RichTextBox>(&window, "Text4"); }
     static QString lineShown(QWidget &window) { return control<QLabel>(&window, "Label1")->text(); }
-
-    EditTextFrm &m_document;
 };
 
 /// The dots of the first lines in sight, two pixels each, from the text's corner.
@@ -182,28 +177,27 @@ TEST_F(PreviewWindows, TheKeyboardWorksTheMenuWindow) {
 }
 
 TEST_F(PreviewWindows, AnEmptySelectionIsSaid) {
-    m_document.activeTextPane().setText("text");
-    const auto *said = control<QLabel>(&m_document, "Panel1");
+    pane().setText("text");
     for (const char *command : {"VerPrévisualizarselecçãoNormal", "VerPrévisualizarselecçãoComquebrasdelinha",
                                 "VerPrévisualizarselecçãoEstiloHP48"}) {
-        call(&m_document, command);
-        EXPECT_EQ(said->text(), QStringLiteral("Nothing is selected.")) << command;
-        m_document.EditarSeleccionarTudo();
-        call(&m_document, command);
-        EXPECT_EQ(said->text(), QString()) << command;
-        m_document.activeTextPane().setSelStart(0);
+        call(m_window, command);
+        EXPECT_EQ(statusMessage(), QStringLiteral("Nothing is selected.")) << command;
+        m_window->EditarSeleccionarTudo();
+        call(m_window, command);
+        EXPECT_EQ(statusMessage(), QString()) << command;
+        pane().setSelStart(0);
     }
 }
 
 TEST_F(PreviewWindows, AWindowThatClosesWhileItCompilesIsGone) {
-    m_document.activeTextPane().setText(std::string(2'000'000, 'x'));
+    pane().setText(std::string(2'000'000, 'x'));
     QTimer close;
     QObject::connect(&close, &QTimer::timeout, [] {
         if (auto *window = loaded<EditTextPreviewFrm>())
             window->close();
     });
     close.start(20);
-    call(&m_document, "MnuVerPrévisualizartudoEstiloHP48");
+    call(m_window, "MnuVerPrévisualizartudoEstiloHP48");
     close.stop();
     EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr);
     EXPECT_EQ(loaded<WaitFrm>(), nullptr);
@@ -233,7 +227,7 @@ TEST_F(PreviewWindows, ACancelledPreviewNeverShows) {
                 "Bbold\x0B"
                 "B and \x9E"
                 "F0F0F0 more\r\n";
-    m_document.activeTextPane().setText(text);
+    pane().setText(text);
     for (int phase = 1; phase <= kPreviewPhases; ++phase) {
         // Cancel is pressed as soon as the phase's name stands in the window.
         QTimer press;
@@ -244,9 +238,9 @@ TEST_F(PreviewWindows, ACancelledPreviewNeverShows) {
                 QTest::mouseClick(control<QPushButton>(wait, "Command1"), Qt::LeftButton);
         });
         press.start(0);
-        call(&m_document, "MnuVerPrévisualizartudoEstiloHP48");
+        call(m_window, "MnuVerPrévisualizartudoEstiloHP48");
         press.stop();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        deleteClosed();
         EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr) << phase;
         EXPECT_EQ(shared::CancelarOperação, 0);
         EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
@@ -301,7 +295,7 @@ TEST_F(PreviewWindows, TheMenuWindowCountsAndJumps) {
         EXPECT_FALSE(menu->isVisible());
         EXPECT_EQ(text(window).SelStart(), static_cast<qsizetype>(text(window).Text().find("*TWO") + 4));
         window.close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        deleteClosed();
     }
 }
 

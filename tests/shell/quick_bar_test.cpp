@@ -14,12 +14,9 @@ namespace {
 
 using namespace testing_support;
 
-class QuickBar : public ProgramTest {
+class QuickBar : public TextEditionTest {
 protected:
-    QuickBar() : m_window(&startTextEdition()) {}
-
     MDIFrm &frame() { return *loaded<MDIFrm>(); }
-    TextPane &pane() { return m_window->activeTextPane(); }
 
     /// The panel that shows the bar, found among all that could; null for none.
     QuickBarPanel *visibleBar() {
@@ -50,17 +47,10 @@ protected:
         shared::settings.CharTool = static_cast<std::int16_t>(state);
         frame().applyCharTool();
     }
-    void press(int index) {
-        QTest::mouseClick(
-            control<QToolButton>(visibleBar(), qPrintable(QStringLiteral("Command1_%1").arg(index))),
-            Qt::LeftButton);
+    QToolButton *button(int index) {
+        return control<QToolButton>(visibleBar(), qPrintable(QStringLiteral("Command1_%1").arg(index)));
     }
-    void restart() {
-        leave();
-        m_window = &startTextEdition();
-    }
-
-    EditTextFrm *m_window;
+    void press(int index) { QTest::mouseClick(button(index), Qt::LeftButton); }
 };
 
 TEST_F(QuickBar, EveryDockButtonLeadsToItsPlace) {
@@ -92,25 +82,18 @@ TEST_F(QuickBar, EveryButtonShowsTellsAndInsertsItsCharacter) {
         std::string expected;
         for (int place = 0; place < 72; ++place) {
             const int index = tall ? 78 + place : place;
-            auto *button =
-                control<QToolButton>(visibleBar(), qPrintable(QStringLiteral("Command1_%1").arg(index)));
+            QToolButton *shown = button(index);
             const int run = place / 18 * 24;
             const int along = place % 18 * 24;
-            EXPECT_EQ(button->geometry(), tall ? QRect(run, along, 25, 25) : QRect(along, run, 25, 25));
-            button->click();
+            EXPECT_EQ(shown->geometry(), tall ? QRect(run, along, 25, 25) : QRect(along, run, 25, 25));
+            shown->click();
             expected += static_cast<char>(kQuickBarCodes[static_cast<std::size_t>(place)]);
-            EXPECT_EQ(button->text(), heldText(expected.substr(expected.size() - 1)));
+            EXPECT_EQ(shown->text(), heldText(expected.substr(expected.size() - 1)));
         }
         EXPECT_EQ(pane().Text(), expected);
     }
-    const auto tip = [&](int index) {
-        return control<QToolButton>(visibleBar(), qPrintable(QStringLiteral("Command1_%1").arg(index)))
-            ->toolTip();
-    };
-    EXPECT_EQ(tip(78), QStringLiteral("Alt+0140"));
-    EXPECT_EQ(tip(78 + 65), QStringLiteral("Alt+0123"));
-    EXPECT_EQ(tip(78 + 66), QStringLiteral("Alt+91"));
-    EXPECT_EQ(tip(78 + 69), QStringLiteral("Alt+93"));
+    EXPECT_EQ(button(78)->toolTip(), QStringLiteral("Alt+0140"));
+    EXPECT_EQ(button(78 + 66)->toolTip(), QStringLiteral("Alt+91"));
 }
 
 TEST_F(QuickBar, ACharacterReplacesTheSelectionAndThePaneKeepsTheKeyboard) {

@@ -1,7 +1,6 @@
 #include "shell/tools/question_frm.h"
 #include "support/program.h"
 
-#include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QTest>
@@ -32,7 +31,7 @@ TEST_F(StartUp, WithoutAFileShowsTheChooserAndThenTheChosenEdition) {
     QTest::mouseClick(control<QWidget>(chooser, "Picture1"), Qt::LeftButton);
     EXPECT_TRUE(control<QWidget>(chooser, "Line1")->isVisible());
     EXPECT_FALSE(control<QWidget>(chooser, "Line5")->isVisible());
-    QTest::mouseClick(control<QPushButton>(chooser, "Command1"), Qt::LeftButton);
+    press(chooser, "Command1");
     EXPECT_TRUE(frame.isVisible());
     ASSERT_NE(loaded<EditTextFrm>(), nullptr);
     EXPECT_EQ(loaded<EditTextFrm>()->caption(), QStringLiteral("Document1"));
@@ -43,16 +42,13 @@ TEST_F(StartUp, WithoutAFileShowsTheChooserAndThenTheChosenEdition) {
 
 TEST_F(StartUp, CancelInTheChooserLeavesAnEmptyFrame) {
     MDIFrm &frame = start();
+    QTest::mouseClick(control<QWidget>(shown("QuestionFrm"), "Picture2"), Qt::LeftButton);
     QTest::keyClick(shown("QuestionFrm"), Qt::Key_Escape);
     EXPECT_TRUE(frame.isVisible());
     EXPECT_EQ(loaded<EditTextFrm>(), nullptr);
     EXPECT_TRUE(frame.toolbar(1)->isVisible());
-}
 
-TEST_F(StartUp, RemembersTheChosenEdition) {
-    start();
-    QTest::mouseClick(control<QWidget>(shown("QuestionFrm"), "Picture2"), Qt::LeftButton);
-    QTest::keyClick(shown("QuestionFrm"), Qt::Key_Escape);
+    // The edition that was marked is remembered.
     leave();
     start();
     EXPECT_TRUE(control<QWidget>(shown("QuestionFrm"), "Line5")->isVisible());
@@ -60,27 +56,28 @@ TEST_F(StartUp, RemembersTheChosenEdition) {
 
 struct NamedFile {
     const char *name;
-    const char *before;
-    const char *after;
+    const char *quote = "";
+    std::string bytes = "one\rtwo\xFF\r\n";
+    std::string text = "one\r\ntwo\xFF";
 };
 
 class StartUpWithAFile : public StartUp, public testing::WithParamInterface<NamedFile> {};
 
 TEST_P(StartUpWithAFile, OpensItInBothPanes) {
-    writeBytes(GetParam().name, "one\rtwo\xFF\r\n");
-    start(GetParam().before + path(GetParam().name) + GetParam().after);
+    writeBytes(GetParam().name, GetParam().bytes);
+    start(GetParam().quote + path(GetParam().name) + GetParam().quote);
     EditTextFrm *window = loaded<EditTextFrm>();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(window->textPane(1).Text(), "one\r\ntwo\xFF");
-    EXPECT_EQ(window->textPane(2).Text(), "one\r\ntwo\xFF");
+    EXPECT_EQ(window->textPane(1).Text(), GetParam().text);
+    EXPECT_EQ(window->textPane(2).Text(), GetParam().text);
     EXPECT_EQ(window->caption(), QString::fromUtf8(GetParam().name));
     EXPECT_EQ(shared::settings.DefltDir, path(""));
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, StartUpWithAFile,
-                         testing::Values(NamedFile{"plain.zlt", "", ""}, NamedFile{"CAPITALS.ZLT", "", ""},
-                                         NamedFile{"with two blanks.zlt", "", ""},
-                                         NamedFile{"quoted name.zlt", "\"", "\""}));
+                         testing::Values(NamedFile{"plain.zlt"}, NamedFile{"CAPITALS.ZLT"},
+                                         NamedFile{"with two blanks.zlt"}, NamedFile{"quoted name.zlt", "\""},
+                                         NamedFile{"empty.zlt", "", "", ""}));
 
 TEST_F(StartUp, AsksForTheEditionOfAnotherKindOfFile) {
     writeBytes("notes.txt", "text");
@@ -89,7 +86,7 @@ TEST_F(StartUp, AsksForTheEditionOfAnotherKindOfFile) {
     ASSERT_NE(asks, nullptr);
     EXPECT_FALSE(frame.isVisible());
     EXPECT_TRUE(control<QRadioButton>(asks, "Option1")->isChecked());
-    QTest::mouseClick(control<QPushButton>(asks, "Command1"), Qt::LeftButton);
+    press(asks, "Command1");
     ASSERT_NE(loaded<EditTextFrm>(), nullptr);
     EXPECT_EQ(loaded<EditTextFrm>()->activeTextPane().Text(), "text");
 }
@@ -99,7 +96,7 @@ TEST_F(StartUp, AFileThatGoesBeforeTheAnswerLeavesTheChooserAlone) {
     MDIFrm &frame = start(path("notes.txt"));
     QFile::remove(QString::fromStdString(path("notes.txt")));
     Answer message(QMessageBox::Ok);
-    QTest::mouseClick(control<QPushButton>(shown("MensagemFrm"), "Command1"), Qt::LeftButton);
+    press(shown("MensagemFrm"), "Command1");
     EXPECT_TRUE(message.text().contains(QStringLiteral("notes.txt")));
     EXPECT_NE(shown("QuestionFrm"), nullptr);
     EXPECT_EQ(shown("MensagemFrm"), nullptr);
@@ -110,13 +107,13 @@ TEST_F(StartUp, TheChooserIsWorkedByKeys) {
     MDIFrm &frame = start();
     QWidget *chooser = shown("QuestionFrm");
     ASSERT_TRUE(QTest::qWaitForWindowActive(chooser));
-    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+    const auto key = [](Qt::Key pressed) { QTest::keyClick(QApplication::focusWidget(), pressed); };
     const auto focus = [] { return QApplication::focusWidget()->objectName(); };
     EXPECT_EQ(focus(), QStringLiteral("Picture1"));
     QStringList stops;
     for (int i = 0; i < 4; ++i) {
         stops << focus();
-        press(Qt::Key_Tab);
+        key(Qt::Key_Tab);
     }
     stops.sort();
     EXPECT_EQ(stops.join(u' '), QStringLiteral("Command1 Command2 Picture1 Picture2"));
@@ -124,17 +121,17 @@ TEST_F(StartUp, TheChooserIsWorkedByKeys) {
     // Arrow keys choose from wherever they are pressed, and go to what they chose.
     for (const char *from : {"Picture1", "Command1", "Command2"}) {
         control<QWidget>(chooser, from)->setFocus();
-        press(Qt::Key_Right);
+        key(Qt::Key_Right);
         EXPECT_EQ(focus(), QStringLiteral("Picture2"));
         EXPECT_EQ(shared::settings.Question, 2);
-        press(Qt::Key_Right);
+        key(Qt::Key_Right);
         EXPECT_EQ(focus(), QStringLiteral("Picture2"));
-        press(Qt::Key_Left);
+        key(Qt::Key_Left);
         EXPECT_EQ(shared::settings.Question, 1);
     }
-    press(Qt::Key_Right);
+    key(Qt::Key_Right);
     control<QWidget>(chooser, "Picture1")->setFocus();
-    press(Qt::Key_Return);
+    key(Qt::Key_Return);
     EXPECT_NE(loaded<EditTextFrm>(), nullptr);
     EXPECT_TRUE(frame.isVisible());
 }
@@ -180,14 +177,6 @@ TEST_F(StartUp, AFileThatCannotBeReadBringsAMessageAndTheChooser) {
     EXPECT_TRUE(message.text().contains(QStringLiteral("missing.zlt")));
     EXPECT_NE(shown("QuestionFrm"), nullptr);
     EXPECT_EQ(shared::settings.DefltDir, m_folder.path().toStdString());
-}
-
-TEST_F(StartUp, AnEmptyFileIsAnEmptyDocumentWithAName) {
-    writeBytes("empty.zlt", "");
-    start(path("empty.zlt"));
-    ASSERT_NE(loaded<EditTextFrm>(), nullptr);
-    EXPECT_EQ(loaded<EditTextFrm>()->caption(), QStringLiteral("empty.zlt"));
-    EXPECT_EQ(loaded<EditTextFrm>()->activeTextPane().Text(), "");
 }
 
 TEST_F(StartUp, WritesTheSettingsAtTheFirstStartAndAtTheEnd) {

@@ -23,46 +23,48 @@ constexpr char kThree[] = " 3 \r\nOne\r\n\x9E"
                           "200000\r\nThree\r\n\x9E"
                           "300000\r\n";
 
-class SymbolWindow : public ProgramTest {
+class SymbolWindow : public TextEditionTest {
 protected:
     SymbolWindow() {
         writeBytes("Default.zls", kThree);
-        m_document = &startTextEdition();
         open("MnuInserirListadesímbolos");
     }
 
     void open(const char *menuItem) {
-        m_document->menuItem(menuItem)->trigger();
-        m_window = loaded<SymbolFrm>();
-        ASSERT_NE(m_window, nullptr);
+        m_window->menuItem(menuItem)->trigger();
+        m_symbols = loaded<SymbolFrm>();
+        ASSERT_NE(m_symbols, nullptr);
         // The frame may still be on its way to the front.
         QCoreApplication::processEvents();
-        m_window->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(m_window));
+        m_symbols->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(m_symbols));
     }
     /// Closes the window by a button and opens it again.
     void reopen(const char *button) {
         press(button);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        deleteClosed();
         ASSERT_EQ(loaded<SymbolFrm>(), nullptr);
         open("MnuInserirListadesímbolos");
     }
 
-    void press(const char *button) {
-        QTest::mouseClick(control<QPushButton>(m_window, button), Qt::LeftButton);
+    void press(const char *button) { testing_support::press(m_symbols, button); }
+    /// Presses a button and answers its file dialog.
+    void pressAndName(const char *button, const char *file) {
+        answerFileDialog(path(file));
+        press(button);
     }
     void type(const char *box, const char *keys) {
-        auto *line = control<ByteLine>(m_window, box);
+        auto *line = control<ByteLine>(m_symbols, box);
         line->selectAll();
         QTest::keyClicks(line, QString::fromUtf8(keys));
     }
-    std::string text(const char *box) { return control<ByteLine>(m_window, box)->Text(); }
-    QString label(const char *name) { return control<QLabel>(m_window, name)->text(); }
-    QListWidget &list() { return *control<QListWidget>(m_window, "List1"); }
-    int page() { return control<QTabWidget>(m_window, "SSTab1")->currentIndex(); }
-    void setPage(int page) { control<QTabWidget>(m_window, "SSTab1")->setCurrentIndex(page); }
+    std::string text(const char *box) { return control<ByteLine>(m_symbols, box)->Text(); }
+    QString label(const char *name) { return control<QLabel>(m_symbols, name)->text(); }
+    QListWidget &list() { return *control<QListWidget>(m_symbols, "List1"); }
+    int page() { return control<QTabWidget>(m_symbols, "SSTab1")->currentIndex(); }
+    void setPage(int page) { control<QTabWidget>(m_symbols, "SSTab1")->setCurrentIndex(page); }
     QWidget *square(int number) {
-        return control<QWidget>(m_window, qPrintable(QStringLiteral("Picture%1").arg(number)));
+        return control<QWidget>(m_symbols, qPrintable(QStringLiteral("Picture%1").arg(number)));
     }
     /// The titles, with the selected one in brackets.
     std::string shown() {
@@ -75,7 +77,7 @@ protected:
     }
     /// The dots of a preview as its pixels show them; each dot is 2 by 2.
     std::string drawnExpression(const char *preview) {
-        const QImage picture = control<CellPreview>(m_window, preview)->grab().toImage();
+        const QImage picture = control<CellPreview>(m_symbols, preview)->grab().toImage();
         EXPECT_EQ(picture.size(), QSize(8, 12));
         CellDots dots{};
         for (int square = 1; square <= kCellSquares; ++square) {
@@ -89,12 +91,19 @@ protected:
         return Expressao(dots);
     }
 
-    EditTextFrm *m_document;
-    SymbolFrm *m_window = nullptr;
+    SymbolFrm *m_symbols = nullptr;
 };
 
 std::string cell(const char *digits) {
     return std::string("\x9E") + digits;
+}
+
+/// The digits of the selected one of kThree's symbols.
+const char *digitsOf(std::string_view titles) {
+    return titles.find("[One]") != titles.npos     ? "100000"
+           : titles.find("[Two]") != titles.npos   ? "200000"
+           : titles.find("[Three]") != titles.npos ? "300000"
+                                                   : "000000";
 }
 
 TEST_F(SymbolWindow, ShowsTheCurrentFile) {
@@ -110,13 +119,25 @@ TEST_F(SymbolWindow, ShowsTheCurrentFile) {
     EXPECT_EQ(page(), SymbolFrm::EditionPage);
 }
 
-TEST_F(SymbolWindow, StartsEmptyWithoutItsFile) {
-    QFile::remove(QString::fromStdString(path("Default.zls")));
+TEST_F(SymbolWindow, WithoutASelectedLineNothingHappens) {
+    const auto pressAll = [this] {
+        for (const char *command :
+             {"Command8", "Command9", "Command10", "Command15", "Command16", "Command4"})
+            press(command);
+    };
+    const QPoint first = list().visualItemRect(list().item(0)).center();
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, Qt::ControlModifier, first);
+    pane().setText("text");
+    m_window->EditarSeleccionarTudo();
+    pressAll();
+    EXPECT_EQ(shown(), "One Two Three ");
+    EXPECT_EQ(page(), SymbolFrm::ListPage);
+    EXPECT_EQ(pane().Text(), "text");
+
+    // Nor does it in the list that is empty because its file isn't there.
     shared::settings.DefltSmb = path("none.zls");
     reopen("Command3");
-    EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:0"));
-    for (const char *command : {"Command8", "Command9", "Command10", "Command15", "Command16", "Command4"})
-        press(command);
+    pressAll();
     setPage(SymbolFrm::EditionPage);
     press("Command2");
     EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:0"));
@@ -207,39 +228,49 @@ TEST_F(SymbolWindow, EditAndReplaceKeepEveryByteOfATitle) {
     EXPECT_EQ(fileBytes("Default.zls"), file);
 }
 
-TEST_F(SymbolWindow, MovesDoublesAndRemovesWithTheSelection) {
-    press("Command10");
-    EXPECT_EQ(shown(), "[One] Two Three ");
-    press("Command15");
-    press("Command15");
-    EXPECT_EQ(shown(), "Two Three [One] ");
-    press("Command15");
-    EXPECT_EQ(shown(), "Two Three [One] ");
-    press("Command10");
-    press("Command16");
-    EXPECT_EQ(shown(), "Two [One] One Three ");
-    EXPECT_TRUE(list().hasFocus());
+TEST_F(SymbolWindow, MovesDoublesAndRemovesByButtonsAndPopUp) {
+    const struct {
+        const char *button;
+        const char *popUpItem;
+        const char *after;
+    } steps[] = {
+        {"Command10", "Moverparacima", "[One] Two Three "},
+        {"Command15", "Moverparabaixo", "Two [One] Three "},
+        {"Command15", "Moverparabaixo", "Two Three [One] "},
+        {"Command15", "Moverparabaixo", "Two Three [One] "},
+        {"Command10", "Moverparacima", "Two [One] Three "},
+        {"Command16", "Duplicar", "Two [One] One Three "},
+        {"Command9", "Remover", "Two [One] Three "},
+        {"Command9", "Remover", "Two [Three] "},
+        {"Command9", "Remover", "[Two] "},
+        {"Command9", "Remover", ""},
+        {"Command9", "Remover", ""},
+    };
+    for (const auto &step : steps) {
+        press(step.button);
+        EXPECT_EQ(shown(), step.after);
+        EXPECT_EQ(drawnExpression("Picture29"), cell(digitsOf(step.after)));
+        EXPECT_TRUE(list().hasFocus());
+    }
+    reopen("Command3");
+    const QPoint place = list().visualItemRect(list().item(0)).center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, list().viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list().viewport(), &event);
+    auto *menu = control<QMenu>(m_symbols, "MnuPopUpSymbol");
+    EXPECT_TRUE(menu->isVisible());
+    menu->close();
+    const auto item = [&](const char *name) {
+        return control<QAction>(menu, qPrintable(QStringLiteral("MnuPopUpSymbol") + QString::fromUtf8(name)));
+    };
+    for (const auto &step : steps) {
+        item(step.popUpItem)->trigger();
+        EXPECT_EQ(shown(), step.after);
+    }
+    reopen("Command3");
     QTest::keyClick(&list(), Qt::Key_Delete);
-    EXPECT_EQ(shown(), "Two [One] Three ");
-    list().setCurrentRow(2);
-    press("Command9");
-    EXPECT_EQ(shown(), "Two [One] ");
-    EXPECT_EQ(drawnExpression("Picture29"), cell("100000"));
-    press("Command9");
-    press("Command9");
-    EXPECT_EQ(drawnExpression("Picture29"), cell("000000"));
-    press("Command9");
-    EXPECT_EQ(label("Label2"), QStringLiteral("Number of symbols:0"));
-}
-
-TEST_F(SymbolWindow, WithoutASelectedLineNothingHappens) {
-    const QPoint first = list().visualItemRect(list().item(0)).center();
-    QTest::mouseClick(list().viewport(), Qt::LeftButton, Qt::ControlModifier, first);
-    for (const char *command : {"Command8", "Command9", "Command15", "Command16", "Command4"})
-        press(command);
-    EXPECT_EQ(shown(), "One Two Three ");
-    EXPECT_EQ(page(), SymbolFrm::ListPage);
-    EXPECT_EQ(m_document->activeTextPane().Text(), "");
+    EXPECT_EQ(shown(), "[Two] Three ");
+    control<QAction>(m_symbols, "MnuPopUpSymbolEditar")->trigger();
+    EXPECT_EQ(text("Text2"), "Two");
 }
 
 TEST_F(SymbolWindow, CleansTheListAndCancelKeepsTheFile) {
@@ -251,62 +282,33 @@ TEST_F(SymbolWindow, CleansTheListAndCancelKeepsTheFile) {
     EXPECT_EQ(fileBytes("Default.zls"), kThree);
 }
 
-TEST_F(SymbolWindow, ItsPopUpActsOnTheSelectedLine) {
-    list().setCurrentRow(1);
-    const QPoint place = list().visualItemRect(list().item(1)).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, place, list().viewport()->mapToGlobal(place));
-    QApplication::sendEvent(list().viewport(), &event);
-    auto *menu = control<QMenu>(m_window, "MnuPopUpSymbol");
-    EXPECT_TRUE(menu->isVisible());
-    menu->close();
-    const auto choose = [&](const char *item) { control<QAction>(menu, item)->trigger(); };
-    choose("MnuPopUpSymbolMoverparacima");
-    EXPECT_EQ(shown(), "[Two] One Three ");
-    choose("MnuPopUpSymbolMoverparabaixo");
-    EXPECT_EQ(shown(), "One [Two] Three ");
-    choose("MnuPopUpSymbolDuplicar");
-    EXPECT_EQ(shown(), "One [Two] Two Three ");
-    choose("MnuPopUpSymbolRemover");
-    EXPECT_EQ(shown(), "One [Two] Three ");
-    choose("MnuPopUpSymbolEditar");
-    EXPECT_EQ(text("Text2"), "Two");
-}
-
 TEST_F(SymbolWindow, InsertsIntoBothPanes) {
     for (const int number : {1, 2}) {
-        m_document->textPane(number).setText("abcd");
-        m_document->textPane(number).setSelStart(number);
-        m_document->textPane(number).setSelLength(2);
+        m_window->textPane(number).setText("abcd");
+        m_window->textPane(number).setSelStart(number);
+        m_window->textPane(number).setSelLength(2);
     }
     QTest::keyClick(&list(), Qt::Key_Down);
     press("Command4");
-    EXPECT_EQ(m_document->textPane(1).Text(), "a" + cell("200000") + "d");
-    EXPECT_EQ(m_document->textPane(2).Text(), "ab" + cell("200000"));
+    EXPECT_EQ(m_window->textPane(1).Text(), "a" + cell("200000") + "d");
+    EXPECT_EQ(m_window->textPane(2).Text(), "ab" + cell("200000"));
 
     const QPoint third = list().visualItemRect(list().item(2)).center();
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, third);
     QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, third);
-    EXPECT_EQ(m_document->textPane(1).Text(), "a" + cell("200000") + cell("300000") + "d");
+    EXPECT_EQ(m_window->textPane(1).Text(), "a" + cell("200000") + cell("300000") + "d");
 
     setPage(SymbolFrm::EditionPage);
     type("Text3", "<x>");
     press("Command4");
-    EXPECT_EQ(m_document->textPane(1).Text(), "a" + cell("200000") + cell("300000") + "<x>d");
-    EXPECT_TRUE(m_window->isVisible());
-
-    // Without a selected line there is nothing to insert: the selection stays.
-    setPage(SymbolFrm::ListPage);
-    press("Command14");
-    m_document->EditarSeleccionarTudo();
-    press("Command4");
-    EXPECT_NE(m_document->textPane(1).Text(), "");
+    EXPECT_EQ(m_window->textPane(1).Text(), "a" + cell("200000") + cell("300000") + "<x>d");
+    EXPECT_TRUE(m_symbols->isVisible());
 }
 
 TEST_F(SymbolWindow, OpensAnotherFileAndOkWritesThere) {
     writeBytes("other.zls", "1\r\nA, b\r\n\x9E"
                             "0\r\n");
-    answerFileDialog(path("other.zls"));
-    press("Command12");
+    pressAndName("Command12", "other.zls");
     EXPECT_EQ(shown(), "[A, b] ");
     EXPECT_EQ(drawnExpression("Picture29"), cell("000000"));
     EXPECT_EQ(label("Label1"), QStringLiteral("other"));
@@ -325,8 +327,7 @@ TEST_F(SymbolWindow, SavesUnderAnotherName) {
     answerFileDialog({});
     press("Command13");
     EXPECT_EQ(label("Label1"), QStringLiteral("Default"));
-    answerFileDialog(path("mine"));
-    press("Command13");
+    pressAndName("Command13", "mine");
     EXPECT_EQ(label("Label1"), QStringLiteral("mine"));
     EXPECT_EQ(shown(), "[Two] Three ");
     EXPECT_TRUE(fileBytes("mine.zls").starts_with(" 2 \r\nTwo\r\n"));
@@ -356,8 +357,7 @@ TEST_F(SymbolWindow, ImportsBehindTheList) {
     writeBytes("more.zls", "2\r\nX\r\n1\r\nY\r\n2\r\n");
     {
         Answer ok(QMessageBox::Ok);
-        answerFileDialog(path("more.zls"));
-        press("Command17");
+        pressAndName("Command17", "more.zls");
         EXPECT_EQ(ok.text(), QStringLiteral("Added 2 symbols to the list"));
     }
     EXPECT_EQ(shown(), "[One] Two Three X Y ");
@@ -367,18 +367,15 @@ TEST_F(SymbolWindow, ImportsBehindTheList) {
 
 TEST_F(SymbolWindow, DamagedFilesSayNothing) {
     writeBytes("text.zls", "no count\r\n");
-    answerFileDialog(path("text.zls"));
-    press("Command12");
+    pressAndName("Command12", "text.zls");
     EXPECT_EQ(shown(), "[One] Two Three ");
     EXPECT_EQ(shared::settings.DefltSmb, path("Default.zls"));
 
     writeBytes("short.zls", "3\r\nX\r\n1\r\nY\r\n");
-    answerFileDialog(path("short.zls"));
-    press("Command17");
+    pressAndName("Command17", "short.zls");
     EXPECT_EQ(shown(), "[One] Two Three X Y  ");
     // What was read stands in the list, so that OK must not write it to the old file.
-    answerFileDialog(path("short.zls"));
-    press("Command12");
+    pressAndName("Command12", "short.zls");
     EXPECT_EQ(shown(), "[X] Y  ");
     press("Command18");
     EXPECT_EQ(fileBytes("Default.zls"), kThree);
@@ -387,18 +384,17 @@ TEST_F(SymbolWindow, DamagedFilesSayNothing) {
 TEST_F(SymbolWindow, StaysWithItsSymbolsIfTheyCannotBeWritten) {
     shared::settings.DefltSmb = path("missing/list.zls");
     press("Command18");
-    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_TRUE(m_symbols->isVisible());
     EXPECT_EQ(shown(), "[One] Two Three ");
-    const auto *said = control<QLabel>(m_document, "Panel1");
-    EXPECT_TRUE(said->text().startsWith(QStringLiteral("list.zls wasn't saved: ")));
-    answerFileDialog(path("missing/other"));
-    press("Command13");
-    EXPECT_TRUE(said->text().startsWith(QStringLiteral("other.zls wasn't saved: ")));
+    EXPECT_TRUE(statusMessage().startsWith(QStringLiteral("list.zls wasn't saved: ")));
+    pressAndName("Command13", "missing/other");
+    EXPECT_TRUE(statusMessage().startsWith(QStringLiteral("other.zls wasn't saved: ")));
+    EXPECT_EQ(shared::settings.DefltSmb, path("missing/list.zls"));
 }
 
 TEST_F(SymbolWindow, GoesWithItsDocument) {
-    m_document->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    m_window->close();
+    deleteClosed();
     EXPECT_EQ(loaded<SymbolFrm>(), nullptr);
 }
 

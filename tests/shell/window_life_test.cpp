@@ -21,12 +21,8 @@ namespace {
 
 using namespace testing_support;
 
-class WindowLife : public ProgramTest {
+class WindowLife : public TextEditionTest {
 protected:
-    WindowLife() : m_document(startTextEdition()) {}
-
-    /// Deletes the windows that are closed and wanted by nobody, as the event loop does.
-    static void deleteClosed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
     /// Runs `act` once, as soon as long work lets the windows live.
     static void duringWork(QTimer &timer, std::function<void()> act) {
         QObject::connect(&timer, &QTimer::timeout, &timer, [&timer, act = std::move(act)] {
@@ -36,15 +32,13 @@ protected:
         });
         timer.start(0);
     }
-
-    EditTextFrm &m_document;
 };
 
 TEST_F(WindowLife, ADisabledFrameDoesNotClose) {
     MDIFrm &frame = *loaded<MDIFrm>();
     bool ended = false;
     QObject::connect(&frame, &MDIFrm::ended, [&] { ended = true; });
-    call(&m_document, "TesteDeIntegridade");
+    call(m_window, "TesteDeIntegridade");
     EXPECT_FALSE(frame.close());
     EXPECT_FALSE(ended);
     EXPECT_TRUE(loaded<EditTextGuardarHPFrm>()->isVisible());
@@ -57,7 +51,7 @@ TEST_F(WindowLife, ClosingWindowsDuringACompilationCancelsIt) {
     std::string text;
     for (int i = 0; i < 20'000; ++i)
         text += "*line and more\r\n";
-    m_document.activeTextPane().setText(text);
+    pane().setText(text);
     QTimer timer;
     bool acted = false;
     duringWork(timer, [&] {
@@ -69,7 +63,7 @@ TEST_F(WindowLife, ClosingWindowsDuringACompilationCancelsIt) {
         deleteClosed();
         EXPECT_NE(wait, nullptr); // the compiler goes on to its next step
     });
-    call(&m_document, "MnuVerPrévisualizartudoEstiloHP48");
+    call(m_window, "MnuVerPrévisualizartudoEstiloHP48");
     EXPECT_TRUE(acted);
     deleteClosed();
     EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr);
@@ -94,7 +88,7 @@ TEST_F(WindowLife, ClosingTheFrameDuringAReadingEndsBoth) {
         deleteClosed();
         EXPECT_NE(window, nullptr);
     });
-    QTest::mouseClick(control<QPushButton>(window, "Command2"), Qt::LeftButton);
+    press(window, "Command2");
     timer.stop();
     frame->close();
     deleteClosed();
@@ -118,38 +112,38 @@ TEST_F(WindowLife, AClosedWindowGoesWithTheLastWork) {
 }
 
 TEST_F(WindowLife, TheWindowMenuBringsAMinimisedDocumentBack) {
-    auto *menu = qobject_cast<QMenu *>(m_document.menuItem("MnuJanelaCascata")->parent());
+    auto *menu = qobject_cast<QMenu *>(m_window->menuItem("MnuJanelaCascata")->parent());
     for (const bool maximised : {true, false}) {
-        maximised ? m_document.showMaximized() : m_document.showNormal();
+        maximised ? m_window->showMaximized() : m_window->showNormal();
         call(loaded<MDIFrm>(), "minimizeAll");
-        ASSERT_TRUE(m_document.isMinimized());
+        ASSERT_TRUE(m_window->isMinimized());
         emit menu->aboutToShow();
         menu->actions().last()->trigger();
-        EXPECT_FALSE(m_document.isMinimized());
-        EXPECT_EQ(m_document.isMaximized(), maximised);
+        EXPECT_FALSE(m_window->isMinimized());
+        EXPECT_EQ(m_window->isMaximized(), maximised);
     }
 }
 
 TEST_F(WindowLife, TheWindowMenuArrangesTheDocument) {
-    const QSize whole = m_document.parentWidget()->size();
+    const QSize whole = m_window->parentWidget()->size();
     for (const char *command : {"tileVertically", "tileHorizontally"}) {
-        m_document.showNormal();
-        m_document.setGeometry(10, 10, 300, 200);
+        m_window->showNormal();
+        m_window->setGeometry(10, 10, 300, 200);
         call(loaded<MDIFrm>(), command);
-        EXPECT_EQ(m_document.geometry(), QRect({0, 0}, whole)) << command;
+        EXPECT_EQ(m_window->geometry(), QRect({0, 0}, whole)) << command;
     }
-    call(&m_document, "VerTabeladecaracteres");
+    call(m_window, "VerTabeladecaracteres");
     call(loaded<MDIFrm>(), "minimizeAll");
     EXPECT_TRUE(loaded<CaracterTableFrm>()->isMinimized());
     call(loaded<MDIFrm>(), "restoreAll");
-    EXPECT_FALSE(m_document.isMinimized());
+    EXPECT_FALSE(m_window->isMinimized());
     EXPECT_FALSE(loaded<CaracterTableFrm>()->isMinimized());
 }
 
 TEST_F(WindowLife, TheFrameGoesOnTopAndComesDownAgain) {
     MDIFrm &frame = *loaded<MDIFrm>();
     for (const bool onTop : {true, false}) {
-        m_document.menuItem("MnuVerSemprenotopo")->trigger();
+        m_window->menuItem("MnuVerSemprenotopo")->trigger();
         EXPECT_EQ(frame.windowFlags().testFlag(Qt::WindowStaysOnTopHint), onTop);
         EXPECT_TRUE(frame.isVisible());
     }
