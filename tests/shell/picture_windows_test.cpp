@@ -218,6 +218,9 @@ TEST_F(PictureWindows, TypedSizesOutOfRangeAreNotActedOn) {
     QTest::keyClick(control<QLineEdit>(&window, "Text3"), Qt::Key_Backspace);
     QTest::keyClick(control<QLineEdit>(&window, "Text3"), Qt::Key_Up);
     EXPECT_EQ(control<QLineEdit>(&window, "Text3")->text(), QStringLiteral("110"));
+    type(window, "Text3", "x");
+    QTest::keyClick(control<QLineEdit>(&window, "Text2"), Qt::Key_Down);
+    EXPECT_EQ(view->sizeInDots().height(), 110);
 }
 
 TEST_F(PictureWindows, GoWithTheirDocumentButStayWhenTheFrameIsMinimised) {
@@ -259,6 +262,10 @@ TEST_F(PictureWindows, TheBarStandsBesideWhatIsHigherThanItsFrame) {
     press(picture, "Command1");
     expectBar(picture, "VScroll1", 100);
     expectBar(picture, "VScroll2", 100);
+    // The view is of the picture before.
+    openAnother(picture, path("black.bmp"));
+    expectBar(picture, "VScroll1", 100);
+    expectBar(picture, "VScroll2", 65);
 }
 
 TEST_F(PictureWindows, WarnOfAGrobThatIsTooWide) {
@@ -268,25 +275,25 @@ TEST_F(PictureWindows, WarnOfAGrobThatIsTooWide) {
     EXPECT_EQ(ok.text().toStdString(), kGrobTooWide);
 }
 
-TEST_F(PictureWindows, StopInsertsNothingAndTheNextReadingIsWhole) {
+TEST_F(PictureWindows, StopAndCloseInsertNothingAndTheNextReadingIsWhole) {
     // So high that the reading gives way to the buttons more than once.
     writeBytes("endless.gro", "GROB 131 32767 F");
     QWidget &window = open("EditTextInsertGrobFrm", path("endless.gro"));
-    bool stopped = false;
-    QTimer stop;
-    QObject::connect(&stop, &QTimer::timeout, &window, [&] {
-        if (control<QProgressBar>(&window, "ProgressBar1")->value() > 0) {
-            press(window, "Command4");
-            stopped = true;
-            stop.stop();
-        }
-    });
-    stop.start(0);
-    press(window, "Command2");
-    EXPECT_TRUE(stopped);
-    EXPECT_EQ(m_document.activeTextPane().Text(), "");
-
-    press(window, "Command3");
+    for (const char *button : {"Command4", "Command3"}) {
+        bool pressed = false;
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, &window, [&] {
+            if (control<QProgressBar>(&window, "ProgressBar1")->value() <= 0)
+                return;
+            poll.stop();
+            pressed = true;
+            press(window, button);
+        });
+        poll.start(0);
+        press(window, "Command2");
+        EXPECT_TRUE(pressed);
+        EXPECT_EQ(m_document.activeTextPane().Text(), "") << button;
+    }
     deleteClosed();
     writeBytes("tall.gro", blackGrob(396));
     press(open("EditTextInsertGrobFrm", path("tall.gro")), "Command2");
@@ -323,8 +330,10 @@ TEST_F(Conversion, KeepsTheKindOfTheSourceOverCancelAndReopening) {
     choose(1, {});
     EXPECT_EQ(shared::TipoDeConversão, 6);
     EXPECT_EQ(control<QLineEdit>(m_window, "Text4")->text().toStdString(), path("image.zli"));
-    convert(path("image.gro"));
-    EXPECT_EQ(fileBytes("image.gro"), "  GROB 3 4 F0909090\r\n");
+    for (const char *target : {"image.gro", "again.gro"}) {
+        convert(path(target));
+        EXPECT_EQ(fileBytes(target), "  GROB 3 4 F0909090\r\n");
+    }
     press(*m_window, "Command1");
     deleteClosed();
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
@@ -354,6 +363,8 @@ TEST_F(Conversion, MakesEachTargetFromItsSource) {
     EXPECT_TRUE(control<QWidget>(m_window, "Picture6")->isVisible());
     convert(path("again.gro"));
     EXPECT_EQ(fileBytes("again.gro").substr(0, 14), "  GROB 131 64 ");
+    choose(1, {});
+    EXPECT_FALSE(control<QWidget>(m_window, "Picture6")->isVisible());
 }
 
 TEST_F(Conversion, KeepsNothingOfTheSourceBeforeOneThatIsRefused) {

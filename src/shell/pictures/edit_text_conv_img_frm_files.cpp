@@ -124,7 +124,6 @@ void EditTextConvImgFrm::AbrirImagemHP() {
 void EditTextConvImgFrm::take(OpenedPicture picture) {
     m_picture = std::move(picture);
     m_text->setText(m_picture.text);
-    m_surface->clear();
     m_view->clear();
     m_viewFrame->setTitle(m_picture.caption.isEmpty() ? QStringLiteral("Preview")
                                                       : QStringLiteral("Preview - ") + m_picture.caption);
