@@ -20,6 +20,21 @@ constexpr qreal kUnlimited = INT_MAX;
 constexpr int kMeasureFor = 5;         // milliseconds in one turn of the event loop
 constexpr int kLongParagraph = 10'000; // characters
 
+constexpr int kEndlessWord = 2'000; // characters
+
+/// Qt goes over all of a word for each line that it fills.
+bool holdsEndlessWord(const QTextBlock &block) {
+    if (block.length() <= kEndlessWord)
+        return false;
+    int length = 0;
+    for (const QChar c : block.text()) {
+        length = c.isSpace() ? 0 : length + 1;
+        if (length > kEndlessWord)
+            return true;
+    }
+    return false;
+}
+
 int wholePixels(qreal pixels) {
     return static_cast<int>(std::ceil(std::min(pixels, kUnlimited)));
 }
@@ -70,12 +85,15 @@ private:
 };
 
 RichLayout::RichLayout(QTextDocument *document) : QAbstractTextDocumentLayout(document) {
+    // Tells QTextEdit that a new width changes nothing where no line wraps.
+    setProperty("contentHasAlignment", false);
     m_idle.setInterval(0);
     connect(&m_idle, &QTimer::timeout, this, &RichLayout::measureSome);
 }
 
 bool RichLayout::wraps() const {
-    return document()->pageSize().width() > 0;
+    return document()->defaultTextOption().wrapMode() != QTextOption::NoWrap &&
+           document()->pageSize().width() > 0;
 }
 
 qreal RichLayout::textWidth() const {
@@ -98,7 +116,9 @@ void RichLayout::layOut(const QTextBlock &block) const {
     QTextOption option = document()->defaultTextOption();
     option.setTextDirection(Qt::LeftToRight);
     if (!wraps())
-        option.setWrapMode(QTextOption::ManualWrap);
+        option.setWrapMode(QTextOption::NoWrap);
+    else if (holdsEndlessWord(block))
+        option.setWrapMode(QTextOption::WrapAnywhere);
     layout->setTextOption(option);
     // Qt shapes a paragraph anew for each drawing, or keeps the shapes in memory.
     layout->setCacheEnabled(block.length() > kLongParagraph);
@@ -123,7 +143,6 @@ void RichLayout::note(int number, Size size) const {
     if (size.height == known.height && size.width == known.width && size.lines == known.lines) {
         known.exact = true;
     } else if (m_quiet) {
-        ++m_corrections;
         setSize(number, size);
     } else {
         const Measuring measuring(*this);
@@ -155,30 +174,31 @@ void RichLayout::measure(int number) {
     block.clearLayout();
 }
 
-RichLayout::CharacterSize RichLayout::characterSize(int position, int index,
-                                                    const QTextCharFormat &format) const {
+template <class Part> RichLayout::CharacterSize RichLayout::characterSize(const Part &part) const {
+    const int index = part.charFormatIndex();
+    if (const auto known = m_characterSizes.find(index); known != m_characterSizes.end())
+        return known->second;
+    const QTextCharFormat format = part.charFormat();
     if (auto *object = dynamic_cast<QTextObjectInterface *>(handlerForObject(format.objectType()))) {
-        const QSizeF size = object->intrinsicSize(document(), position, format);
+        const QSizeF size = object->intrinsicSize(document(), part.position(), format);
         return {wholePixels(size.height()), size.width()};
     }
-    const auto [found, isNew] = m_characterSizes.try_emplace(index);
-    if (isNew) {
-        const QFontMetricsF metrics(format.font(), paintDevice());
-        found->second = {wholePixels(metrics.ascent() + metrics.descent()), metrics.averageCharWidth()};
-    }
-    return found->second;
+    const QFontMetricsF metrics(format.font(), paintDevice());
+    return m_characterSizes[index] = {wholePixels(metrics.ascent() + metrics.descent()),
+                                      metrics.averageCharWidth()};
 }
 
 RichLayout::Size RichLayout::estimated(const QTextBlock &block) const {
     Size size;
-    size.height = characterSize(block.position(), block.charFormatIndex(), block.charFormat()).height;
+    if (block.length() <= 1) {
+        size.height = characterSize(block).height;
+        return size;
+    }
     qreal width = 0;
-    bool empty = true;
-    for (auto it = block.begin(); !it.atEnd(); ++it, empty = false) {
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
         const QTextFragment fragment = it.fragment();
-        const CharacterSize one =
-            characterSize(fragment.position(), fragment.charFormatIndex(), fragment.charFormat());
-        size.height = empty ? one.height : std::max(size.height, one.height);
+        const CharacterSize one = characterSize(fragment);
+        size.height = std::max(size.height, one.height);
         width += one.width * fragment.length();
     }
     size.width = wholePixels(std::min(width, textWidth()));
@@ -309,6 +329,17 @@ RichLayout::Place RichLayout::placeOfLine(int position) const {
     return {block.blockNumber(), static_cast<int>(line.y())};
 }
 
+void RichLayout::layOutView(Place top, int height) {
+    const Measuring measuring(*this);
+    const int count = static_cast<int>(m_sizes.size());
+    int seen = -top.above;
+    for (int number = top.paragraph; number < count && seen < height; ++number) {
+        if (!m_sizes[static_cast<std::size_t>(number)].exact)
+            layOut(document()->findBlockByNumber(number));
+        seen += m_sizes[static_cast<std::size_t>(number)].height;
+    }
+}
+
 QSizeF RichLayout::documentSize() const {
     const qreal margins = 2 * document()->documentMargin();
     const qreal width = wraps() ? document()->pageSize().width() : widest() + margins;
@@ -365,21 +396,16 @@ int RichLayout::lineStart(int position) {
 }
 
 void RichLayout::draw(QPainter *painter, const PaintContext &context) {
-    const int corrections = m_corrections;
-    {
-        const QScopedValueRollback quiet(m_quiet, true);
-        const QRectF clip = context.clip.isValid() ? context.clip : QRectF({}, documentSize());
-        const auto top = static_cast<qint64>(std::floor(clip.top() - document()->documentMargin()));
-        for (QTextBlock block = blockAt(top); block.isValid(); block = block.next()) {
-            if (blockBoundingRect(block).top() > clip.bottom())
-                break;
-            drawBlock(painter, context, block);
-        }
+    const QScopedValueRollback quiet(m_quiet, true);
+    const QRectF clip = context.clip.isValid() ? context.clip : QRectF({}, documentSize());
+    const auto top = static_cast<qint64>(std::floor(clip.top() - document()->documentMargin()));
+    for (QTextBlock block = blockAt(top); block.isValid(); block = block.next()) {
+        if (blockBoundingRect(block).top() > clip.bottom())
+            break;
+        drawBlock(painter, context, block);
     }
-    if (m_corrections != corrections) {
-        emit update(); // what stood below has moved
-        m_idle.start();
-    }
+    if (documentSize() != m_reported)
+        m_idle.start(); // not while a window is painted
 }
 
 void RichLayout::drawBlock(QPainter *painter, const PaintContext &context, const QTextBlock &block) const {

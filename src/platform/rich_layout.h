@@ -18,7 +18,8 @@ namespace zolt {
 /// estimated from their formats, until the event loop is idle and they are measured,
 /// a few milliseconds at a time. All heights are whole pixels.
 ///
-/// The lines wrap at the width of the document's page, or nowhere if it has none.
+/// The lines wrap at the width of the document's page, unless the document's text option
+/// says that nothing wraps.
 class RichLayout : public QAbstractTextDocumentLayout {
     Q_OBJECT
 
@@ -41,6 +42,9 @@ public:
     int heightOf(Place place) const;
     /// Where the display line that holds a position in the document is.
     Place placeOfLine(int position) const;
+    /// Lays out what shows below a place in a view of that height, in pixels. A view calls
+    /// it before it paints, since nothing may move while it does.
+    void layOutView(Place top, int height);
 
     void draw(QPainter *painter, const PaintContext &context) override;
     int hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const override;
@@ -95,7 +99,8 @@ private:
     void setSize(int number, Size size) const;
     void measure(int number);
     Size estimated(const QTextBlock &block) const;
-    CharacterSize characterSize(int position, int index, const QTextCharFormat &format) const;
+    /// Of a paragraph without characters or a fragment.
+    template <class Part> CharacterSize characterSize(const Part &part) const;
     /// Of a paragraph by its number; one behind the last gives all.
     const Sum &inFrontOf(int number) const;
     int widest() const;
@@ -117,10 +122,9 @@ private:
     QTimer m_idle;
     QSizeF m_reported;
 
-    mutable bool m_quiet = false;  // while it paints or follows a change
-    mutable int m_corrections = 0; // while quiet
-    mutable int m_measurings = 0;  // under way
-    mutable int m_firstFound = 0;  // in those
+    mutable bool m_quiet = false; // while it paints or follows a change
+    mutable int m_measurings = 0; // under way
+    mutable int m_firstFound = 0; // in those
     mutable int m_lastFound = -1;
 };
 

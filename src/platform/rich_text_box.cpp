@@ -77,12 +77,21 @@ void RichTextBox::scrollContentsBy(int dx, int dy) {
 }
 
 void RichTextBox::resizeEvent(QResizeEvent *event) {
-    const int top = cursorForPosition({0, 0}).position();
+    RichLayout &layout = m_document->layout();
+    const int top = cursorForPosition({0, static_cast<int>(m_document->documentMargin())}).position();
     QTextEdit::resizeEvent(event);
     if (lineWrapMode() == NoWrap || event->oldSize().width() == event->size().width())
         return;
-    const RichLayout::Place place = m_document->layout().placeOfLine(top);
-    verticalScrollBar()->setValue(m_document->layout().heightOf(place));
+    const RichLayout::Place place = layout.placeOfLine(top);
+    layout.layOutView(place, viewport()->height()); // or the bar wouldn't go there
+    verticalScrollBar()->setValue(layout.heightOf(place));
+}
+
+void RichTextBox::paintEvent(QPaintEvent *event) {
+    RichLayout &layout = m_document->layout();
+    const int margin = static_cast<int>(m_document->documentMargin());
+    layout.layOutView(layout.placeAt(verticalScrollBar()->value() - margin), viewport()->height());
+    QTextEdit::paintEvent(event);
 }
 
 RichText RichTextBox::richText() const {

@@ -5,36 +5,10 @@
 #include "platform/program_folder.h"
 #include "platform/shown_box.h"
 
-#include <QScrollBar>
 #include <gtest/gtest.h>
 
 using namespace zolt;
 using namespace zolt::test;
-
-TEST(RichTextBoxLines, are_counted_as_shown) {
-    ShownBox shown("a\r\nb\r\n", false);
-    EXPECT_EQ(shown.box.lineCount(), 3);
-    EXPECT_EQ(shown.box.lineOfOffset(0), 0);
-    EXPECT_EQ(shown.box.lineOfOffset(2), 0);
-    EXPECT_EQ(shown.box.lineOfOffset(3), 1);
-    EXPECT_EQ(shown.box.lineOfOffset(6), 2);
-
-    ShownBox wrapped(std::string(400, 'w') + "\r\nlast");
-    const int lines = wrapped.box.lineCount();
-    EXPECT_GT(lines, 4);
-    EXPECT_EQ(wrapped.box.lineOfOffset(402), lines - 1);
-    EXPECT_EQ(wrapped.box.lineOfOffset(399), lines - 2);
-}
-
-TEST(RichTextBoxLines, the_caret_scrolls_into_view) {
-    std::string text;
-    for (int i = 0; i < 500; ++i)
-        text += "line\r\n";
-    ShownBox shown(text);
-    shown.box.setSelStart(3000);
-    EXPECT_GT(shown.box.verticalScrollBar()->value(), 0);
-    EXPECT_TRUE(shown.box.viewport()->rect().contains(shown.box.cursorRect()));
-}
 
 TEST(RichTextBoxPictures, stand_on_whole_pixels_without_smoothing) {
     QImage dots(4, 6, QImage::Format_RGB32);

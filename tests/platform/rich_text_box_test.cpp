@@ -20,31 +20,6 @@ using namespace zolt::test;
 
 namespace {
 
-/// Fonts in the order of their first use, as the control gives them back.
-RichText withFontsInOrder(const RichText &text) {
-    RichText result = text;
-    result.fonts.clear();
-    for (Paragraph &paragraph : result.paragraphs) {
-        for (Run &run : paragraph.runs)
-            run.format.font = result.fontIndex(text.fonts[run.format.font]);
-    }
-    if (result.fonts.empty())
-        result.fonts = {"ZOLT"};
-    return result;
-}
-
-/// "plain", "bold" in ZOLTBold and red, a picture, "end" on the next line.
-RichText sample() {
-    RichTextBuilder builder;
-    const std::uint16_t bold = builder.text().fontIndex("ZOLTBold");
-    builder.append("plain", {});
-    builder.append("bold", {.font = bold, .halfPoints = 28, .colour = 0xFF, .italic = true});
-    builder.append(samplePicture(RichPicture::Kind::Png), {});
-    builder.endParagraph();
-    builder.append("end", {});
-    return builder.text();
-}
-
 std::string allBytes() {
     std::string all;
     for (int byte = 0; byte < 256; ++byte)
@@ -273,6 +248,29 @@ TEST(RichTextBoxClipboard, carries_rich_text_and_what_the_calculator_shows) {
     EXPECT_EQ(other.box.Text(), "ab") << "one step of undo";
 }
 
+TEST(RichTextBoxClipboard, offers_a_picture_that_is_selected_alone) {
+    ShownBox shown;
+    RichTextBuilder builder;
+    builder.append(samplePicture(RichPicture::Kind::Png), {});
+    builder.append("a", {});
+    builder.endParagraph();
+    builder.append(samplePicture(RichPicture::Kind::Png), {});
+    shown.box.setRichText(builder.text());
+    const struct {
+        qsizetype start, length;
+        bool isPicture;
+    } cases[] = {{0, 1, true}, {0, 2, false}, {1, 1, false}, {2, 2, false}, {4, 1, true}};
+    for (const auto &c : cases) {
+        shown.select(c.start, c.length);
+        shown.box.copy();
+        EXPECT_EQ(QApplication::clipboard()->mimeData()->hasImage(), c.isPicture) << c.start << c.length;
+    }
+    EXPECT_EQ(QApplication::clipboard()->image().size(), QSize(8, 6));
+    shown.box.setSelStart(2);
+    shown.box.paste();
+    EXPECT_EQ(shown.box.richText().paragraphs[0].runs.back(), builder.text().paragraphs[0].runs[0]);
+}
+
 TEST(RichTextBoxClipboard, takes_pictures_and_texts) {
     ShownBox shown("ab");
     QImage picture(5, 3, QImage::Format_RGB32);
@@ -289,6 +287,17 @@ TEST(RichTextBoxClipboard, takes_pictures_and_texts) {
     QApplication::clipboard()->setText(QStringLiteral("\u03C0\nx"));
     shown.key(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(shown.box.Text(), "a \x87\r\nx");
+
+    auto *page = new QMimeData; // the clipboard owns it
+    page->setHtml(QStringLiteral("<b>bold</b>"));
+    QApplication::clipboard()->setMimeData(page);
+    EXPECT_FALSE(shown.box.canPaste());
+    shown.box.paste();
+    EXPECT_EQ(shown.box.Text(), "a \x87\r\nx");
+    page->setText(QStringLiteral("bold"));
+    shown.box.paste();
+    EXPECT_EQ(shown.box.Text(), "a \x87\r\nxbold");
+    EXPECT_FALSE(shown.box.SelBold());
 }
 
 TEST(RichTextBoxChange, is_told_when_lines_and_caret_stand) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "graphic/rich_text_builder.h"
+#include "graphic/rich_text_samples.h"
 #include "platform/rich_text_box.h"
 
 #include <QApplication>
@@ -46,6 +48,31 @@ struct ShownBox {
 
     RichTextBox box;
 };
+
+/// Fonts in the order of their first use, as the control gives them back.
+inline RichText withFontsInOrder(const RichText &text) {
+    RichText result = text;
+    result.fonts.clear();
+    for (Paragraph &paragraph : result.paragraphs) {
+        for (zolt::Run &run : paragraph.runs)
+            run.format.font = result.fontIndex(text.fonts[run.format.font]);
+    }
+    if (result.fonts.empty())
+        result.fonts = {"ZOLT"};
+    return result;
+}
+
+/// "plain", "bold" in ZOLTBold and red, a picture, "end" on the next line.
+inline RichText sample() {
+    RichTextBuilder builder;
+    const std::uint16_t bold = builder.text().fontIndex("ZOLTBold");
+    builder.append("plain", {});
+    builder.append("bold", {.font = bold, .halfPoints = 28, .colour = 0xFF, .italic = true});
+    builder.append(samplePicture(RichPicture::Kind::Png), {});
+    builder.endParagraph();
+    builder.append("end", {});
+    return builder.text();
+}
 
 inline QImage grab(RichTextBox &box) {
     return box.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);

@@ -309,9 +309,11 @@ TEST(ByteLine, TakesTextAsAPaneDoesAndBytesAsTheyAre) {
 TEST(TextPaneInputMethod, CommittedTextBecomesBytes) {
     ShownPane shown("ab");
     shown.pane.setSelStart(1);
+    QSignalSpy changes(&shown.pane.events(), &PaneEvents::Change);
     QInputMethodEvent preedit(QStringLiteral("´"), {});
     QApplication::sendEvent(&shown.pane, &preedit);
     EXPECT_EQ(shown.pane.Text(), "ab") << "what is being composed is not yet text";
+    EXPECT_EQ(changes.count(), 0);
     QInputMethodEvent commit;
     commit.setCommitString(QStringLiteral("éα\n日"));
     QApplication::sendEvent(&shown.pane, &commit);

@@ -230,6 +230,19 @@ TEST(TextPaneUndo, ReplacingTheTextIsOneStepThatKeepsWhatAgrees) {
     }
 }
 
+TEST(TextPaneUndo, ReplacingSeveralStretchesIsOneStep) {
+    TextPane pane(false);
+    pane.setText("one\r\none\rone");
+    pane.setSelStart(1);
+    pane.setSelLength(3);
+    pane.replaceEach({0, 5, 9}, 3, "\n");
+    EXPECT_EQ(pane.Text(), "\n\r\n\n\r\n");
+    EXPECT_EQ(pane.SelStart(), 0);
+    pane.undo();
+    EXPECT_EQ(pane.Text(), "one\r\none\rone");
+    EXPECT_EQ(pane.SelText(), "ne");
+}
+
 TEST(TextPaneUndo, TheCommandTogglesTheLastChange) {
     TextPane pane(true);
     pane.setText("one two");

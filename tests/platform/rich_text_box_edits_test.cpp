@@ -1,0 +1,167 @@
+#include "graphic/rich_text_builder.h"
+#include "graphic/rich_text_samples.h"
+#include "platform/shown_box.h"
+
+#include <QSignalSpy>
+#include <functional>
+#include <gtest/gtest.h>
+
+using namespace zolt;
+using namespace zolt::test;
+
+TEST(RichTextBoxTyping, what_is_typed_over_a_selection_looks_like_its_first_character) {
+    for (const bool backwards : {false, true}) {
+        ShownBox shown;
+        shown.box.setRichText(sample());
+        shown.select(5, 0);
+        for (int i = 0; i < 4; ++i)
+            shown.key(Qt::Key_Right, Qt::ShiftModifier);
+        if (backwards) {
+            shown.select(9, 0);
+            for (int i = 0; i < 4; ++i)
+                shown.key(Qt::Key_Left, Qt::ShiftModifier);
+        }
+        shown.type("new");
+        RichText expected = sample();
+        expected.paragraphs[0].runs[1].content = "new";
+        EXPECT_EQ(shown.box.richText(), expected);
+        shown.key(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(shown.box.richText(), sample()) << "one step";
+    }
+}
+
+TEST(RichTextBoxUndo, takes_back_every_command_with_looks_pictures_and_selection) {
+    ShownBox shown;
+    RichTextBox &box = shown.box;
+    box.setRichText(sample());
+    QSignalSpy changes(&box.events(), &PaneEvents::Change);
+    QImage picture(5, 3, QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    QMimeData dropped;
+    dropped.setText(QStringLiteral("dropped"));
+    const std::function<void()> commands[] = {
+        [&] { box.setSelText("x\r\ny"); },
+        [&] { box.setSelRichText(sample()); },
+        [&] { box.pastePicture(picture); },
+        [&] { box.setSelFontName("ZOLTInverse"); },
+        [&] { box.setSelFontSize(20); },
+        [&] { box.setSelColor(0x00FF00); },
+        [&] { box.setSelStrikeThru(true); },
+        [&] { box.cut(); },
+        [&] {
+            box.replaceEach({0, 4}, 2, "-+-");
+        },
+        [&] { shown.type("t"); },
+        [&] { EXPECT_TRUE(shown.drop(dropped, 0)); },
+    };
+    struct State {
+        RichText text;
+        qsizetype start, end;
+        bool operator==(const State &) const = default;
+    };
+    const auto state = [&box] { return State{box.richText(), box.SelStart(), box.selEnd()}; };
+    std::vector<State> before;
+    std::vector<State> after;
+    for (int round = 0; round < 3; ++round) {
+        for (std::size_t i = 0; i < std::size(commands); ++i) {
+            shown.select(2, 5);
+            before.push_back(state());
+            changes.clear();
+            commands[i]();
+            EXPECT_EQ(changes.count(), 1) << i;
+            after.push_back(state());
+        }
+    }
+    box.setSelStart(0);
+    for (std::size_t i = before.size(); i-- > 0;) {
+        changes.clear();
+        i % 2 ? box.undo() : shown.key(Qt::Key_Z, Qt::ControlModifier);
+        ASSERT_EQ(state(), before[i]) << i % std::size(commands);
+        EXPECT_EQ(changes.count(), 1);
+    }
+    EXPECT_FALSE(box.document()->isUndoAvailable());
+    for (std::size_t i = 0; i < after.size(); ++i) {
+        i % 2 ? box.redo() : shown.key(Qt::Key_Y, Qt::ControlModifier);
+        ASSERT_EQ(state(), after[i]) << i % std::size(commands);
+    }
+    box.undoToggle();
+    EXPECT_EQ(state(), before.back());
+    box.undoToggle();
+    EXPECT_EQ(state(), after.back());
+}
+
+TEST(RichTextBoxUndo, takes_back_a_look_of_all_also_in_empty_lines) {
+    ShownBox shown;
+    RichTextBuilder builder;
+    builder.endParagraph();
+    builder.append("a", {});
+    builder.append(samplePicture(RichPicture::Kind::Png), {});
+    builder.endParagraph();
+    builder.endParagraph();
+    shown.box.setRichText(builder.text());
+    const auto sizesOfTyped = [&shown] {
+        std::vector<double> sizes;
+        for (const qsizetype line : {0, 2, 4, 6, 8}) {
+            shown.box.setSelStart(line);
+            sizes.push_back(shown.box.SelFontSize());
+        }
+        return sizes;
+    };
+    const std::vector<double> old(5, 10.0);
+    EXPECT_EQ(sizesOfTyped(), old);
+    shown.select(0, shown.box.length());
+    shown.box.setSelFontSize(24);
+    EXPECT_EQ(sizesOfTyped(), std::vector<double>(5, 24.0));
+    shown.box.undo();
+    EXPECT_EQ(shown.box.richText(), builder.text());
+    EXPECT_EQ(sizesOfTyped(), old);
+    shown.box.redo();
+    EXPECT_EQ(sizesOfTyped(), std::vector<double>(5, 24.0));
+
+    // What is typed where all was deleted looks like that.
+    shown.select(0, shown.box.length());
+    shown.key(Qt::Key_Delete);
+    shown.type("x");
+    EXPECT_EQ(shown.box.richText().paragraphs[0].runs[0].format.halfPoints, 48);
+    shown.box.setText("");
+    shown.type("x");
+    EXPECT_EQ(shown.box.richText().paragraphs[0].runs[0].format.halfPoints, 48);
+}
+
+TEST(RichTextBoxReplacing, each_stretch_looks_like_its_first_character) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 200; ++round) {
+        RichTextBox box;
+        RichTextBox other;
+        RichText text = randomRichText(random);
+        for (Paragraph &paragraph : text.paragraphs) {
+            for (zolt::Run &run : paragraph.runs) {
+                if (auto *characters = std::get_if<std::string>(&run.content))
+                    for (char &c : *characters)
+                        c = "ab "[static_cast<unsigned char>(c) % 3];
+            }
+        }
+        box.setRichText(text);
+        other.setRichText(text);
+        const std::string finds[] = {"a", "ab", "\r\n", "a\r\nb", " ", "aa"};
+        const std::string by[] = {"", "x", "1\r\n2", "longer"};
+        const std::string find = finds[random() % std::size(finds)];
+        const std::string replacement = by[random() % std::size(by)];
+        std::vector<std::size_t> offsets;
+        const std::string bytes = box.Text();
+        for (auto at = bytes.find(find); at != std::string::npos; at = bytes.find(find, at + find.size()))
+            offsets.push_back(at);
+
+        box.replaceEach(offsets, find.size(), replacement);
+        for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset) {
+            other.setSelStart(static_cast<qsizetype>(*offset));
+            other.setSelLength(static_cast<qsizetype>(find.size()));
+            other.setSelText(replacement);
+        }
+        ASSERT_EQ(box.richText(), other.richText()) << round;
+        EXPECT_EQ(box.SelStart(), 0);
+        if (!offsets.empty())
+            box.undo();
+        ASSERT_EQ(box.richText(), withFontsInOrder(text)) << round;
+    }
+}
