@@ -9,7 +9,7 @@
 using namespace zolt;
 using namespace zolt::test;
 
-TEST(RichTextBoxTyping, what_is_typed_over_a_selection_looks_like_its_first_character) {
+TEST(RichTextBoxTyping, WhatIsTypedOverASelectionLooksLikeItsFirstCharacter) {
     for (const bool backwards : {false, true}) {
         ShownBox shown;
         shown.box.setRichText(sample());
@@ -30,7 +30,7 @@ TEST(RichTextBoxTyping, what_is_typed_over_a_selection_looks_like_its_first_char
     }
 }
 
-TEST(RichTextBoxUndo, takes_back_every_command_with_looks_pictures_and_selection) {
+TEST(RichTextBoxUndo, TakesBackEveryCommandWithLooksPicturesAndSelection) {
     ShownBox shown;
     RichTextBox &box = shown.box;
     box.setRichText(sample());
@@ -90,7 +90,7 @@ TEST(RichTextBoxUndo, takes_back_every_command_with_looks_pictures_and_selection
     EXPECT_EQ(state(), after.back());
 }
 
-TEST(RichTextBoxUndo, takes_back_a_look_of_all_also_in_empty_lines) {
+TEST(RichTextBoxUndo, TakesBackALookOfAllAlsoInEmptyLines) {
     ShownBox shown;
     RichTextBuilder builder;
     builder.endParagraph();
@@ -128,7 +128,7 @@ TEST(RichTextBoxUndo, takes_back_a_look_of_all_also_in_empty_lines) {
     EXPECT_EQ(shown.box.richText().paragraphs[0].runs[0].format.halfPoints, 48);
 }
 
-TEST(RichTextBoxReplacing, each_stretch_looks_like_its_first_character) {
+TEST(RichTextBoxReplacing, EachStretchLooksLikeItsFirstCharacter) {
     std::mt19937 random(5);
     for (int round = 0; round < 200; ++round) {
         RichTextBox box;

@@ -81,7 +81,7 @@ void layOutAnew(RichTextBox &box) {
 
 } // namespace
 
-TEST(RichTextBoxLines, agree_with_what_is_drawn_and_clicked) {
+TEST(RichTextBoxLines, AgreeWithWhatIsDrawnAndClicked) {
     std::mt19937 random(7);
     for (int round = 0; round < 12; ++round) {
         ShownBox shown("", round % 2 == 0);
@@ -120,7 +120,7 @@ TEST(RichTextBoxLines, agree_with_what_is_drawn_and_clicked) {
     }
 }
 
-TEST(RichTextBoxLines, stay_right_through_edits_undo_and_resizes) {
+TEST(RichTextBoxLines, StayRightThroughEditsUndoAndResizes) {
     std::mt19937 random(8);
     for (const bool wraps : {true, false}) {
         ShownBox shown("", wraps);
@@ -180,7 +180,7 @@ TEST(RichTextBoxLines, stay_right_through_edits_undo_and_resizes) {
     }
 }
 
-TEST(RichTextBoxLines, do_not_move_under_the_eye_while_the_others_are_measured) {
+TEST(RichTextBoxLines, DoNotMoveUnderTheEyeWhileTheOthersAreMeasured) {
     RichTextBuilder builder;
     const std::uint16_t font = builder.text().fontIndex("DejaVu Sans");
     for (int i = 0; i < 3000; ++i) {
@@ -208,7 +208,7 @@ TEST(RichTextBoxLines, do_not_move_under_the_eye_while_the_others_are_measured) 
     }
 }
 
-TEST(RichTextBoxLines, a_resize_keeps_the_text_at_the_top_of_the_view) {
+TEST(RichTextBoxLines, AResizeKeepsTheTextAtTheTopOfTheView) {
     ShownBox shown(numberedLines(500));
     RichTextBox &box = shown.box;
     box.verticalScrollBar()->setValue(5000);
@@ -221,7 +221,7 @@ TEST(RichTextBoxLines, a_resize_keeps_the_text_at_the_top_of_the_view) {
     }
 }
 
-TEST(RichTextBoxLines, the_caret_stays_in_sight) {
+TEST(RichTextBoxLines, TheCaretStaysInSight) {
     for (const bool wraps : {true, false}) {
         ShownBox shown(numberedLines(300), wraps);
         RichTextBox &box = shown.box;
@@ -252,7 +252,7 @@ TEST(RichTextBoxLines, the_caret_stays_in_sight) {
     }
 }
 
-TEST(RichTextBoxLines, the_box_that_does_not_wrap_scrolls_to_its_longest_line) {
+TEST(RichTextBoxLines, TheBoxThatDoesNotWrapScrollsToItsLongestLine) {
     ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
     std::string text;
     for (int i = 0; i < 1000; ++i)
@@ -270,7 +270,7 @@ TEST(RichTextBoxLines, the_box_that_does_not_wrap_scrolls_to_its_longest_line) {
     EXPECT_EQ(bar.maximum(), 0) << "no longer than what is left";
 }
 
-TEST(RichTextBoxLines, show_what_an_input_method_composes) {
+TEST(RichTextBoxLines, ShowWhatAnInputMethodComposes) {
     ShownBox shown("abcd");
     RichTextBox &box = shown.box;
     box.setSelStart(2);

@@ -10,7 +10,7 @@
 using namespace zolt;
 using namespace zolt::test;
 
-TEST(RichTextBoxPictures, stand_on_whole_pixels_without_smoothing) {
+TEST(RichTextBoxPictures, StandOnWholePixelsWithoutSmoothing) {
     QImage dots(4, 6, QImage::Format_RGB32);
     dots.fill(Qt::white);
     for (int i = 0; i < 4; ++i)
@@ -36,7 +36,7 @@ TEST(RichTextBoxPictures, stand_on_whole_pixels_without_smoothing) {
     }
 }
 
-TEST(RichTextBoxPictures, let_a_coloured_ground_shine_through_their_white) {
+TEST(RichTextBoxPictures, LetAColouredGroundShineThroughTheirWhite) {
     QImage dots(2, 1, QImage::Format_RGB32);
     dots.setPixel(0, 0, qRgb(255, 255, 255));
     dots.setPixel(1, 0, qRgb(0, 0, 0));
@@ -56,7 +56,7 @@ TEST(RichTextBoxPictures, let_a_coloured_ground_shine_through_their_white) {
     EXPECT_EQ(shown.box.TextRTF(), rtf);
 }
 
-TEST(RichTextBoxColours, the_systems_text_can_be_read_on_any_ground) {
+TEST(RichTextBoxColours, TheSystemsTextCanBeReadOnAnyGround) {
     ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
     QPalette dark;
     dark.setColor(QPalette::Text, Qt::white);
@@ -72,7 +72,7 @@ TEST(RichTextBoxColours, the_systems_text_can_be_read_on_any_ground) {
     EXPECT_EQ(inkOn(QColor(0, 0, 0x80)), QColor(Qt::white));
 }
 
-TEST(RichTextBoxPictures, stand_on_the_foot_of_their_line_of_text) {
+TEST(RichTextBoxPictures, StandOnTheFootOfTheirLineOfText) {
     ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
     ShownBox shown;
     RichText text = oneRun("ab");
@@ -107,7 +107,7 @@ TEST(RichTextBoxPictures, stand_on_the_foot_of_their_line_of_text) {
     EXPECT_EQ(topOfLine(14), 2 + 24 + 24 + 12);
 }
 
-TEST(RichTextBoxFonts, show_every_byte_in_every_style_dot_for_dot) {
+TEST(RichTextBoxFonts, ShowEveryByteInEveryStyleDotForDot) {
     ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
     ShownBox shown("", false);
     shown.box.resize(400, 400);

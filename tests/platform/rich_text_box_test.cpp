@@ -29,14 +29,14 @@ std::string allBytes() {
 
 } // namespace
 
-TEST(RichTextBoxContents, every_byte_stands_in_it) {
+TEST(RichTextBoxContents, EveryByteStandsInIt) {
     ShownBox shown;
     shown.box.setText(allBytes());
     EXPECT_EQ(shown.box.Text(), allBytes());
     EXPECT_EQ(plainText(richTextFromRtf(shown.box.TextRTF())), allBytes());
 }
 
-TEST(RichTextBoxContents, random_rich_texts_come_back) {
+TEST(RichTextBoxContents, RandomRichTextsComeBack) {
     RichTextBox box;
     std::mt19937 random(31);
     for (int i = 0; i < 300; ++i) {
@@ -48,7 +48,7 @@ TEST(RichTextBoxContents, random_rich_texts_come_back) {
     }
 }
 
-TEST(RichTextBoxContents, setting_reports_one_change_and_forgets_undo) {
+TEST(RichTextBoxContents, SettingReportsOneChangeAndForgetsUndo) {
     ShownBox shown("old");
     shown.type("x");
     QSignalSpy changes(&shown.box.events(), &PaneEvents::Change);
@@ -63,7 +63,7 @@ TEST(RichTextBoxContents, setting_reports_one_change_and_forgets_undo) {
     EXPECT_EQ(changes.count(), 2);
 }
 
-TEST(RichTextBoxSelection, counts_a_line_end_twice_and_a_picture_once) {
+TEST(RichTextBoxSelection, CountsALineEndTwiceAndAPictureOnce) {
     ShownBox shown;
     shown.box.setRichText(sample());
     EXPECT_EQ(shown.box.Text(), "plainbold \r\nend");
@@ -87,7 +87,7 @@ TEST(RichTextBoxSelection, counts_a_line_end_twice_and_a_picture_once) {
     EXPECT_EQ(shown.box.richText().paragraphs[1].runs[0].format.font, 1) << "the format of what was replaced";
 }
 
-TEST(RichTextBoxFormats, tells_what_the_selection_has_in_common) {
+TEST(RichTextBoxFormats, TellsWhatTheSelectionHasInCommon) {
     ShownBox shown;
     shown.box.setRichText(sample());
     shown.select(5, 4);
@@ -104,7 +104,7 @@ TEST(RichTextBoxFormats, tells_what_the_selection_has_in_common) {
     EXPECT_FALSE(shown.box.SelItalic());
 }
 
-TEST(RichTextBoxFormats, set_the_selection_or_what_is_typed_next) {
+TEST(RichTextBoxFormats, SetTheSelectionOrWhatIsTypedNext) {
     ShownBox shown("abcd");
     shown.select(1, 2);
     shown.box.setSelFontName("ZOLTInverse");
@@ -129,7 +129,7 @@ TEST(RichTextBoxFormats, set_the_selection_or_what_is_typed_next) {
     EXPECT_EQ(text.fonts[text.paragraphs[0].runs.back().format.font], "ZOLTBold");
 }
 
-TEST(RichTextBoxFormats, other_fonts_show_characters_and_tabs) {
+TEST(RichTextBoxFormats, OtherFontsShowCharactersAndTabs) {
     ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
     ShownBox shown;
     shown.box.setTextRTF("{\\rtf1{\\fonttbl{\\f0 DejaVu Sans;}{\\f1 ZOLT;}}\\fs20\\f0 a\\tab\\u945?\\'8c\\f1 "
@@ -168,7 +168,7 @@ TEST(RichTextBoxFormats, other_fonts_show_characters_and_tabs) {
     EXPECT_EQ(shown.box.Text(), "a\t\t\x8C\t\x8COEa\t\x8C\x8C");
 }
 
-TEST(RichTextBoxKeys, type_bytes_and_line_ends) {
+TEST(RichTextBoxKeys, TypeBytesAndLineEnds) {
     ShownBox shown;
     shown.type(QStringLiteral("é\u03B1\u0416"));
     shown.key(Qt::Key_Return);
@@ -179,7 +179,7 @@ TEST(RichTextBoxKeys, type_bytes_and_line_ends) {
     EXPECT_NE(shown.box.Text(), "\xE9\x8C?\r\n\r\n\t");
 }
 
-TEST(RichTextBoxKeys, typing_beside_a_picture_makes_no_picture) {
+TEST(RichTextBoxKeys, TypingBesideAPictureMakesNoPicture) {
     ShownBox shown;
     shown.box.setRichText(sample());
     shown.box.setSelStart(10);
@@ -194,7 +194,7 @@ TEST(RichTextBoxKeys, typing_beside_a_picture_makes_no_picture) {
     EXPECT_EQ(shown.box.richText().paragraphs[0].runs[2], sample().paragraphs[0].runs[2]);
 }
 
-TEST(RichTextBoxKeys, a_locked_box_moves_its_caret_only) {
+TEST(RichTextBoxKeys, ALockedBoxMovesItsCaretOnly) {
     ShownBox shown("one\r\ntwo");
     shown.box.setReadOnly(true);
     QSignalSpy keys(&shown.box.events(), &PaneEvents::keyDown);
@@ -215,7 +215,7 @@ TEST(RichTextBoxKeys, a_locked_box_moves_its_caret_only) {
     EXPECT_EQ(shown.box.Text(), "one\r\ntywo");
 }
 
-TEST(RichTextBoxMouse, reports_buttons_and_clicks_without_a_menu) {
+TEST(RichTextBoxMouse, ReportsButtonsAndClicksWithoutAMenu) {
     ShownBox shown("one two");
     QSignalSpy down(&shown.box.events(), &PaneEvents::mouseDown);
     QSignalSpy up(&shown.box.events(), &PaneEvents::mouseUp);
@@ -230,7 +230,7 @@ TEST(RichTextBoxMouse, reports_buttons_and_clicks_without_a_menu) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-TEST(RichTextBoxClipboard, carries_rich_text_and_what_the_calculator_shows) {
+TEST(RichTextBoxClipboard, CarriesRichTextAndWhatTheCalculatorShows) {
     ShownBox shown;
     shown.box.setRichText(sample());
     shown.box.selectAll();
@@ -248,7 +248,7 @@ TEST(RichTextBoxClipboard, carries_rich_text_and_what_the_calculator_shows) {
     EXPECT_EQ(other.box.Text(), "ab") << "one step of undo";
 }
 
-TEST(RichTextBoxClipboard, offers_a_picture_that_is_selected_alone) {
+TEST(RichTextBoxClipboard, OffersAPictureThatIsSelectedAlone) {
     ShownBox shown;
     RichTextBuilder builder;
     builder.append(samplePicture(RichPicture::Kind::Png), {});
@@ -271,7 +271,7 @@ TEST(RichTextBoxClipboard, offers_a_picture_that_is_selected_alone) {
     EXPECT_EQ(shown.box.richText().paragraphs[0].runs.back(), builder.text().paragraphs[0].runs[0]);
 }
 
-TEST(RichTextBoxClipboard, takes_pictures_and_texts) {
+TEST(RichTextBoxClipboard, TakesPicturesAndTexts) {
     ShownBox shown("ab");
     QImage picture(5, 3, QImage::Format_RGB32);
     picture.fill(Qt::black);
@@ -300,7 +300,7 @@ TEST(RichTextBoxClipboard, takes_pictures_and_texts) {
     EXPECT_FALSE(shown.box.SelBold());
 }
 
-TEST(RichTextBoxChange, is_told_when_lines_and_caret_stand) {
+TEST(RichTextBoxChange, IsToldWhenLinesAndCaretStand) {
     ShownBox shown;
     std::string seen;
     QObject::connect(&shown.box.events(), &PaneEvents::Change, [&] {
@@ -342,7 +342,7 @@ TEST(RichTextBoxChange, is_told_when_lines_and_caret_stand) {
     }
 }
 
-TEST(RichTextBoxDrop, takes_rich_text_and_links_but_no_files) {
+TEST(RichTextBoxDrop, TakesRichTextAndLinksButNoFiles) {
     ShownBox shown("ab");
     QMimeData rich;
     rich.setData(QStringLiteral("text/rtf"), QByteArray::fromStdString(rtfFromRichText(sample())));
@@ -363,7 +363,7 @@ TEST(RichTextBoxDrop, takes_rich_text_and_links_but_no_files) {
     }
 }
 
-TEST(RichTextBoxFiles, load_what_they_saved) {
+TEST(RichTextBoxFiles, LoadWhatTheySaved) {
     QTemporaryDir folder;
     const std::string path = folder.filePath("a.rtf").toStdString();
     RichTextBox box;
@@ -381,7 +381,7 @@ TEST(RichTextBoxFiles, load_what_they_saved) {
     EXPECT_EQ(box.Text(), "plain {text}");
 }
 
-TEST(RichTextBoxProperties, can_be_driven_by_name) {
+TEST(RichTextBoxProperties, CanBeDrivenByName) {
     RichTextBox box;
     EXPECT_TRUE(box.setProperty("Text", QByteArray("a\r\nb")));
     EXPECT_TRUE(box.setProperty("SelStart", 3));
