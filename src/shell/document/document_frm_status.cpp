@@ -6,6 +6,7 @@
 #include "shell/document/document_frm.h"
 #include "shell/frame/mdi_frm.h"
 
+#include <QAbstractScrollArea>
 #include <QDateTime>
 #include <QKeyEvent>
 #include <QLabel>
