@@ -275,7 +275,10 @@ TEST(RichTextBoxClipboard, TakesPicturesAndTexts) {
     ShownBox shown("ab");
     QImage picture(5, 3, QImage::Format_RGB32);
     picture.fill(Qt::black);
-    QApplication::clipboard()->setImage(picture);
+    auto *both = new QMimeData; // the clipboard owns it; a picture comes before a text
+    both->setImageData(picture);
+    both->setText(QStringLiteral("text"));
+    QApplication::clipboard()->setMimeData(both);
     shown.select(1, 1);
     shown.key(Qt::Key_V, Qt::ControlModifier);
     const RichText text = shown.box.richText();

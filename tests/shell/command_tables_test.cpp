@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QFile>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTest>
 #include <QToolBar>
 #include <algorithm>
@@ -89,6 +90,10 @@ TEST_F(CommandTables, LeaveOnlyTheFramesOwnCommandsWithoutADocument) {
                            QStringLiteral("MnuVerBarradeferramentas"), QStringLiteral("MnuAjudadozolt"),
                            QStringLiteral("MnuAjudaAcercadoZOLT")}));
     EXPECT_EQ(frame.toolbar(1)->actions().size(), 5);
+    QStringList menus;
+    for (const QAction *menu : frame.menuBar()->actions())
+        menus << menu->objectName();
+    EXPECT_EQ(menus.join(u' '), QStringLiteral("MnuFicheiro MnuVer MnuJanela MnuAjuda"));
 }
 
 TEST_F(CommandTables, TheFramesToolbarFollowsItsItemAndComesBackWithAnEmptyFrame) {

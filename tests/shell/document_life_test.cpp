@@ -8,9 +8,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDateTime>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLocale>
 #include <QMenu>
 #include <QPointer>
 #include <QTest>
@@ -405,17 +407,14 @@ TEST_P(DocumentLife, TheStatusBarFollowsTheCaret) {
     EXPECT_EQ(panel(3).text(), QStringLiteral("36"));
     QTest::mouseClick(pane().control().viewport(), Qt::LeftButton, {}, QPoint(2, 5));
     EXPECT_EQ(panel(2).text(), QStringLiteral("(1, 0)"));
+    const QDateTime now = QDateTime::currentDateTime();
+    EXPECT_EQ(panel(6).text(), QLocale::system().toString(now.date(), QLocale::ShortFormat));
+    EXPECT_NE(panel(7).text(), QString());
 }
 
 TEST_P(DocumentLife, TheLockKeysShowAtOnce) {
     // A key tells the state before it; a lock that is on ends with the key's release.
-    const struct {
-        QEvent::Type type;
-        int key;
-        quint32 modifiers;
-        bool num;
-        bool caps;
-    } events[] = {
+    const std::tuple<QEvent::Type, int, quint32, bool, bool> events[] = {
         {QEvent::KeyPress, Qt::Key_A, 0x12, true, true},
         {QEvent::KeyPress, Qt::Key_A, 0, false, false},
         {QEvent::KeyPress, Qt::Key_CapsLock, 0, false, true},
@@ -425,11 +424,11 @@ TEST_P(DocumentLife, TheLockKeysShowAtOnce) {
         {QEvent::KeyPress, Qt::Key_CapsLock, 0x12, true, true},
         {QEvent::KeyRelease, Qt::Key_CapsLock, 0x12, true, false},
     };
-    for (const auto &event : events) {
-        QKeyEvent key(event.type, event.key, {}, 0, 0, event.modifiers);
-        QApplication::sendEvent(&control(), &key);
-        EXPECT_EQ(panel(4).isEnabled(), event.num) << event.key;
-        EXPECT_EQ(panel(5).isEnabled(), event.caps) << event.key;
+    for (const auto &[type, key, modifiers, num, caps] : events) {
+        QKeyEvent event(type, key, {}, 0, 0, modifiers);
+        QApplication::sendEvent(&control(), &event);
+        EXPECT_EQ(panel(4).isEnabled(), num) << key;
+        EXPECT_EQ(panel(5).isEnabled(), caps) << key;
     }
 }
 

@@ -125,8 +125,11 @@ TEST_F(PdfWindow, ACancelledDialogLeavesWindowAndTemporaryFile) {
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(fileBytes("tmp1855"), "text\r\n");
     EXPECT_EQ(shared::settings.DfDirPdf, m_folder.path().toStdString());
-    press(loaded<EditTextExportPDFFrm>(), "btnClose");
+    // The dialog goes with its window.
+    whenModal("QFileDialog", [](QWidget *) { loaded<EditTextExportPDFFrm>()->close(); });
+    press(&window, "btnConvert");
     EXPECT_TRUE(windowIsGone());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
 }
 
@@ -154,14 +157,6 @@ TEST_F(PdfWindow, AFileThatIsNotWrittenIsSaidAndNotOffered) {
     EXPECT_FALSE(question.came());
     EXPECT_TRUE(statusMessage().startsWith(QStringLiteral("out.pdf wasn't saved: ")));
     EXPECT_TRUE(windowIsGone());
-}
-
-TEST_F(PdfWindow, ItsDialogGoesWithIt) {
-    open("text");
-    whenModal("QFileDialog", [](QWidget *) { loaded<EditTextExportPDFFrm>()->close(); });
-    press(loaded<EditTextExportPDFFrm>(), "btnConvert");
-    EXPECT_TRUE(windowIsGone());
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(PdfWindow, ClosingItEndsALongExport) {

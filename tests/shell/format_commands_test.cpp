@@ -85,8 +85,6 @@ TEST_F(FormatCommands, AStyleEndsAtItsLastColumnInBothPanes) {
         int length;
         std::string message;
     } cases[] = {
-        {"MnuFormatarEstiloNegrito", "", 33, ""},
-        {"MnuFormatarEstiloNegrito", "", 34, wide},
         {"MnuFormatarEstiloDuplalargura", "first\r\n", 16, ""},
         {"MnuFormatarEstiloDuplalargura", "first\r\n", 17, narrow},
         // The codes of the run before count, though nobody sees them.
@@ -157,20 +155,18 @@ TEST_F(FormatCommands, AnUndoBringsBackTextAndSelection) {
 }
 
 TEST_F(FormatCommands, OptimisationAlwaysEndsWithItsMessage) {
-    for (const char *key : {"Optimizar imagens parcial", "Optimizar imagens total"}) {
-        put("\x9E"
-            "000000x\x9E"
-            "000000",
-            0, 15);
-        Answer ok(QMessageBox::Ok);
-        pressTool(key);
-        EXPECT_EQ(ok.text(), QStringLiteral("Optimization finished"));
+    const std::string cell = "\x9E"
+                             "000000";
+    for (const auto &[key, after] :
+         {std::pair{"Optimizar imagens parcial", cell + "x"}, {"Optimizar imagens total", " x"}}) {
+        for (const bool empty : {false, true}) {
+            put(empty ? "" : cell + "x" + cell, 0, empty ? 0 : 15);
+            Answer ok(QMessageBox::Ok);
+            pressTool(key);
+            EXPECT_EQ(ok.text(), QStringLiteral("Optimization finished"));
+            EXPECT_EQ(pane().Text(), empty ? "" : after) << key;
+        }
     }
-    EXPECT_EQ(pane().Text(), " x");
-    put("", 0, 0);
-    Answer ok(QMessageBox::Ok);
-    choose("MnuFerramentasOptimizarimagensParcial");
-    EXPECT_TRUE(ok.came());
 }
 
 TEST_F(FormatCommands, SchemesAndFontsHoldAfterARestart) {

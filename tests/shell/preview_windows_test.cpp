@@ -17,7 +17,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
-#include <QPushButton>
+#include <QPointer>
 #include <QTableWidget>
 #include <QTest>
 #include <QTextBlock>
@@ -159,20 +159,39 @@ TEST_F(PreviewWindows, TheKeyboardWorksTheListOfWholeEntries) {
     EXPECT_TRUE(window.isVisible());
 }
 
-TEST_F(PreviewWindows, TheKeyboardWorksTheMenuWindow) {
-    auto &window = showNormal(longEntries(), true);
-    window.resize(480, 160);
-    for (const bool jumps : {false, true}) {
-        QTest::keyClick(&text(window), Qt::Key_Return);
-        auto *menu = loaded<EditTextPreviewNormalMenuFrm>();
-        ASSERT_TRUE(menu && QTest::qWaitForWindowActive(menu));
-        auto *list = control<QListWidget>(menu, "List1");
-        EXPECT_NE(rowOf(*list, 1), rowOf(*list, 2));
-        QTest::keyClick(list, Qt::Key_End);
-        QTest::keyClick(list, jumps ? Qt::Key_Enter : Qt::Key_Escape);
-        EXPECT_FALSE(menu->isVisible());
-        EXPECT_TRUE(waitFor([&] { return text(window).hasFocus(); }));
-        EXPECT_EQ(lineInSight(text(window)).back(), jumps ? 'Z' : 't');
+TEST_F(PreviewWindows, TheMenuWindowCountsAndJumps) {
+    for (const bool wraps : {true, false}) {
+        auto &window = showNormal(longEntries(), wraps);
+        window.resize(480, 160);
+        const auto open = [&]() -> QListWidget & {
+            QTest::keyClick(&text(window), Qt::Key_Return);
+            auto *menu = loaded<EditTextPreviewNormalMenuFrm>();
+            EXPECT_TRUE(menu && QTest::qWaitForWindowActive(menu));
+            return *control<QListWidget>(menu, "List1");
+        };
+        const auto expectBack = [&](char lastInSight) {
+            const auto *menu = loaded<EditTextPreviewNormalMenuFrm>();
+            EXPECT_FALSE(menu && menu->isVisible());
+            EXPECT_TRUE(waitFor([&] { return text(window).hasFocus(); }));
+            EXPECT_EQ(lineInSight(text(window)).back(), lastInSight);
+        };
+        for (const auto key : {Qt::Key_Escape, Qt::Key_Enter}) {
+            QListWidget &list = open();
+            EXPECT_EQ(list.count(), 26);
+            EXPECT_NE(rowOf(list, 1), rowOf(list, 2));
+            QTest::keyClick(&list, Qt::Key_End);
+            EXPECT_EQ(control<QLabel>(list.window(), "Panel1")->isVisible(), wraps);
+            EXPECT_EQ(control<QLabel>(list.window(), "Panel2")->text(), QStringLiteral("26/26"));
+            QTest::keyClick(&list, key);
+            expectBack(key == Qt::Key_Enter ? 'Z' : 't');
+        }
+        QListWidget &list = open();
+        const QPoint second = list.visualItemRect(list.item(1)).center();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+        QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
+        expectBack('B');
+        window.close();
+        deleteClosed();
     }
 }
 
@@ -189,38 +208,7 @@ TEST_F(PreviewWindows, AnEmptySelectionIsSaid) {
     }
 }
 
-TEST_F(PreviewWindows, AWindowThatClosesWhileItCompilesIsGone) {
-    pane().setText(std::string(2'000'000, 'x'));
-    QTimer close;
-    QObject::connect(&close, &QTimer::timeout, [] {
-        if (auto *window = loaded<EditTextPreviewFrm>())
-            window->close();
-    });
-    close.start(20);
-    call(m_window, "MnuVerPrévisualizartudoEstiloHP48");
-    close.stop();
-    EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr);
-    EXPECT_EQ(loaded<WaitFrm>(), nullptr);
-    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
-}
-
-TEST_F(PreviewWindows, AnEmptyListOnlyCloses) {
-    auto &window = showHp48("no entries here");
-    call(&window, "MnuPopUpMenu");
-    auto *list = control<QTableWidget>(&window, "Grid1");
-    EXPECT_TRUE(list->isVisible());
-    QTest::mouseDClick(list->viewport(), Qt::LeftButton);
-    EXPECT_FALSE(list->isVisible());
-    EXPECT_EQ(lineShown(window), QStringLiteral("1"));
-}
-
-TEST_F(PreviewWindows, ATextOfTwoCharactersShowsUnchanged) {
-    auto &window = showHp48("\"a");
-    EXPECT_EQ(text(window).Text(), "\"a");
-    EXPECT_EQ(text(window).SelStart(), 1);
-}
-
-TEST_F(PreviewWindows, ACancelledPreviewNeverShows) {
+TEST_F(PreviewWindows, AnInterruptedPreviewNeverShows) {
     std::string text;
     for (int i = 0; i < 40000; ++i)
         text += "*line \x0B"
@@ -228,29 +216,45 @@ TEST_F(PreviewWindows, ACancelledPreviewNeverShows) {
                 "B and \x9E"
                 "F0F0F0 more\r\n";
     pane().setText(text);
-    for (int phase = 1; phase <= kPreviewPhases; ++phase) {
-        // Cancel is pressed as soon as the phase's name stands in the window.
-        QTimer press;
-        QObject::connect(&press, &QTimer::timeout, [phase] {
-            WaitFrm *wait = loaded<WaitFrm>();
-            const QString name = QString::fromStdString(phaseLabel(phase));
-            if (wait && control<QLabel>(wait, "Label2")->text().startsWith(name))
-                QTest::mouseClick(control<QPushButton>(wait, "Command1"), Qt::LeftButton);
+    // By Cancel, as soon as the name of one of the phases stands in the window, and then by
+    // closing either window.
+    for (int way = 1; way <= kPreviewPhases + 2; ++way) {
+        bool interrupted = false;
+        QTimer interrupt;
+        QObject::connect(&interrupt, &QTimer::timeout, [&] {
+            QPointer<WaitFrm> wait = loaded<WaitFrm>();
+            if (!wait || (way <= kPreviewPhases && !control<QLabel>(wait, "Label2")
+                                                        ->text()
+                                                        .startsWith(QString::fromStdString(phaseLabel(way)))))
+                return;
+            interrupt.stop();
+            interrupted = true;
+            EXPECT_FALSE(loaded<MDIFrm>()->close());
+            if (way <= kPreviewPhases)
+                press(wait, "Command1");
+            else if (way == kPreviewPhases + 1)
+                wait->close();
+            else
+                loaded<EditTextPreviewFrm>()->close();
+            deleteClosed();
+            EXPECT_NE(wait, nullptr); // the compiler goes on to its next step
         });
-        press.start(0);
+        interrupt.start(0);
         call(m_window, "MnuVerPrévisualizartudoEstiloHP48");
-        press.stop();
         deleteClosed();
-        EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr) << phase;
-        EXPECT_EQ(shared::CancelarOperação, 0);
-        EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
-        EXPECT_EQ(loaded<WaitFrm>(), nullptr);
+        EXPECT_TRUE(interrupted) << way;
+        EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr) << way;
+        EXPECT_EQ(loaded<WaitFrm>(), nullptr) << way;
+        EXPECT_EQ(shared::CancelarOperação, 0) << way;
+        EXPECT_TRUE(loaded<MDIFrm>()->isEnabled()) << way;
     }
 }
 
 TEST_F(PreviewWindows, TheReadingCopyFoldsOnlyWhenAsked) {
     const std::string line(50, 'x');
-    EXPECT_EQ(text(showNormal(line, false)).Text(), line + "\r\n");
+    auto &copy = showNormal(line, false);
+    EXPECT_EQ(text(copy).Text(), line + "\r\n");
+    EXPECT_EQ(copy.focusWidget(), &text(copy));
     EXPECT_EQ(text(showNormal(line, true)).Text(), line.substr(0, 33) + "\r\n" + line.substr(33) + "\r\n");
 }
 
@@ -276,27 +280,6 @@ TEST_F(PreviewWindows, CopyTakesAllAndSelectsNothing) {
     ASSERT_TRUE(data->hasFormat(QStringLiteral("text/rtf")));
     EXPECT_EQ(plainText(richTextFromRtf(data->data(QStringLiteral("text/rtf")).toStdString())),
               text(window).Text());
-}
-
-TEST_F(PreviewWindows, TheMenuWindowCountsAndJumps) {
-    for (const bool wraps : {false, true}) {
-        auto &window = showNormal(kDocument, wraps);
-        call(&window, "MenuPreview");
-        auto *menu = loaded<EditTextPreviewNormalMenuFrm>();
-        ASSERT_NE(menu, nullptr);
-        auto *list = control<QListWidget>(menu, "List1");
-        EXPECT_EQ(list->count(), 3);
-        list->setCurrentRow(1);
-        EXPECT_EQ(control<QLabel>(menu, "Panel1")->isVisible(), wraps);
-        EXPECT_EQ(control<QLabel>(menu, "Panel2")->text(), QStringLiteral("2/3"));
-        const QPoint place = list->visualItemRect(list->item(1)).center();
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
-        EXPECT_FALSE(menu->isVisible());
-        EXPECT_EQ(text(window).SelStart(), static_cast<qsizetype>(text(window).Text().find("*TWO") + 4));
-        window.close();
-        deleteClosed();
-    }
 }
 
 } // namespace

@@ -91,7 +91,16 @@ TEST_F(StartUp, AsksForTheEditionOfAnotherKindOfFile) {
     EXPECT_EQ(loaded<EditTextFrm>()->activeTextPane().Text(), "text");
 }
 
-TEST_F(StartUp, AFileThatGoesBeforeTheAnswerLeavesTheChooserAlone) {
+TEST_F(StartUp, AFileThatCannotBeReadBringsAMessageAndTheChooser) {
+    {
+        Answer message(QMessageBox::Ok);
+        start(path("missing.zlt"));
+        EXPECT_TRUE(message.text().contains(QStringLiteral("missing.zlt")));
+        EXPECT_NE(shown("QuestionFrm"), nullptr);
+        EXPECT_EQ(shared::settings.DefltDir, m_folder.path().toStdString());
+    }
+    leave();
+    // Nor one that goes before the answer.
     writeBytes("notes.txt", "text");
     MDIFrm &frame = start(path("notes.txt"));
     QFile::remove(QString::fromStdString(path("notes.txt")));
@@ -169,14 +178,6 @@ TEST_F(StartUp, TheFrameComesBackWhereItStoodAndOnAScreen) {
     start();
     QTest::keyClick(shown("QuestionFrm"), Qt::Key_Escape);
     EXPECT_TRUE(loaded<MDIFrm>()->isVisible());
-}
-
-TEST_F(StartUp, AFileThatCannotBeReadBringsAMessageAndTheChooser) {
-    Answer message(QMessageBox::Ok);
-    start(path("missing.zlt"));
-    EXPECT_TRUE(message.text().contains(QStringLiteral("missing.zlt")));
-    EXPECT_NE(shown("QuestionFrm"), nullptr);
-    EXPECT_EQ(shared::settings.DefltDir, m_folder.path().toStdString());
 }
 
 TEST_F(StartUp, WritesTheSettingsAtTheFirstStartAndAtTheEnd) {

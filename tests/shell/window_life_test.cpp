@@ -1,18 +1,14 @@
 #include "shell/base/long_work.h"
 #include "shell/exports/edit_text_guardar_hp_frm.h"
-#include "shell/pictures/edit_text_insert_image_frm.h"
-#include "shell/preview/edit_text_preview_frm.h"
-#include "shell/preview/wait_frm.h"
+#include "shell/pictures/edit_text_insert_grob_frm.h"
 #include "shell/tools/about_frm.h"
 #include "shell/tools/caracter_table_frm.h"
 #include "support/program.h"
 
 #include <QAction>
-#include <QImage>
-#include <QLineEdit>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QPointer>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -21,18 +17,7 @@ namespace {
 
 using namespace testing_support;
 
-class WindowLife : public TextEditionTest {
-protected:
-    /// Runs `act` once, as soon as long work lets the windows live.
-    static void duringWork(QTimer &timer, std::function<void()> act) {
-        QObject::connect(&timer, &QTimer::timeout, &timer, [&timer, act = std::move(act)] {
-            timer.stop();
-            act();
-            deleteClosed();
-        });
-        timer.start(0);
-    }
-};
+class WindowLife : public TextEditionTest {};
 
 TEST_F(WindowLife, ADisabledFrameDoesNotClose) {
     MDIFrm &frame = *loaded<MDIFrm>();
@@ -47,50 +32,21 @@ TEST_F(WindowLife, ADisabledFrameDoesNotClose) {
     EXPECT_TRUE(ended);
 }
 
-TEST_F(WindowLife, ClosingWindowsDuringACompilationCancelsIt) {
-    std::string text;
-    for (int i = 0; i < 20'000; ++i)
-        text += "*line and more\r\n";
-    pane().setText(text);
-    QTimer timer;
-    bool acted = false;
-    duringWork(timer, [&] {
-        acted = true;
-        QPointer<WaitFrm> wait = loaded<WaitFrm>();
-        ASSERT_NE(wait, nullptr);
-        EXPECT_FALSE(loaded<MDIFrm>()->close());
-        wait->close();
-        deleteClosed();
-        EXPECT_NE(wait, nullptr); // the compiler goes on to its next step
-    });
-    call(m_window, "MnuVerPrévisualizartudoEstiloHP48");
-    EXPECT_TRUE(acted);
-    deleteClosed();
-    EXPECT_EQ(loaded<EditTextPreviewFrm>(), nullptr);
-    EXPECT_EQ(loaded<WaitFrm>(), nullptr);
-    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
-}
-
 TEST_F(WindowLife, ClosingTheFrameDuringAReadingEndsBoth) {
-    QImage image(40, 30, QImage::Format_RGB32);
-    image.fill(Qt::black);
-    ASSERT_TRUE(image.save(QString::fromStdString(path("black.bmp"))));
-    answerFileDialog(path("black.bmp"));
-    call(loaded<MDIFrm>(), "MostrarEditTextInsertImageFrm");
-    QPointer<EditTextInsertImageFrm> window = loaded<EditTextInsertImageFrm>();
-    control<QLineEdit>(window, "Text3")->selectAll();
-    QTest::keyClicks(control<QLineEdit>(window, "Text3"), QStringLiteral("1089"));
-    shared::SemPerguntaDeSaída = 1;
-    QPointer<MDIFrm> frame = loaded<MDIFrm>();
-    QTimer timer;
-    duringWork(timer, [&] {
-        EXPECT_TRUE(frame->close());
+    // So high that the reading lets the windows live more than once.
+    writeBytes("high.gro", "GROB 131 32767 F");
+    answerFileDialog(path("high.gro"));
+    call(loaded<MDIFrm>(), "MostrarEditTextInsertGrobFrm");
+    const QPointer<QWidget> window = loaded<EditTextInsertGrobFrm>();
+    const QPointer<MDIFrm> frame = loaded<MDIFrm>();
+    bool closed = false;
+    QTimer::singleShot(0, frame, [&] {
+        closed = frame->close();
         deleteClosed();
         EXPECT_NE(window, nullptr);
     });
     press(window, "Command2");
-    timer.stop();
-    frame->close();
+    EXPECT_TRUE(closed);
     deleteClosed();
     EXPECT_EQ(window, nullptr);
     EXPECT_EQ(frame, nullptr);
@@ -111,6 +67,26 @@ TEST_F(WindowLife, AClosedWindowGoesWithTheLastWork) {
     EXPECT_EQ(window, nullptr);
 }
 
+TEST_F(WindowLife, CompanionsGoWithTheirDocument) {
+    for (const std::int16_t bar : {1, 3, 4}) {
+        for (const char *operation :
+             {"VerTabeladecaracteres", "EditarLocalizar", "MnuInserirListadesímbolos"})
+            call(m_window, operation);
+        shared::settings.CharTool = bar;
+        loaded<MDIFrm>()->applyCharTool();
+        m_window->close();
+        deleteClosed();
+        for (QWidget *window : QApplication::topLevelWidgets())
+            EXPECT_TRUE(window == loaded<MDIFrm>() || !window->isVisible())
+                << window->objectName().toStdString();
+        EXPECT_FALSE(loaded<MDIFrm>()->topPanel()->isVisible() ||
+                     loaded<MDIFrm>()->rightPanel()->isVisible());
+        EXPECT_EQ(shared::settings.CharTool, bar);
+        EXPECT_EQ(shared::settings.ChrTbExi, 1);
+        restart();
+    }
+}
+
 TEST_F(WindowLife, TheWindowMenuBringsAMinimisedDocumentBack) {
     auto *menu = qobject_cast<QMenu *>(m_window->menuItem("MnuJanelaCascata")->parent());
     for (const bool maximised : {true, false}) {
@@ -126,18 +102,36 @@ TEST_F(WindowLife, TheWindowMenuBringsAMinimisedDocumentBack) {
 
 TEST_F(WindowLife, TheWindowMenuArrangesTheDocument) {
     const QSize whole = m_window->parentWidget()->size();
-    for (const char *command : {"tileVertically", "tileHorizontally"}) {
+    const auto tiled = [&](const char *command) {
         m_window->showNormal();
         m_window->setGeometry(10, 10, 300, 200);
         call(loaded<MDIFrm>(), command);
-        EXPECT_EQ(m_window->geometry(), QRect({0, 0}, whole)) << command;
-    }
+        return m_window->geometry();
+    };
+    EXPECT_EQ(tiled("tileVertically"), QRect({0, 0}, whole));
+    auto *other = new QMdiSubWindow;
+    loaded<MDIFrm>()->adopt(other);
+    other->show();
+    EXPECT_EQ(tiled("tileVertically"), QRect(0, 0, whole.width() / 2, whole.height()));
+    EXPECT_EQ(tiled("tileHorizontally"), QRect(0, 0, whole.width(), whole.height() / 2));
+    EXPECT_EQ(other->geometry(), QRect(0, whole.height() / 2, whole.width(), whole.height() / 2));
+    delete other;
+    m_window->setGeometry(100, 100, 200, 200);
+    call(loaded<MDIFrm>(), "cascade");
+    EXPECT_LT(m_window->x(), 100);
     call(m_window, "VerTabeladecaracteres");
     call(loaded<MDIFrm>(), "minimizeAll");
+    EXPECT_TRUE(m_window->isMinimized());
     EXPECT_TRUE(loaded<CaracterTableFrm>()->isMinimized());
     call(loaded<MDIFrm>(), "restoreAll");
     EXPECT_FALSE(m_window->isMinimized());
     EXPECT_FALSE(loaded<CaracterTableFrm>()->isMinimized());
+    call(loaded<MDIFrm>(), "MostrarAboutFrm");
+    call(loaded<MDIFrm>(), "closeAll");
+    deleteClosed();
+    EXPECT_EQ(loaded<AboutFrm>(), nullptr);
+    EXPECT_EQ(loaded<EditTextFrm>(), nullptr);
+    EXPECT_TRUE(loaded<MDIFrm>()->isVisible());
 }
 
 TEST_F(WindowLife, TheFrameGoesOnTopAndComesDownAgain) {
