@@ -14,7 +14,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 class CommandTables : public ProgramTest {
 protected:

@@ -12,7 +12,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 constexpr double kLegible = 4; // of 21; pure red on a dark window has 4.2
 

@@ -24,7 +24,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 /// What these tests need to know of an edition.
 struct EditionCase {
@@ -76,7 +76,7 @@ protected:
         type(keys);
     }
     QLabel &panel(int number) {
-        return *testing_support::control<QLabel>(m_window, qPrintable(QStringLiteral("Panel%1").arg(number)));
+        return *test::control<QLabel>(m_window, qPrintable(QStringLiteral("Panel%1").arg(number)));
     }
     QAction *tool(const char *key) {
         return loaded<MDIFrm>()->toolbar(GetParam().toolbar)->findChild<QAction *>(QString::fromUtf8(key));
@@ -374,7 +374,7 @@ TEST_P(DocumentLife, NewEmptiesThePaneAfterItsQuestion) {
 
 TEST_P(DocumentLife, TheWrapSwitchKeepsTextAndSelection) {
     write("one two three");
-    auto *button = testing_support::control<QToolButton>(loaded<MDIFrm>(), "Translinear palavras");
+    auto *button = test::control<QToolButton>(loaded<MDIFrm>(), "Translinear palavras");
     for (const bool wraps : {false, true}) {
         pane().setSelStart(4);
         pane().setSelLength(3);

@@ -10,7 +10,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 class FindWindow : public TextEditionTest {
 protected:

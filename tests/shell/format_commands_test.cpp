@@ -15,7 +15,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 class FormatCommands : public TextEditionTest {
 protected:

@@ -9,7 +9,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 class IntegrityWindow : public TextEditionTest {
 protected:

@@ -27,7 +27,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 const std::string kCell = "\x9E"
                           "F9999F";

@@ -26,7 +26,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 constexpr std::string_view kDocument = "first\r\n*ONE\r\nplain \x0B"
                                        "Bbold\x0B"

@@ -12,7 +12,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 class QuickBar : public TextEditionTest {
 protected:

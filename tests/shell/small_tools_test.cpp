@@ -16,7 +16,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 class SmallTools : public ProgramTest {
 protected:

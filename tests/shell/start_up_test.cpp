@@ -11,7 +11,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 class StartUp : public ProgramTest {
 protected:

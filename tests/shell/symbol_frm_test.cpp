@@ -16,7 +16,7 @@
 namespace zolt {
 namespace {
 
-using namespace testing_support;
+using namespace test;
 
 constexpr char kThree[] = " 3 \r\nOne\r\n\x9E"
                           "100000\r\nTwo\r\n\x9E"
@@ -47,7 +47,7 @@ protected:
         open("MnuInserirListadesímbolos");
     }
 
-    void press(const char *button) { testing_support::press(m_symbols, button); }
+    void press(const char *button) { test::press(m_symbols, button); }
     /// Presses a button and answers its file dialog.
     void pressAndName(const char *button, const char *file) {
         answerFileDialog(path(file));

@@ -3,7 +3,7 @@
 #include <csignal>
 #include <sys/resource.h>
 
-namespace zolt::testing_support {
+namespace zolt::test {
 
 /// While it lives, no file of this process can grow beyond a few bytes.
 class FullDisk {
@@ -29,4 +29,4 @@ private:
     void (*m_handler)(int);
 };
 
-} // namespace zolt::testing_support
+} // namespace zolt::test

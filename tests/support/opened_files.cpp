@@ -2,7 +2,7 @@
 
 #include <QDesktopServices>
 
-namespace zolt::testing_support {
+namespace zolt::test {
 
 OpenedFiles::OpenedFiles() {
     QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open");
@@ -16,4 +16,4 @@ void OpenedFiles::open(const QUrl &url) {
     paths << url.toLocalFile();
 }
 
-} // namespace zolt::testing_support
+} // namespace zolt::test

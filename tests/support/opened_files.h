@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <QUrl>
 
-namespace zolt::testing_support {
+namespace zolt::test {
 
 /// Takes the files that the program opens in the desktop, while it lives.
 class OpenedFiles : public QObject {
@@ -20,4 +20,4 @@ public slots:
     void open(const QUrl &url);
 };
 
-} // namespace zolt::testing_support
+} // namespace zolt::test

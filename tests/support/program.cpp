@@ -15,7 +15,7 @@
 #include <QTest>
 #include <QTimer>
 
-namespace zolt::testing_support {
+namespace zolt::test {
 
 namespace {
 
@@ -178,4 +178,4 @@ void call(QObject *window, const char *operation) {
     EXPECT_TRUE(QMetaObject::invokeMethod(window, operation, Qt::DirectConnection)) << operation;
 }
 
-} // namespace zolt::testing_support
+} // namespace zolt::test

@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace zolt::testing_support {
+namespace zolt::test {
 
 /// The program in this process, with a folder of its own; it ends without
 /// questions when the test does.
@@ -89,4 +89,4 @@ void deleteClosed();
 /// Calls a window's operation by its name, as a menu item does.
 void call(QObject *window, const char *operation);
 
-} // namespace zolt::testing_support
+} // namespace zolt::test
