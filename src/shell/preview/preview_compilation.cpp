@@ -38,8 +38,6 @@ void scrollToTop(RichTextBox &box) {
     const QTextDocument &document = *box.document();
     const QTextCursor selection = box.textCursor();
     const QTextBlock line = document.findBlock(selection.selectionStart());
-    // All lines are laid out first, since that sets the bar's range.
-    static_cast<void>(document.size());
     const double top = document.documentLayout()->blockBoundingRect(line).top() - document.documentMargin();
     QScrollBar &bar = *box.verticalScrollBar();
     bar.setMaximum(std::max(bar.maximum(), static_cast<int>(top)));

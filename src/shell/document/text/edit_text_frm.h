@@ -17,7 +17,7 @@ class EditTextFrm : public DocumentFrm {
 public:
     explicit EditTextFrm(QWidget *frame);
 
-    /// Whether a file's bytes can be this edition's document: any can.
+    /// What tells this edition from the other. Any bytes can be its document.
     static const Edition &edition();
 
     /// The panes by their own class.
