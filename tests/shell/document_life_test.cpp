@@ -59,6 +59,7 @@ EditionCase textualEdition() {
 class DocumentLife : public ProgramTest, public testing::WithParamInterface<EditionCase> {
 protected:
     DocumentLife() { begin(); }
+    ~DocumentLife() override { leave(); }
 
     void begin() {
         m_window = &startEdition(GetParam().number);
