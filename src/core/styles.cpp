@@ -8,15 +8,6 @@ namespace zolt {
 
 namespace {
 
-constexpr std::string_view kBeyondColumn16 = "This formatting can only be aplied as far as the 16\xBA"
-                                             "Character in each line.";
-constexpr std::string_view kBeyondColumn33 = "This formatting can only be aplied as far as the 33\xBA"
-                                             "Character in each line.";
-constexpr std::string_view kAlreadyFormatted = "The selection is already formatted.\r\n"
-                                               "Before using the desired style, \r\n"
-                                               "remove the one already applied.";
-constexpr std::string_view kSeveralLines = "Select one line at a time";
-
 /// The column that a selection of at least one byte ends at, all bytes of its line counted. The line end
 /// looked for is the last one that starts in front of the selection's first byte.
 /// With position s, counted from 1, that is byte s - 1: a selection that starts
@@ -33,7 +24,7 @@ std::string_view obstacle(std::string_view selection) {
     const std::size_t lineEnd = selection.find(kLineEnd);
     if (mark == lineEnd)
         return {};
-    return mark < lineEnd ? kAlreadyFormatted : kSeveralLines;
+    return mark < lineEnd ? kStyleMessages.alreadyFormatted : kStyleMessages.severalLines;
 }
 
 } // namespace
@@ -45,7 +36,9 @@ SelectionEdit applyStyle(std::string_view text, std::size_t selStart, std::size_
     const StyleCode *style = styleOfLetter(letter);
     const int limit = style ? style->columnLimit : kColumns;
     if (endColumn(text, selStart, selection.size()) > static_cast<std::size_t>(limit))
-        return {SelectionEdit::Refused, {}, limit == kDoubleColumns ? kBeyondColumn16 : kBeyondColumn33};
+        return {SelectionEdit::Refused,
+                {},
+                limit == kDoubleColumns ? kStyleMessages.beyondColumn16 : kStyleMessages.beyondColumn33};
     if (const std::string_view message = obstacle(selection); !message.empty())
         return {SelectionEdit::Refused, {}, message};
     const std::string code{kStyleMark, letter};

@@ -6,6 +6,25 @@
 
 namespace zolt {
 
+/// Why a selection can't get a style, in the words of a pane.
+struct StyleMessages {
+    std::string_view beyondColumn16;
+    std::string_view beyondColumn33;
+    std::string_view severalLines;
+    std::string_view alreadyFormatted;
+};
+/// Those of the textual edition, and of the graphical one's pane without wrap.
+inline constexpr StyleMessages kStyleMessages{
+    .beyondColumn16 = "This formatting can only be aplied as far as the 16\xBA"
+                      "Character in each line.",
+    .beyondColumn33 = "This formatting can only be aplied as far as the 33\xBA"
+                      "Character in each line.",
+    .severalLines = "Select one line at a time",
+    .alreadyFormatted = "The selection is already formatted.\r\n"
+                        "Before using the desired style, \r\n"
+                        "remove the one already applied.",
+};
+
 /// What a command does to a selection.
 struct SelectionEdit {
     enum Outcome { Unchanged, Replaced, Refused };

@@ -1,0 +1,32 @@
+#include "graphic/style_fonts.h"
+
+#include "core/codes.h"
+
+#include <algorithm>
+
+namespace zolt {
+
+bool isCalculatorFont(std::string_view font) {
+    return font == kPlainFont || std::any_of(kStyleCodes.begin(), kStyleCodes.end(),
+                                             [&](const StyleCode &style) { return style.font == font; });
+}
+
+std::string_view styleFontRefusal(std::string_view selection, std::size_t endColumn, bool isPlain,
+                                  std::string_view font, const StyleMessages &messages) {
+    if (selection.find(kLineEnd) != std::string_view::npos)
+        return messages.severalLines;
+    const bool isDouble = font == fontOfStyle(Style::Double);
+    if (endColumn > static_cast<std::size_t>(isDouble ? kDoubleColumns : kColumns))
+        return isDouble ? messages.beyondColumn16 : messages.beyondColumn33;
+    return isPlain ? std::string_view() : messages.alreadyFormatted;
+}
+
+RichText changeCase(RichText text, CaseCommand command) {
+    for (Paragraph &paragraph : text.paragraphs)
+        for (Run &run : paragraph.runs)
+            if (auto *characters = std::get_if<std::string>(&run.content))
+                *characters = changeCase(*characters, command);
+    return text;
+}
+
+} // namespace zolt
