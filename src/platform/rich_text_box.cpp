@@ -197,127 +197,6 @@ void RichTextBox::finishChange() {
     m_document->settleFirstLine();
 }
 
-QTextCharFormat RichTextBox::firstFormat() const {
-    const QTextCursor selection = textCursor();
-    if (!selection.hasSelection())
-        return currentCharFormat();
-    const int start = selection.selectionStart();
-    const QTextBlock block = m_document->findBlock(start);
-    if (start == block.position() + block.length() - 1)
-        return lineEndFormat(block);
-    QTextCursor cursor(m_document);
-    cursor.setPosition(start + 1);
-    return cursor.charFormat();
-}
-
-template <class Visitor> void RichTextBox::visitFormats(Visitor visit) const {
-    if (!visit(firstFormat()))
-        return;
-    const QTextCursor selection = textCursor();
-    const int from = selection.selectionStart();
-    const int to = selection.selectionEnd();
-    for (QTextBlock block = m_document->findBlock(from); block.isValid() && block.position() < to;
-         block = block.next()) {
-        for (auto it = block.begin(); !it.atEnd(); ++it) {
-            const QTextFragment fragment = it.fragment();
-            const bool selected = fragment.position() < to && fragment.position() + fragment.length() > from;
-            if (selected && !visit(fragment.charFormat()))
-                return;
-        }
-    }
-}
-
-template <class Value, class Getter> Value RichTextBox::common(Getter get, Value mixed) const {
-    const Value first = get(firstFormat());
-    Value result = first;
-    visitFormats([&](const QTextCharFormat &format) {
-        if (get(format) != first)
-            result = mixed;
-        return result == first;
-    });
-    return result;
-}
-
-std::string RichTextBox::SelFontName() const {
-    return common<std::string>(fontNameOf, {});
-}
-
-double RichTextBox::SelFontSize() const {
-    return common<double>(fontSizeOf, 0);
-}
-
-Colour RichTextBox::SelColor() const {
-    return textColourOf(firstFormat());
-}
-
-bool RichTextBox::SelBold() const {
-    return common<bool>([](const QTextCharFormat &format) { return charFormatOf(format).bold; }, false);
-}
-
-bool RichTextBox::SelItalic() const {
-    return common<bool>([](const QTextCharFormat &format) { return format.fontItalic(); }, false);
-}
-
-bool RichTextBox::SelUnderline() const {
-    return common<bool>([](const QTextCharFormat &format) { return format.fontUnderline(); }, false);
-}
-
-bool RichTextBox::SelStrikeThru() const {
-    return common<bool>([](const QTextCharFormat &format) { return format.fontStrikeOut(); }, false);
-}
-
-void RichTextBox::mergeFormat(const QTextCharFormat &format) {
-    const HeldChange hold(*this);
-    mergeCurrentCharFormat(format);
-    endStep();
-}
-
-void RichTextBox::setSelFontName(const std::string &name) {
-    const HeldChange hold(*this);
-    const PaneSelection selected = selection();
-    QTextCursor cursor = textCursor();
-    cursor.beginEditBlock();
-    mergeCurrentCharFormat(qtFontName(name));
-    m_document->reformTabs(cursor.selectionStart(), cursor.selectionEnd());
-    cursor.endEditBlock();
-    endStep();
-    if (selected.anchor != selected.caret)
-        select(selected);
-}
-
-void RichTextBox::setSelFontSize(double points) {
-    if (points > 0)
-        mergeFormat(qtFontSize(points));
-}
-
-void RichTextBox::setSelColor(Colour colour) {
-    mergeFormat(qtTextColour(colour));
-}
-
-void RichTextBox::setSelBold(bool on) {
-    QTextCharFormat format;
-    format.setFontWeight(on ? QFont::Bold : QFont::Normal);
-    mergeFormat(format);
-}
-
-void RichTextBox::setSelItalic(bool on) {
-    QTextCharFormat format;
-    format.setFontItalic(on);
-    mergeFormat(format);
-}
-
-void RichTextBox::setSelUnderline(bool on) {
-    QTextCharFormat format;
-    format.setFontUnderline(on);
-    mergeFormat(format);
-}
-
-void RichTextBox::setSelStrikeThru(bool on) {
-    QTextCharFormat format;
-    format.setFontStrikeOut(on);
-    mergeFormat(format);
-}
-
 std::string RichTextBox::LoadFile(const std::string &path) {
     const FileContents contents = readFile(path);
     if (!contents.ok())
@@ -342,6 +221,10 @@ void RichTextBox::pastePicture(const QImage &image) {
                               image.height() * kTwipsAPixel};
     const QTextCharFormat format = textFormat(firstFormat());
     replaceSelection([&](QTextCursor &cursor) { m_document->insert(cursor, picture, format); });
+}
+
+qsizetype RichTextBox::paragraphStart(qsizetype offset) const {
+    return offsetOfPosition(m_document->findBlock(positionOfOffset(offset)).position());
 }
 
 int RichTextBox::lineOfOffset(qsizetype offset) const {

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class QImage;
@@ -72,6 +73,15 @@ public:
     void setSelItalic(bool on);
     void setSelUnderline(bool on);
     void setSelStrikeThru(bool on);
+    /// Whether all characters of a stretch are in this font; line ends count as in any.
+    bool hasFont(std::string_view name, qsizetype offset, qsizetype length) const;
+
+    /// The whole text's and that of what is typed next; the selection stays. One undo step.
+    void setFontSize(double points);
+    void setTextColour(Colour colour);
+    /// The same, and neither bold nor italic, underlined nor struck through; text in a font
+    /// that `keepsFont` doesn't name gets the plain font.
+    void setPlainLook(double points, Colour colour, bool (*keepsFont)(std::string_view name));
 
     /// Both take a path as file system bytes and give the reason of a failure, else
     /// an empty text. A file that can't be read, or is neither RTF nor plain text,
@@ -82,6 +92,8 @@ public:
     /// Replaces the selection by a picture, 15 twips a pixel.
     void pastePicture(const QImage &image);
 
+    /// Offset of the start of the paragraph that holds an offset.
+    qsizetype paragraphStart(qsizetype offset) const;
     int lineOfOffset(qsizetype offset) const override;
     int lineCount() const;
     qsizetype lineStartOfCaret() const override;
@@ -118,10 +130,13 @@ private:
     /// Replaces the selection in one undo step; the caret stands behind what is inserted.
     template <class Insertion> void replaceSelection(Insertion insert);
     void mergeFormat(const QTextCharFormat &format);
+    void mergeIntoAll(const QTextCharFormat &format);
+    std::vector<std::pair<int, int>> stretchesInOtherFonts(bool (*keepsFont)(std::string_view name)) const;
     /// The format of the first selected character, else of what is typed next.
     QTextCharFormat firstFormat() const;
-    /// Calls `visit` with each format of the selection until it answers false.
-    template <class Visitor> void visitFormats(Visitor visit) const;
+    /// Calls `visit` with each format between two positions until it answers false, and
+    /// gives its last answer. Line ends are left out.
+    template <class Visitor> bool eachFormat(int from, int to, Visitor visit) const;
     /// The value that all of the selection has, else `mixed`.
     template <class Value, class Getter> Value common(Getter get, Value mixed) const;
 
