@@ -213,25 +213,32 @@ void DocumentFrm::EscolherCorForeground() {
         applyTextColour();
 }
 
+QColor DocumentFrm::shownTextColour() const {
+    return textColourOn(colourFromSetting(shared::settings.TFntColr),
+                        colourFromSetting(shared::settings.TFntBckC));
+}
+
 void DocumentFrm::chooseColours(Colour text, Colour background) {
     shared::settings.TFntColr = settingFromColour(text);
     shared::settings.TFntBckC = settingFromColour(background);
-    applyPaneColours();
 }
 
 void DocumentFrm::MnuFormatarPadrão() {
-    applyDefaultFont();
     chooseColours(kSystemWindowText, 0xFFFFFF);
-    afterDefaultScheme();
+    applyDefaultScheme();
 }
 
 /// Light green on black.
 void DocumentFrm::MnuFormatarAltocontraste() {
     chooseColours(0x80FF80, 0);
+    applyPaneColours();
+    applyTextColour();
 }
 /// Black on the calculator's grey-green.
 void DocumentFrm::MnuFormatarHp48() {
     chooseColours(0, 0x3C603D);
+    applyPaneColours();
+    applyTextColour();
 }
 
 } // namespace zolt

@@ -124,25 +124,20 @@ protected:
     virtual void takeFileBytes(Pane &pane, std::string_view bytes) = 0;
     /// What TextoGuardado holds of a document: its text, or its rich text.
     virtual std::string stored() const = 0;
-    /// A first look at whether the document differs from TextoGuardado, cheap at every
-    /// key.
-    enum Difference { Same, Differs, Unknown };
-    virtual Difference difference() const = 0;
-    /// Empties a pane, with its history.
-    virtual void clear(Pane &pane) = 0;
+    /// Begins an empty document, without a history.
+    virtual void clear() = 0;
     /// Makes a pane's document that of another one.
     virtual void copyDocument(const Pane &from, Pane &to) = 0;
     /// Gives both panes the font and the colours of the settings.
     virtual void applySettings() = 0;
+    /// Gives both panes the background of the settings, and in the textual edition the
+    /// text colour that goes with it.
     virtual void applyPaneColours() = 0;
-    /// The colour that the text of the settings shows in.
-    virtual QColor shownTextColour() const = 0;
     /// A text colour was chosen, and stands in the settings.
     virtual void applyTextColour() = 0;
     virtual void changeCase(CaseCommand command) = 0;
-    /// More than text and background that the scheme Default sets.
-    virtual void applyDefaultFont() = 0;
-    virtual void afterDefaultScheme() = 0;
+    /// The scheme Default, whose colours stand in the settings: they and the plain font.
+    virtual void applyDefaultScheme() = 0;
 
     MDIFrm &frame() const { return *m_frame; }
     /// A document that has just come from a file or begun, with the caret at its start.
@@ -150,7 +145,8 @@ protected:
     void updateStatus();
     /// Shows the step that the reading of a file has reached.
     Progress openingProgress();
-    void chooseColours(Colour text, Colour background);
+    /// The colour that the text of the settings shows in.
+    QColor shownTextColour() const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -179,6 +175,7 @@ private:
     void toggleToolbars();
     /// Asks for a colour that a setting holds, beginning with the one shown; false on Cancel.
     bool chooseColour(std::string Settings::*setting, const QColor &shown);
+    void chooseColours(Colour text, Colour background);
     /// Notes in the settings which windows stand beside the document.
     void recordCompanions();
     void closeCompanions();
@@ -199,10 +196,12 @@ private:
     QMenu *MnuPopUp;
 
     QString m_caption;
+    /// Of TextoGuardado's text, in bytes.
+    qsizetype m_savedLength = 0;
     /// True since the document was changed after it was opened, begun or saved.
     bool m_touched = false;
     bool m_wouldAsk = false;
-    /// Compares document and saved text once the keys rest, where a first look doesn't tell.
+    /// Compares document and saved text once the keys rest, where their lengths don't tell.
     QTimer *m_comparison;
     /// The active pane's selection before the key under way: start and end.
     std::pair<qsizetype, qsizetype> m_selectionBeforeKey;

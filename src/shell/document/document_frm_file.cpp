@@ -49,7 +49,7 @@ Progress DocumentFrm::openingProgress() {
 }
 
 void DocumentFrm::discardDocument() {
-    clear(activePane());
+    clear();
     setCaption(QStringLiteral("Document1"));
     commonDialog(DialogFrm::Document).FileName.clear();
     documentBegins();
@@ -103,6 +103,7 @@ bool DocumentFrm::writeDocument() {
         return false;
     say({});
     shared::TextoGuardado = stored();
+    m_savedLength = activePane().length();
     m_touched = false;
     m_comparison->stop();
     showWouldAsk(false);
@@ -135,8 +136,7 @@ void DocumentFrm::FicheiroGuardarComo() {
 bool DocumentFrm::documentChanged() const {
     if (activePane().length() == 0)
         return false;
-    const Difference seen = difference();
-    return seen == Unknown ? stored() != shared::TextoGuardado : seen == Differs;
+    return activePane().length() != m_savedLength || stored() != shared::TextoGuardado;
 }
 
 bool DocumentFrm::mayLeaveDocument() {

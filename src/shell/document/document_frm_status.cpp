@@ -113,11 +113,11 @@ void DocumentFrm::followChange() {
     m_touched = true;
     // Reading and comparing a long document at every key would be felt.
     m_comparison->stop();
-    const Difference seen = activePane().length() == 0 ? Same : difference();
-    if (seen == Unknown)
+    const qsizetype length = activePane().length();
+    if (length > 0 && length == m_savedLength)
         m_comparison->start();
     else
-        showWouldAsk(seen == Differs);
+        showWouldAsk(length > 0);
 }
 
 void DocumentFrm::showWouldAsk(bool wouldAsk) {

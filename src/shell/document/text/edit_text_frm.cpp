@@ -59,13 +59,8 @@ std::string EditTextFrm::stored() const {
     return activePane().Text();
 }
 
-DocumentFrm::Difference EditTextFrm::difference() const {
-    const auto length = static_cast<std::size_t>(activePane().length());
-    return length != shared::TextoGuardado.size() ? Differs : Unknown;
-}
-
-void EditTextFrm::clear(Pane &pane) {
-    static_cast<TextPane &>(pane).setText({});
+void EditTextFrm::clear() {
+    activeTextPane().setText({});
 }
 
 void EditTextFrm::copyDocument(const Pane &from, Pane &to) {

@@ -52,16 +52,13 @@ protected:
     std::string fileBytes() const override;
     void takeFileBytes(Pane &pane, std::string_view bytes) override;
     std::string stored() const override;
-    Difference difference() const override;
-    void clear(Pane &pane) override;
+    void clear() override;
     void copyDocument(const Pane &from, Pane &to) override;
     void applySettings() override;
     void applyPaneColours() override;
-    QColor shownTextColour() const override;
     void applyTextColour() override;
     void changeCase(CaseCommand command) override;
-    void applyDefaultFont() override;
-    void afterDefaultScheme() override;
+    void applyDefaultScheme() override;
 
 private:
     /// The panes' font as the settings have it.

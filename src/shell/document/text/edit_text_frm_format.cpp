@@ -88,11 +88,6 @@ void EditTextFrm::applySettings() {
     applyPaneColours();
 }
 
-QColor EditTextFrm::shownTextColour() const {
-    return textColourOn(colourFromSetting(shared::settings.TFntColr),
-                        colourFromSetting(shared::settings.TFntBckC));
-}
-
 void EditTextFrm::applyTextColour() {
     // The pane without wrap may have the desktop's background.
     const QColor chosen = qtColour(colourFromSetting(shared::settings.TFntColr), QPalette::Text);
@@ -100,11 +95,9 @@ void EditTextFrm::applyTextColour() {
         textPane(number).setColours(chosen, textPane(number).palette().color(QPalette::Base));
 }
 
-void EditTextFrm::applyDefaultFont() {
+void EditTextFrm::applyDefaultScheme() {
     chooseFont(QFont(QStringLiteral("ZOLT"), 10));
-}
-
-void EditTextFrm::afterDefaultScheme() {
+    applyPaneColours();
     // The pane without wrap follows the desktop until the next start.
     textPane(2).setColours(textColourOn(kSystemWindowText, kSystemWindow),
                            qtColour(kSystemWindow, QPalette::Base));
