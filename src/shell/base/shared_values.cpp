@@ -14,6 +14,8 @@ std::string lastSearch;
 std::int16_t lastSearchMatchesCase = 0;
 std::string TextoDeArranque;
 std::string EstiloDeLetra;
+std::string FonteDeEstilo;
+std::int16_t TamanhoDaLetra = 0;
 std::int16_t TipoDeOptimização = 0;
 std::string TextoPrevisualizar;
 std::int16_t PrevisualizarComQuebras = 0;
@@ -36,14 +38,15 @@ std::string CaminhoPrograma;
 
 void reset() {
     settings = {};
-    for (std::string *text : {&programFolder, &commandLine, &TextoGuardado, &lastSearch, &TextoDeArranque,
-                              &EstiloDeLetra, &TextoPrevisualizar, &ExtensãoTexto, &ExtensãoGráfico,
-                              &IconeTexto, &IconeGráfico, &FormatoTexto, &FormatoGráfico, &CaminhoPrograma})
+    for (std::string *text :
+         {&programFolder, &commandLine, &TextoGuardado, &lastSearch, &TextoDeArranque, &EstiloDeLetra,
+          &FonteDeEstilo, &TextoPrevisualizar, &ExtensãoTexto, &ExtensãoGráfico, &IconeTexto, &IconeGráfico,
+          &FormatoTexto, &FormatoGráfico, &CaminhoPrograma})
         text->clear();
     for (std::int16_t *number :
-         {&EdiçãoActiva, &GuardarCancelado, &SemPerguntaDeSaída, &lastSearchMatchesCase, &TipoDeOptimização,
-          &PrevisualizarComQuebras, &CancelarOperação, &LarguraFigura, &AlturaFigura, &TipoDeConversão,
-          &TipoAnterior, &PararLeitura})
+         {&EdiçãoActiva, &GuardarCancelado, &SemPerguntaDeSaída, &lastSearchMatchesCase, &TamanhoDaLetra,
+          &TipoDeOptimização, &PrevisualizarComQuebras, &CancelarOperação, &LarguraFigura, &AlturaFigura,
+          &TipoDeConversão, &TipoAnterior, &PararLeitura})
         *number = 0;
     PosiçãoCursor = 0;
     NúmeroDeEntradas = 0;

@@ -39,6 +39,10 @@ extern std::string TextoDeArranque;
 
 /// The letter of the style command under way.
 extern std::string EstiloDeLetra;
+/// The same in the graphical edition: the name of the style's font.
+extern std::string FonteDeEstilo;
+/// The text size that a command gives the graphical document, in points.
+extern std::int16_t TamanhoDaLetra;
 /// 1 partial, 2 total.
 extern std::int16_t TipoDeOptimização;
 
