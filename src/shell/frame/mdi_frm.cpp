@@ -96,7 +96,7 @@ MDIFrm::~MDIFrm() {
 }
 
 void MDIFrm::buildToolbars() {
-    for (int number = 1; number <= 3; ++number) {
+    for (int number = 1; number <= 5; ++number) {
         auto *bar = addToolBar(QString());
         bar->setObjectName(QStringLiteral("Toolbar%1").arg(number));
         bar->setIconSize(QSize(20, 20));
@@ -104,10 +104,12 @@ void MDIFrm::buildToolbars() {
         bar->setContextMenuPolicy(Qt::PreventContextMenu);
         m_toolbars << bar;
     }
-    insertToolBarBreak(toolbar(3));
+    for (const int format : {3, 5})
+        insertToolBarBreak(toolbar(format));
     buildToolBar(toolbar(1), frameToolbarTable(), [this] { return QList<QObject *>{this}; });
     buildCombos();
-    showDocumentToolbars(2, false, false);
+    for (const int standard : {2, 4})
+        showDocumentToolbars(standard, false, false);
 }
 
 void MDIFrm::fillToolbar(int number, const QList<ToolRow> &rows) {
@@ -118,32 +120,38 @@ void MDIFrm::fillToolbar(int number, const QList<ToolRow> &rows) {
 }
 
 void MDIFrm::buildCombos() {
-    Combo1 = new ToolbarList(this);
-    Combo1->setObjectName(QStringLiteral("Combo1"));
-    Combo1->setToolTip(QStringLiteral("Font name"));
+    Combo1 = addCombo(3, "Combo1", "Font name");
     Combo1->addItems(QFontDatabase::families());
     Combo1->setMaximumWidth(200);
-    Combo2 = new ToolbarList(this);
-    Combo2->setObjectName(QStringLiteral("Combo2"));
-    Combo2->setToolTip(QStringLiteral("Font size"));
-    for (const int size : kFontSizes)
-        Combo2->addItem(QString::number(size));
-    for (QComboBox *combo : {Combo1, Combo2}) {
-        combo->setEditable(false);
-        combo->setFocusPolicy(Qt::ClickFocus);
-        toolbar(3)->addWidget(combo);
-    }
-    toolbar(3)->addSeparator();
-    connect(Combo1, &QComboBox::textActivated, this, [](const QString &name) {
+    Combo2 = addCombo(3, "Combo2", "Font size");
+    Combo3 = addCombo(5, "Combo3", "Font size");
+    for (const int number : {3, 5})
+        toolbar(number)->addSeparator();
+    const auto tellDocument = [] {
+        if (DocumentInUse *document = documentInUse())
+            document->fontChosen();
+    };
+    connect(Combo1, &QComboBox::textActivated, this, [tellDocument](const QString &name) {
         shared::settings.TFntName = name.toStdString();
-        if (DocumentInUse *document = documentInUse())
-            document->fontChosen();
+        tellDocument();
     });
-    connect(Combo2, &QComboBox::textActivated, this, [](const QString &size) {
-        shared::settings.TFntSize = static_cast<std::int16_t>(size.toInt());
-        if (DocumentInUse *document = documentInUse())
-            document->fontChosen();
-    });
+    for (QComboBox *sizes : {Combo2, Combo3}) {
+        for (const int size : kFontSizes)
+            sizes->addItem(QString::number(size));
+        connect(sizes, &QComboBox::textActivated, this, [tellDocument](const QString &size) {
+            shared::settings.TFntSize = static_cast<std::int16_t>(size.toInt());
+            tellDocument();
+        });
+    }
+}
+
+QComboBox *MDIFrm::addCombo(int toolbarNumber, const char *name, const char *toolTip) {
+    auto *combo = new ToolbarList(this);
+    combo->setObjectName(QString::fromUtf8(name));
+    combo->setToolTip(QString::fromUtf8(toolTip));
+    combo->setFocusPolicy(Qt::ClickFocus);
+    toolbar(toolbarNumber)->addWidget(combo);
+    return combo;
 }
 
 void MDIFrm::takeFocusBack() {
@@ -175,7 +183,8 @@ void MDIFrm::showDocumentToolbars(int standardNumber, bool standard, bool format
 
 void MDIFrm::showFont(const QString &name, int points) {
     Combo1->setCurrentIndex(Combo1->findText(name));
-    Combo2->setCurrentIndex(Combo2->findText(QString::number(points)));
+    for (QComboBox *sizes : {Combo2, Combo3})
+        sizes->setCurrentIndex(sizes->findText(QString::number(points)));
 }
 
 void MDIFrm::MostrarQuestionFrm() {

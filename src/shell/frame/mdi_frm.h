@@ -37,7 +37,7 @@ public:
     /// Shows a document window's menus in the place of the frame's own, or the
     /// frame's own again for an empty list.
     void showMenus(const QList<QMenu *> &menus);
-    /// Toolbar `number`, from 1 to 3.
+    /// Toolbar `number`, from 1 to 5.
     QToolBar *toolbar(int number) const;
     /// Gives a toolbar of an edition its buttons, behind the lists that it may hold.
     void fillToolbar(int number, const QList<ToolRow> &rows);
@@ -46,7 +46,7 @@ public:
     void showDocumentToolbars(int standardNumber, bool standard, bool format);
     /// Checks the frame's own toolbar item, as at the start.
     void checkOwnToolbar();
-    /// Shows a font's name and size in Combo1 and Combo2, without acting on it.
+    /// Shows a font's name and size in the toolbars' lists, without acting on it.
     void showFont(const QString &name, int points);
 
     void applyCharTool() override;
@@ -114,6 +114,7 @@ private:
     void placeAtStart();
     void buildToolbars();
     void buildCombos();
+    QComboBox *addCombo(int toolbarNumber, const char *name, const char *toolTip);
     void buildQuickBar();
     void tile(Qt::Orientation orientation);
 
@@ -152,6 +153,7 @@ private:
     QList<QMenu *> m_ownMenus;
     QComboBox *Combo1;
     QComboBox *Combo2;
+    QComboBox *Combo3;
     QWidget *Picture3;
     QWidget *Picture4;
 };

@@ -10,6 +10,8 @@
 #include "shell/base/dialog_frm.h"
 #include "shell/base/document_in_use.h"
 #include "shell/base/shared_values.h"
+#include "shell/document/graphic/edit_graph_frm.h"
+#include "shell/document/graphic/edit_graph_frm_tables.h"
 #include "shell/document/text/edit_text_frm.h"
 #include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/frame/mdi_frm.h"
@@ -89,32 +91,23 @@ void refuseFile(const std::string &name, const std::string &reason) {
     frame.MostrarQuestionFrm();
 }
 
+constexpr int kTextual = 1;
 constexpr int kGraphical = 2;
 
-/// The graphical edition isn't part of this version; says so.
-void sayGraphicalEditionIsMissing(QWidget *owner) {
-    showMessage(owner, QStringLiteral("The graphical edition isn't part of this version of the program."),
-                QMessageBox::Information);
-}
-
-/// Shows the window of an edition with an empty document, and the frame.
-void openEdition(int edition) {
-    if (edition == kGraphical)
-        sayGraphicalEditionIsMissing(QApplication::activeWindow());
-    else
-        showDocumentWindow<EditTextFrm>();
+/// Shows the window of an edition, with an empty document if it is new, and the frame.
+DocumentFrm &openEdition(int edition) {
+    return edition == kGraphical ? showDocumentWindow<EditGraphFrm>() : showDocumentWindow<EditTextFrm>();
 }
 
 /// Opens the command line's file, which has been read, in an edition.
 void openFile(const std::string &name, const FileContents &file, int edition) {
     if (!file.ok())
         return refuseFile(name, file.reason);
-    if (edition == kGraphical) {
-        sayGraphicalEditionIsMissing(frameWindow());
-        return loaded<MDIFrm>()->MostrarQuestionFrm();
-    }
+    if (edition == kGraphical)
+        if (const std::string reason = EditGraphFrm::edition().refusal(file.bytes); !reason.empty())
+            return refuseFile(name, reason);
     shared::TextoDeArranque = file.bytes;
-    showDocumentWindow<EditTextFrm>().showFile(name, shared::TextoDeArranque, DocumentFrm::BothPanes);
+    openEdition(edition).showFile(name, shared::TextoDeArranque, DocumentFrm::BothPanes);
     shared::TextoDeArranque.clear();
 }
 
@@ -129,7 +122,7 @@ void openCommandLine() {
         return refuseFile(name, file.reason);
     shared::settings.DefltDir = folderOf(name);
     for (const auto &[extension, edition] :
-         {std::pair{&shared::ExtensãoTexto, 1}, std::pair{&shared::ExtensãoGráfico, kGraphical}})
+         {std::pair{&shared::ExtensãoTexto, kTextual}, std::pair{&shared::ExtensãoGráfico, kGraphical}})
         if (endsInExtension(name, *extension))
             return openFile(name, file, edition);
     frame.MostrarMensagemFrm();
@@ -163,7 +156,9 @@ MDIFrm &startProgram(const std::string &commandLine) {
     MDIFrm &frame = load<MDIFrm>();
     frame.fillToolbar(2, textStandardToolbarTable());
     frame.fillToolbar(3, textFormatToolbarTable());
-    QObject::connect(&frame, &MDIFrm::editionChosen, &frame, openEdition);
+    frame.fillToolbar(4, graphStandardToolbarTable());
+    frame.fillToolbar(5, graphFormatToolbarTable());
+    QObject::connect(&frame, &MDIFrm::editionChosen, &frame, [](int edition) { openEdition(edition); });
     QObject::connect(&frame, &MDIFrm::editionOfFileChosen, &frame, [](int edition) {
         // The file may have gone while the question stood.
         const std::string name = namedFile();

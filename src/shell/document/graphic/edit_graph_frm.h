@@ -1,0 +1,56 @@
+#pragma once
+
+#include "shell/document/document_frm.h"
+
+namespace zolt {
+
+class RichTextBox;
+
+/// The document window of the graphical edition: the document is a rich text that looks
+/// as the calculator will show it. Styles are fonts, pictures are pictures. What else a
+/// text looks like (size, colour) is an ornament of the screen.
+class EditGraphFrm : public DocumentFrm {
+    Q_OBJECT
+
+public:
+    explicit EditGraphFrm(QWidget *frame);
+
+    /// What tells this edition from the other. Its documents are RTF; a plain text is
+    /// taken as one in the plain font.
+    static const Edition &edition();
+
+    /// The panes by their own class.
+    RichTextBox &richPane(int number) const;
+    RichTextBox &activeRichPane() const;
+
+    void insertText(std::string_view bytes) override;
+    void fontChosen() override;
+
+public slots:
+    /// Gives the selection the font FonteDeEstilo, or says why it can't have it. With no
+    /// selection it's the font of what is typed next.
+    void AplicarEstilosDeLetra();
+    /// Gives the whole document the size TamanhoDaLetra.
+    void EscolherTamanhoDaLetra();
+
+protected:
+    std::string fileBytes() const override;
+    void takeFileBytes(Pane &pane, std::string_view bytes) override;
+    std::string stored() const override;
+    void clear() override;
+    void copyDocument(const Pane &from, Pane &to) override;
+    void applySettings() override;
+    void applyPaneColours() override;
+    void applyTextColour() override;
+    void changeCase(CaseCommand command) override;
+    void applyDefaultScheme() override;
+
+private:
+    /// Fills a pane with plain text in the look of the settings, for good.
+    void fill(RichTextBox &pane, std::string_view plain);
+    /// Why the selection can't get a style's font; empty if it can.
+    std::string_view refusal(const std::string &font) const;
+    void showStyleAtCaret();
+};
+
+} // namespace zolt
