@@ -1,13 +1,11 @@
 // What the commands of a window with the rich text control cost: a document of 1 MB in
 // two fonts with 500 pictures, shown in a window. A key is counted until it is painted.
 
-#include "graphic/rich_text_builder.h"
 #include "platform/rich_text_box.h"
+#include "rich_document.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QElapsedTimer>
-#include <QImage>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
@@ -17,35 +15,6 @@
 using namespace zolt;
 
 namespace {
-
-constexpr int kParagraphs = 37'000;
-constexpr int kPictures = 500;
-
-RichPicture picture() {
-    QImage image(264, 60, QImage::Format_Mono);
-    image.fill(0);
-    QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return {RichPicture::Kind::Png, png.toStdString(), 264 * 15, 60 * 15};
-}
-
-RichText document() {
-    RichTextBuilder builder;
-    const CharFormat plain;
-    const CharFormat bold{.font = builder.text().fontIndex("ZOLTBold")};
-    const RichPicture drawn = picture();
-    for (int i = 0; i < kParagraphs; ++i) {
-        if (i > 0)
-            builder.endParagraph();
-        builder.append("A line of text, ", plain);
-        builder.append("a bold word", i % 4 == 0 ? bold : plain);
-        if (i % (kParagraphs / kPictures) == 0)
-            builder.append(drawn, plain);
-    }
-    return std::move(builder.text());
-}
 
 double milliseconds(const std::function<void()> &work) {
     QElapsedTimer clock;
@@ -81,7 +50,7 @@ void keys(RichTextBox &box, const char *where, qsizetype offset) {
 
 void measure(bool wraps) {
     std::printf("control that %s\n", wraps ? "wraps" : "doesn't wrap");
-    const RichText text = document();
+    const RichText text = richDocument();
     RichTextBox box(wraps);
     box.resize(900, 600);
     box.show();

@@ -1,9 +1,14 @@
-// What a user waits for: a long document opened in the window, and its preview.
+// What a user waits for: a long document opened in the window of each edition, the
+// preview of one and the commands of the other.
 // Run it with QT_QPA_PLATFORM=offscreen.
 
 #include "core/file.h"
+#include "graphic/rtf_writer.h"
+#include "platform/rich_text_box.h"
+#include "rich_document.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/windows.h"
+#include "shell/document/graphic/edit_graph_frm.h"
 #include "shell/document/text/edit_text_frm.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/preview/edit_text_preview_frm.h"
@@ -12,9 +17,12 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QTest>
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -37,6 +45,65 @@ void report(const std::string &what, const std::function<void()> &work) {
     std::printf("%-44s %7lld ms\n", what.c_str(), static_cast<long long>(clock.elapsed()));
 }
 
+void end() {
+    shared::SemPerguntaDeSaída = 1;
+    loaded<MDIFrm>()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void measureTextEdition(const std::string &file, std::size_t megabytes) {
+    const std::string size = std::to_string(megabytes) + " MB";
+    writeFile(file, documentOf(megabytes * 1000000));
+    report("start with a document of " + size, [&] { startProgram(file); });
+    report("its preview on the calculator's display",
+           [] { loaded<EditTextFrm>()->MnuVerPrévisualizartudoEstiloHP48(); });
+    loaded<EditTextPreviewFrm>()->close();
+    end();
+}
+
+/// A key until it is painted, of 40 the median and the worst.
+void reportKeys(RichTextBox &pane, const char *where, qsizetype offset) {
+    pane.setSelStart(offset);
+    QCoreApplication::processEvents();
+    std::vector<double> times;
+    for (int i = 0; i < 40; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        QTest::keyClick(&pane, Qt::Key_A);
+        QCoreApplication::processEvents();
+        times.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+    }
+    std::sort(times.begin(), times.end());
+    std::printf("a key %-38s %7.1f ms, %.1f at worst\n", where, times[times.size() / 2], times.back());
+}
+
+void measureGraphicalEdition(const std::string &file, int pictures) {
+    writeFile(file, rtfFromRichText(richDocument(pictures)));
+    report("start with 1 MB and " + std::to_string(pictures) + " pictures", [&] { startProgram(file); });
+    EditGraphFrm &window = *loaded<EditGraphFrm>();
+    RichTextBox &pane = window.activeRichPane();
+    reportKeys(pane, "at its start", 0);
+    reportKeys(pane, "in its middle", pane.length() / 2);
+    reportKeys(pane, "at its end", pane.length());
+    report("text size", [&] {
+        shared::TamanhoDaLetra = 12;
+        window.EscolherTamanhoDaLetra();
+    });
+    report("scheme HP48", [&] { window.MnuFormatarHp48(); });
+    report("scheme Default", [&] { window.MnuFormatarPadrão(); });
+    report("undo", [&] { window.EditarAnularintrodução(); });
+    window.EditarSeleccionarTudo();
+    if (pictures == 0)
+        report("capitals in all of it", [&] { window.MnuFormatarMaiusculasminusculasMai(); });
+    window.EditarSeleccionarTudo();
+    shared::FonteDeEstilo = "ZOLT";
+    report("style Normal in all of it", [&] { window.AplicarEstilosDeLetra(); });
+    report("save", [&] { window.FicheiroGuardar(); });
+    report("word wrap off", [&] { window.EditarTranslinearpalavras(); });
+    report("word wrap on", [&] { window.EditarTranslinearpalavras(); });
+    end();
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -44,17 +111,9 @@ int main(int argc, char **argv) {
     qputenv("ZOLT_HOME", home.path().toLocal8Bit());
     prepareApplication();
     const QApplication application(argc, argv);
-    for (const std::size_t megabytes : {1, 10}) {
-        const std::string size = std::to_string(megabytes) + " MB";
-        const std::string file = home.path().toStdString() + "/long.zlt";
-        writeFile(file, documentOf(megabytes * 1000000));
-        report("start with a document of " + size, [&] { startProgram(file); });
-        report("its preview on the calculator's display",
-               [] { loaded<EditTextFrm>()->MnuVerPrévisualizartudoEstiloHP48(); });
-        loaded<EditTextPreviewFrm>()->close();
-        shared::SemPerguntaDeSaída = 1;
-        loaded<MDIFrm>()->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    for (const std::size_t megabytes : {1, 10})
+        measureTextEdition(home.path().toStdString() + "/long.zlt", megabytes);
+    for (const int pictures : {500, 0})
+        measureGraphicalEdition(home.path().toStdString() + "/long.zlg", pictures);
     return 0;
 }
