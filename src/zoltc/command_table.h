@@ -6,6 +6,7 @@ namespace zolt::cli {
 
 // One row for each command, each made in the file of the command's name.
 Command checkCommand();
+Command compileCommand();
 Command countCommand();
 Command hpCommand();
 Command htmlCommand();

@@ -20,6 +20,26 @@ TEST_F(ExportCommands, SymbolsListsAndJoins) {
     EXPECT_FALSE(exists("new.zls"));
 }
 
+TEST_F(ExportCommands, CompileMakesTheCalculatorsStringOfAGraphicalDocument) {
+    put("a.zlg", R"({\rtf1{\fonttbl{\f0 ZOLT;}{\f1 ZOLTBold;}}\f0 a {\f1 "b"}\par c})");
+    EXPECT_EQ(zoltc({"compile", "@a.zlg", "@any name.x"}), Done);
+    EXPECT_EQ(m_output + m_errors, "");
+    EXPECT_EQ(get("any name.x"), "\"a \x0B"
+                                 "B'b'\x0B"
+                                 "B\r\nc\"\r\n");
+    put("plain.txt", "\x9E"
+                     "000000x\x9E"
+                     "000000\r\n");
+    EXPECT_EQ(zoltc({"compile", "@plain.txt", "-", "--partial"}), Done);
+    EXPECT_EQ(m_output, "\"\x9E"
+                        "000000x\"\r\n");
+    EXPECT_EQ(zoltc({"compile", "@plain.txt", "-", "--total"}), Done);
+    EXPECT_EQ(m_output, "\" x\"\r\n");
+    EXPECT_EQ(zoltc({"compile", "@plain.txt", "-", "--total", "--partial"}), Unusable);
+    EXPECT_EQ(zoltc({"compile", "@none.zlg", "@none"}), Unusable);
+    EXPECT_FALSE(exists("none"));
+}
+
 TEST_F(ExportCommands, HtmlTakesTheLookFromItsOptions) {
     put("a.zlt", "a\rb\r\n");
     EXPECT_EQ(zoltc({"html", "@a.zlt", "@a.html", "--font", "S\u00E3o \u03B1", "--size", "14.25", "--color",

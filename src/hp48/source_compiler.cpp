@@ -1,0 +1,183 @@
+#include "hp48/source_compiler.h"
+
+#include "core/codes.h"
+#include "core/optimise.h"
+#include "core/reporter.h"
+#include "hp48/quotes.h"
+#include "images/image_text.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace zolt {
+
+namespace {
+
+constexpr char kNoStyle = '\0';
+constexpr char kQuote = '"';
+
+/// The letter of the style that a font shows.
+char letterOfFont(std::string_view font) {
+    for (const StyleCode &style : kStyleCodes)
+        if (style.font == font)
+            return style.letter;
+    return kNoStyle;
+}
+
+/// Characters of the text, a picture being one.
+std::size_t lengthOf(const RichText &text) {
+    std::size_t length = (text.paragraphs.size() - 1) * kLineEnd.size();
+    for (const Paragraph &paragraph : text.paragraphs)
+        for (const Run &run : paragraph.runs) {
+            const auto *characters = std::get_if<std::string>(&run.content);
+            length += characters ? characters->size() : 1;
+        }
+    return length;
+}
+
+/// A text with its style codes, and the pictures that stand in it.
+struct Coded {
+    std::string text;
+    struct Picture {
+        /// Where in `text` it stands: in front of this byte.
+        std::size_t place;
+        const RichPicture *picture;
+    };
+    std::vector<Picture> pictures;
+};
+
+/// Puts the codes of the styles into a rich text.
+class StyleCoder {
+public:
+    StyleCoder(const RichText &text, const Progress &progress)
+        : m_text(text), m_total(lengthOf(text)), m_report(progress, m_total) {
+        for (const std::string &font : text.fonts)
+            m_letters.push_back(letterOfFont(font));
+        m_coded.text.reserve(m_total);
+    }
+
+    std::optional<Coded> code() {
+        for (const Paragraph &paragraph : m_text.paragraphs) {
+            if (&paragraph != &m_text.paragraphs.front())
+                endLine();
+            for (const Run &run : paragraph.runs)
+                if (!append(run))
+                    return std::nullopt;
+        }
+        return std::move(m_coded);
+    }
+
+private:
+    bool append(const Run &run) {
+        goTo(m_letters[run.format.font]);
+        if (const auto *picture = std::get_if<RichPicture>(&run.content)) {
+            m_coded.pictures.push_back({m_coded.text.size(), picture});
+            ++m_done;
+        } else {
+            const auto &characters = std::get<std::string>(run.content);
+            m_coded.text += characters;
+            m_done += characters.size();
+        }
+        return m_report.goOn(m_done);
+    }
+
+    void endLine() {
+        goTo(kNoStyle);
+        m_coded.text += kLineEnd;
+        m_done += kLineEnd.size();
+    }
+
+    /// Closes the style in force and opens another.
+    void goTo(char letter) {
+        if (letter == m_letter)
+            return;
+        for (const char code : {m_letter, letter})
+            if (code != kNoStyle)
+                m_coded.text.append({kRichTextStyleMark, code});
+        m_letter = letter;
+    }
+
+    const RichText &m_text;
+    std::size_t m_total;
+    Reporter m_report;
+    std::vector<char> m_letters; // by font
+    Coded m_coded;
+    char m_letter = kNoStyle;
+    std::size_t m_done = 0;
+};
+
+std::string cellsOf(const RichPicture &picture, const PictureReader &read, const Progress &progress) {
+    DotSurface dots = read(picture);
+    if (dots.width() != kSourcePictureWidth || dots.height() != kSourcePictureHeight)
+        dots = DotSurface(kSourcePictureWidth, kSourcePictureHeight);
+    return LerFigura(dots, progress);
+}
+
+/// The coded text with cells for its pictures, each behind a line end of its own.
+std::optional<std::string> withCells(const Coded &coded, const PictureReader &read,
+                                     const SourceProgress &progress) {
+    Reporter report(progress.text, coded.text.size());
+    bool stopped = false;
+    const Progress dots = [&](std::size_t step, std::size_t total) {
+        stopped = stopped || !goOn(progress.dots, step, total);
+        return !stopped;
+    };
+    std::string text;
+    text.reserve(coded.text.size());
+    std::size_t done = 0;
+    for (std::size_t i = 0; i < coded.pictures.size(); ++i) {
+        const auto &[place, picture] = coded.pictures[i];
+        text.append(coded.text, done, place - done).append(kLineEnd);
+        done = place;
+        if (progress.image && !progress.image(i + 1))
+            return std::nullopt;
+        text += cellsOf(*picture, read, dots);
+        if (stopped || !goOn(progress.text, done, coded.text.size()))
+            return std::nullopt;
+    }
+    text.append(coded.text, done);
+    return goOn(progress.text, coded.text.size(), coded.text.size()) ? std::optional(std::move(text))
+                                                                     : std::nullopt;
+}
+
+/// A text with nothing to see is a string of the calculator too.
+std::string quotedSource(std::string text) {
+    if (text.find_first_not_of(' ') == std::string::npos)
+        return kQuote + std::move(text) + kQuote;
+    return quoted(text).text;
+}
+
+std::string exchangeMarks(std::string text, char from, char to) {
+    for (std::size_t i = text.find(from); i < text.size(); i = text.find(from, i + 1))
+        if (i + 1 < text.size() && styleOfLetter(text[i + 1]))
+            text[i] = to;
+    return text;
+}
+
+} // namespace
+
+std::optional<std::string> compileSource(const RichText &text, SourceKind kind, const PictureReader &read,
+                                         const SourceProgress &progress) {
+    std::optional<Coded> coded = StyleCoder(text, progress.styles).code();
+    if (!coded)
+        return std::nullopt;
+    std::optional<std::string> source = withCells(*coded, read, progress);
+    coded.reset();
+    if (!source || (progress.finish && !progress.finish()))
+        return std::nullopt;
+    if (kind != SourceKind::Normal)
+        source =
+            optimiseImages(*source, kind == SourceKind::Total ? Optimisation::Total : Optimisation::Partial);
+    return quotedSource(std::move(*source));
+}
+
+std::string withStyleMarks(std::string source) {
+    return exchangeMarks(std::move(source), kRichTextStyleMark, kStyleMark);
+}
+
+std::string withRichTextStyleMarks(std::string text) {
+    return exchangeMarks(std::move(text), kStyleMark, kRichTextStyleMark);
+}
+
+} // namespace zolt
