@@ -1,6 +1,7 @@
 #include "core/document.h"
 #include "images/grob.h"
 #include "images/image_text.h"
+#include "platform/rich_text_box.h"
 #include "platform/surface_view.h"
 #include "shell/pictures/edit_text_conv_img_frm.h"
 #include "support/program.h"
@@ -56,7 +57,7 @@ std::string blackImageText(int width, int height) {
 
 class PictureWindows : public ProgramTest {
 protected:
-    PictureWindows() : m_document(startTextEdition()) {}
+    explicit PictureWindows(int edition = 1) : m_document(startEdition(edition)) {}
 
     /// The insert window of this name, opened with a file, or with none after a Cancel.
     QWidget &open(const char *window, const std::string &file) {
@@ -88,11 +89,19 @@ protected:
         EXPECT_EQ(bar->maximum(), std::max(rows - 65, 0) * 2) << rows;
     }
 
-    EditTextFrm &m_document;
+    /// Makes the active pane hold these bytes and no others.
+    void write(std::string_view bytes) {
+        call(&m_document, "EditarSeleccionarTudo");
+        m_document.activePane().setSelText(bytes);
+    }
+    std::string text() { return m_document.activePane().Text(); }
+
+    DocumentFrm &m_document;
 };
 
 /// A window that inserts pictures of one source.
 struct Insertion {
+    int edition;
     const char *window;
     std::string Settings::*folder;
     const char *title;
@@ -100,7 +109,10 @@ struct Insertion {
     const char *frameBefore;
     const char *frameAfter;
     std::string picture; // as its file's bytes
+    /// The text that stands for it in the document, and that of no picture.
     std::string inserted;
+    std::string nothing;
+    QSize emptySurface;
     std::string refused;
     const char *complaint;
 };
@@ -108,22 +120,66 @@ struct Insertion {
 std::vector<Insertion> insertions() {
     const char *frame = "Pré-visualização ";
     const std::string twoCells = kCell + "\r\n" + kCell;
-    return {
-        {"EditTextInsertImageFrm", &Settings::DfDirIPC, "Insert BMP GIF JPG ...", "Insert image - ",
-         "Original image", "Original image", pcPicture(Qt::black), blackImageText(132, 65), "a text",
-         "Image format not recognized."},
-        {"EditTextInsertGrobFrm", &Settings::DfDirIGr, "Insert HP Grob", "Insert GROB - ", frame,
-         "( 8 x  6 ) ", "HPHP48-R\r\n  GROB 8 6 FF90909090FF\r\n",
-         kCell + "\x9E"
-                 "F0000F",
-         "GROB 50000 1000000 F", "refused can't be opened: the picture is too large."},
-        {"EditTextInsertVeldaFrm", &Settings::DfDirIHa, "Insert ZOLT image", "Insert ZOLT image - ", frame,
-         frame, twoCells + "\r\n", twoCells, "a text\n",
-         "refused can't be opened: it holds no picture cell."},
+    const Insertion pcPictures{1,
+                               "EditTextInsertImageFrm",
+                               &Settings::DfDirIPC,
+                               "Insert BMP GIF JPG ...",
+                               "Insert image - ",
+                               "Original image",
+                               "Original image",
+                               pcPicture(Qt::black),
+                               blackImageText(132, 65),
+                               "",
+                               QSize(132, 65),
+                               "a text",
+                               "Image format not recognized."};
+    const Insertion grobs{1,
+                          "EditTextInsertGrobFrm",
+                          &Settings::DfDirIGr,
+                          "Insert HP Grob",
+                          "Insert GROB - ",
+                          frame,
+                          "( 8 x  6 ) ",
+                          "HPHP48-R\r\n  GROB 8 6 FF90909090FF\r\n",
+                          kCell + "\x9E"
+                                  "F0000F",
+                          "",
+                          QSize(132, 65),
+                          "GROB 50000 1000000 F",
+                          "refused can't be opened: the picture is too large."};
+    const Insertion imageTexts{1,
+                               "EditTextInsertVeldaFrm",
+                               &Settings::DfDirIHa,
+                               "Insert ZOLT image",
+                               "Insert ZOLT image - ",
+                               frame,
+                               frame,
+                               twoCells + "\r\n",
+                               twoCells,
+                               "",
+                               QSize(132, 65),
+                               "a text\n",
+                               "refused can't be opened: it holds no picture cell."};
+    const auto graphical = [](Insertion source, const char *window, std::string Settings::*folder) {
+        source.edition = 2;
+        source.window = window;
+        source.folder = folder;
+        source.inserted = source.nothing = " "; // a picture, and a white one
+        source.emptySurface = QSize(131, 64);
+        return source;
     };
+    return {pcPictures,
+            grobs,
+            imageTexts,
+            graphical(pcPictures, "EditGraphInsertImageFrm", &Settings::DfDirCnv),
+            graphical(grobs, "EditGraphInsertGrobFrm", &Settings::DfDirIGr),
+            graphical(imageTexts, "EditGraphInsertVeldaFrm", &Settings::DfDirIHa)};
 }
 
-class InsertWindow : public PictureWindows, public testing::WithParamInterface<Insertion> {};
+class InsertWindow : public PictureWindows, public testing::WithParamInterface<Insertion> {
+protected:
+    InsertWindow() : PictureWindows(GetParam().edition) {}
+};
 
 INSTANTIATE_TEST_SUITE_P(Of, InsertWindow, testing::ValuesIn(insertions()),
                          [](const auto &source) { return std::string(source.param.window); });
@@ -131,10 +187,11 @@ INSTANTIATE_TEST_SUITE_P(Of, InsertWindow, testing::ValuesIn(insertions()),
 TEST_P(InsertWindow, PutsItsPictureInPlaceOfTheSelectionAndStays) {
     const Insertion &source = GetParam();
     writeBytes("picture", source.picture);
+    const std::string other = text();
     call(&m_document, "EditarTranslinearpalavras");
-    m_document.textPane(2).setText("before AFTER after");
-    m_document.textPane(2).setSelStart(7);
-    m_document.textPane(2).setSelLength(5);
+    write("before AFTER after");
+    m_document.pane(2).setSelStart(7);
+    m_document.pane(2).setSelLength(5);
     QWidget &window = open(source.window, path("picture"));
     openAnother(window, {});
     EXPECT_EQ(window.windowTitle(), source.openedTitle + QStringLiteral("picture"));
@@ -142,8 +199,8 @@ TEST_P(InsertWindow, PutsItsPictureInPlaceOfTheSelectionAndStays) {
     EXPECT_EQ(shared::settings.*source.folder, path(""));
     press(window, "Command2");
     press(window, "Command2");
-    EXPECT_EQ(m_document.textPane(2).Text(), "before " + source.inserted + source.inserted + " after");
-    EXPECT_EQ(m_document.textPane(1).Text(), "");
+    EXPECT_EQ(m_document.pane(2).Text(), "before " + source.inserted + source.inserted + " after");
+    EXPECT_EQ(m_document.pane(1).Text(), other);
 }
 
 TEST_P(InsertWindow, KeepsNothingOfTheFileBeforeOneThatIsRefused) {
@@ -155,7 +212,7 @@ TEST_P(InsertWindow, KeepsNothingOfTheFileBeforeOneThatIsRefused) {
     for (const char *file : {"refused", "empty"}) {
         SCOPED_TRACE(file);
         openAnother(window, path("picture"));
-        m_document.activeTextPane().setText("");
+        write("");
         Answer ok(QMessageBox::Ok);
         openAnother(window, path(file));
         // Nothing is said of an empty text.
@@ -163,15 +220,18 @@ TEST_P(InsertWindow, KeepsNothingOfTheFileBeforeOneThatIsRefused) {
         EXPECT_EQ(ok.text(), QString::fromUtf8(silent ? "" : source.complaint));
         EXPECT_EQ(window.windowTitle(), QString::fromUtf8(source.title));
         EXPECT_EQ(window.findChild<QGroupBox *>()->title(), QString::fromUtf8(source.frameBefore));
-        EXPECT_EQ(window.findChild<SurfaceView *>()->sizeInDots(), QSize(132, 65));
+        EXPECT_EQ(window.findChild<SurfaceView *>()->sizeInDots(), source.emptySurface);
         press(window, "Command2");
-        EXPECT_EQ(m_document.activeTextPane().Text(), "");
+        EXPECT_EQ(text(), source.nothing);
     }
 }
 
-TEST_P(InsertWindow, AsksInItsFolderAndHoldsTheCommandsUntilItCloses) {
+TEST_P(InsertWindow, AsksInItsFolderAndHoldsTheTextEditionsCommandsUntilItCloses) {
+    const bool holds = GetParam().edition == 1;
+    const int toolbar = GetParam().edition * 2;
     const auto enabled = [&] {
-        return loaded<MDIFrm>()->toolbar(2)->isEnabled() && loaded<MDIFrm>()->toolbar(3)->isEnabled() &&
+        return loaded<MDIFrm>()->toolbar(toolbar)->isEnabled() &&
+               loaded<MDIFrm>()->toolbar(toolbar + 1)->isEnabled() &&
                m_document.menus().first()->menuAction()->isEnabled() && m_document.popUp()->isEnabled();
     };
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("last")));
@@ -184,17 +244,91 @@ TEST_P(InsertWindow, AsksInItsFolderAndHoldsTheCommandsUntilItCloses) {
     for (const auto &out : roads) {
         QString folder;
         whenModal("QFileDialog", [&](QWidget *dialog) {
-            EXPECT_FALSE(enabled());
+            EXPECT_EQ(enabled(), !holds);
             folder = qobject_cast<QFileDialog *>(dialog)->directory().path();
             qobject_cast<QFileDialog *>(dialog)->reject();
         });
         call(loaded<MDIFrm>(), qPrintable(QStringLiteral("Mostrar%1").arg(GetParam().window)));
         EXPECT_EQ(folder.toStdString(), path("last"));
-        EXPECT_FALSE(enabled());
+        EXPECT_EQ(enabled(), !holds);
         out(*shown(GetParam().window));
         deleteClosed();
         EXPECT_TRUE(enabled());
     }
+}
+
+/// The insert windows of the graphical edition.
+class GraphInsertWindows : public PictureWindows {
+protected:
+    GraphInsertWindows() : PictureWindows(2), m_pane(dynamic_cast<RichTextBox &>(m_document.activePane())) {}
+
+    /// The picture that alone is the document; null if something else is.
+    QImage picture() {
+        const RichText text = m_pane.richText();
+        if (text.paragraphs.size() != 1 || text.paragraphs[0].runs.size() != 1)
+            return {};
+        const auto *found = std::get_if<RichPicture>(&text.paragraphs[0].runs[0].content);
+        return found ? QImage::fromData(QByteArray::fromStdString(found->bytes)) : QImage();
+    }
+
+    RichTextBox &m_pane;
+};
+
+TEST_F(GraphInsertWindows, StretchAnySourceOverTheScreenInItsColours) {
+    // Each has its left half in its colour and the right one white.
+    QImage halves(4, 4, QImage::Format_RGB32);
+    halves.fill(Qt::white);
+    for (int y = 0; y < 4; ++y)
+        for (int x = 0; x < 2; ++x)
+            halves.setPixelColor(x, y, Qt::red);
+    ASSERT_TRUE(halves.save(QString::fromStdString(path("halves.bmp"))));
+    writeBytes("halves.gro", "GROB 8 2 F0F0");
+    writeBytes("halves.zli", "\x9E"
+                             "FFFFFF"
+                             "\x9E"
+                             "000000\r\n");
+    struct Case {
+        const char *window;
+        const char *file;
+        QColor colour;
+    };
+    for (const auto &[window, file, colour] : {Case{"EditGraphInsertImageFrm", "halves.bmp", Qt::red},
+                                               {"EditGraphInsertGrobFrm", "halves.gro", Qt::black},
+                                               {"EditGraphInsertVeldaFrm", "halves.zli", Qt::black}}) {
+        SCOPED_TRACE(file);
+        write("");
+        QWidget &opened = open(window, path(file));
+        press(opened, "Command1");
+        EXPECT_EQ(shown(window), nullptr);
+        deleteClosed();
+        const QImage inserted = picture();
+        ASSERT_EQ(inserted.size(), QSize(262, 128));
+        for (const auto &[x, y, expected] : {std::tuple(0, 0, colour),
+                                             {129, 0, colour},
+                                             {0, 123, colour},
+                                             {129, 123, colour},
+                                             {130, 0, QColor(Qt::white)},
+                                             {259, 123, Qt::white},
+                                             {0, 124, Qt::white},
+                                             {261, 127, Qt::white}})
+            EXPECT_EQ(inserted.pixelColor(x, y), expected) << x << ' ' << y;
+    }
+}
+
+TEST_F(GraphInsertWindows, InsertSeveralAndLeaveTheFocusInTheDocument) {
+    writeBytes("black.gro", blackGrob(64));
+    write("");
+    QWidget &window = open("EditGraphInsertGrobFrm", path("black.gro"));
+    press(window, "Command2");
+    EXPECT_NE(shown("EditGraphInsertGrobFrm"), nullptr);
+    EXPECT_TRUE(waitFor([&] { return m_pane.hasFocus(); }));
+    QTest::keyClicks(&m_pane, QStringLiteral("a"));
+    press(window, "Command2");
+    EXPECT_EQ(text(), " a ");
+    call(&m_document, "EditarAnularintrodução");
+    EXPECT_EQ(text(), " a");
+    press(window, "Command3");
+    EXPECT_TRUE(waitFor([&] { return m_pane.hasFocus(); }));
 }
 
 TEST_F(PictureWindows, TypedSizesOutOfRangeAreNotActedOn) {
@@ -292,12 +426,12 @@ TEST_F(PictureWindows, StopAndCloseInsertNothingAndTheNextReadingIsWhole) {
         poll.start(0);
         press(window, "Command2");
         EXPECT_TRUE(pressed);
-        EXPECT_EQ(m_document.activeTextPane().Text(), "") << button;
+        EXPECT_EQ(text(), "") << button;
     }
     deleteClosed();
     writeBytes("tall.gro", blackGrob(396));
     press(open("EditTextInsertGrobFrm", path("tall.gro")), "Command2");
-    EXPECT_EQ(m_document.activeTextPane().Text(), blackImageText(132, 396));
+    EXPECT_EQ(text(), blackImageText(132, 396));
 }
 
 class Conversion : public PictureWindows {

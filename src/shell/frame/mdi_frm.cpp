@@ -8,6 +8,9 @@
 #include "shell/exports/edit_text_export_pdf_frm.h"
 #include "shell/exports/edit_text_guardar_hp_frm.h"
 #include "shell/frame/mdi_frm_tables.h"
+#include "shell/pictures/edit_graph_insert_grob_frm.h"
+#include "shell/pictures/edit_graph_insert_image_frm.h"
+#include "shell/pictures/edit_graph_insert_velda_frm.h"
 #include "shell/pictures/edit_text_conv_img_frm.h"
 #include "shell/pictures/edit_text_insert_grob_frm.h"
 #include "shell/pictures/edit_text_insert_image_frm.h"
@@ -237,6 +240,15 @@ void MDIFrm::MostrarEditTextInsertGrobFrm() {
 }
 void MDIFrm::MostrarEditTextInsertVeldaFrm() {
     showInsertFrm<EditTextInsertVeldaFrm>();
+}
+void MDIFrm::MostrarEditGraphInsertImageFrm() {
+    showInsertFrm<EditGraphInsertImageFrm>();
+}
+void MDIFrm::MostrarEditGraphInsertGrobFrm() {
+    showInsertFrm<EditGraphInsertGrobFrm>();
+}
+void MDIFrm::MostrarEditGraphInsertVeldaFrm() {
+    showInsertFrm<EditGraphInsertVeldaFrm>();
 }
 
 void MDIFrm::MostrarCaracterTableFrm() {

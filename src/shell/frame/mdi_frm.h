@@ -72,6 +72,9 @@ public slots:
     void MostrarEditTextInsertGrobFrm();
     void MostrarEditTextInsertVeldaFrm();
     void MostrarEditTextConvImgFrm();
+    void MostrarEditGraphInsertImageFrm();
+    void MostrarEditGraphInsertGrobFrm();
+    void MostrarEditGraphInsertVeldaFrm();
     void MostrarWaitFrm();
     /// Both compile TextoPrevisualizar first; a cancelled preview doesn't show.
     void MostrarEditTextPreviewFrm();
