@@ -125,6 +125,15 @@ void RichTextBox::setSelRichText(const RichText &text) {
     replaceSelection([&](QTextCursor &cursor) { m_document->insert(cursor, text); });
 }
 
+void RichTextBox::replaceRichText(const RichText &text) {
+    const HeldChange hold(*this);
+    QTextCursor all(m_document);
+    all.select(QTextCursor::Document);
+    m_document->insert(all, text);
+    endStep();
+    placeCaret(0);
+}
+
 std::string RichTextBox::TextRTF() const {
     return rtfFromRichText(richText());
 }

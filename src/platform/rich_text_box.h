@@ -42,6 +42,8 @@ public:
     RichText selRichText() const;
     /// Replaces the selection in one undo step; the caret stands behind the new text.
     void setSelRichText(const RichText &text);
+    /// Replaces all in one undo step; the caret goes to 0.
+    void replaceRichText(const RichText &text);
 
     /// The same as RTF; a source that isn't RTF is taken as plain text.
     std::string TextRTF() const;

@@ -22,6 +22,7 @@ class QTimer;
 namespace zolt {
 
 class CommonDialog;
+class FullscreenFrm;
 class MDIFrm;
 
 /// What tells one edition's document window from the other's.
@@ -98,6 +99,7 @@ public slots:
 
     void VerBarradecaracteres();
     void VerTabeladecaracteres();
+    void MnuVerEcrainteiro();
     void MnuVerBarradeestado();
     void MnuVerBarrasdeferramentasPadrão();
     void MnuVerBarrasdeferramentasFormatação();
@@ -136,6 +138,7 @@ protected:
     /// A text colour was chosen, and stands in the settings.
     virtual void applyTextColour() = 0;
     virtual void changeCase(CaseCommand command) = 0;
+    virtual FullscreenFrm &loadFullscreen() = 0;
     /// The scheme Default, whose colours stand in the settings: they and the plain font.
     virtual void applyDefaultScheme() = 0;
 

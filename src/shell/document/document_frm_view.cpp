@@ -2,6 +2,7 @@
 
 #include "shell/base/shared_values.h"
 #include "shell/document/document_frm.h"
+#include "shell/document/fullscreen_frm.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/symbols/symbol_frm.h"
 #include "shell/tools/caracter_table_frm.h"
@@ -22,6 +23,12 @@ void DocumentFrm::VerBarradecaracteres() {
 
 void DocumentFrm::VerTabeladecaracteres() {
     m_frame->MostrarCaracterTableFrm();
+}
+
+void DocumentFrm::MnuVerEcrainteiro() {
+    FullscreenFrm &window = loadFullscreen();
+    connect(&window, &FullscreenFrm::left, this, &DocumentFrm::updateStatus, Qt::UniqueConnection);
+    window.enter();
 }
 
 void DocumentFrm::recordCompanions() {

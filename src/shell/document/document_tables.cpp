@@ -151,6 +151,10 @@ QList<MenuRow> viewRows() {
     };
 }
 
+QList<MenuRow> fullScreenRows() {
+    return {{1, "MnuVerEcrainteiro", "F&ull Screen", "MnuVerEcrainteiro", "F11", "full-screen"}};
+}
+
 QList<MenuRow> imageRows(int level, NamesOf names, RowsOf edition) {
     QList<MenuRow> rows;
     const bool popUp = names == NamesOf::PopUp;
@@ -246,6 +250,13 @@ QList<ToolRow> editButtons() {
         {kSeparator, "", nullptr},
         {"Barra de caracteres", "Quick Bar", "quick-bar", "VerBarradecaracteres"},
         {"Tabela de caracteres", "Character table", "character-table", "VerTabeladecaracteres"},
+        {kSeparator, "", nullptr},
+    };
+}
+
+QList<ToolRow> fullScreenButtons() {
+    return {
+        {"Ecrã inteiro", "Full screen", "full-screen", "MnuVerEcrainteiro"},
         {kSeparator, "", nullptr},
     };
 }

@@ -19,6 +19,8 @@ QList<MenuRow> exitRows();
 QList<MenuRow> editRows();
 /// View, from the status bar to Always on Top.
 QList<MenuRow> viewRows();
+/// View: the full screen, behind the previews.
+QList<MenuRow> fullScreenRows();
 /// The three sources of a picture, below a submenu "Image".
 QList<MenuRow> imageRows(int level, NamesOf names, RowsOf edition);
 /// The submenu of the nine styles.
@@ -33,6 +35,8 @@ QList<MenuRow> popUpRows();
 /// separator.
 QList<ToolRow> fileButtons();
 QList<ToolRow> editButtons();
+/// The same behind the previews' buttons.
+QList<ToolRow> fullScreenButtons();
 /// The format toolbar: styles, colours and pictures. The graphical edition's style
 /// buttons show the style at the caret.
 QList<ToolRow> formatButtons(RowsOf edition);

@@ -7,6 +7,8 @@
 #include "platform/rich_text_box.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/graphic/edit_graph_frm_tables.h"
+#include "shell/document/graphic/edit_graph_fullscreen_frm.h"
+#include "shell/frame/mdi_frm.h"
 
 namespace zolt {
 
@@ -102,6 +104,10 @@ void EditGraphFrm::copyDocument(const Pane &from, Pane &to) {
         target.setRichText(static_cast<const RichTextBox &>(from).richText());
     else
         fill(target, {});
+}
+
+FullscreenFrm &EditGraphFrm::loadFullscreen() {
+    return load<EditGraphFullscreenFrm>(&frame());
 }
 
 } // namespace zolt

@@ -42,7 +42,7 @@ QList<MenuRow> sizeRows() {
 
 const QList<MenuRow> &graphMenuTable() {
     static const QList<MenuRow> table =
-        fileRows() + exitRows() + editRows() + viewRows() +
+        fileRows() + exitRows() + editRows() + viewRows() + fullScreenRows() +
         QList<MenuRow>{
             {0, "MnuInserir", "&Insert"},
             {1, "MnuInserirDataehora", "&Date and time...", "MostrarDateTimeFrm"},
@@ -79,7 +79,7 @@ const QList<MenuRow> &graphPopUpTable() {
 }
 
 const QList<ToolRow> &graphStandardToolbarTable() {
-    static const QList<ToolRow> table = fileButtons() + editButtons() +
+    static const QList<ToolRow> table = fileButtons() + editButtons() + fullScreenButtons() +
                                         QList<ToolRow>{
                                             {"Ajuda", "Help", "help", "MnuAjudadozolt"},
                                         };

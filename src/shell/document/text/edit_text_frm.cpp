@@ -4,6 +4,7 @@
 #include "platform/text_pane.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/text/edit_text_frm_tables.h"
+#include "shell/document/text/edit_text_fullscreen_frm.h"
 #include "shell/exports/edit_text_guardar_hp_frm.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/symbols/symbol_frm.h"
@@ -65,6 +66,10 @@ void EditTextFrm::clear() {
 
 void EditTextFrm::copyDocument(const Pane &from, Pane &to) {
     static_cast<TextPane &>(to).setText(from.Text());
+}
+
+FullscreenFrm &EditTextFrm::loadFullscreen() {
+    return load<EditTextFullscreenFrm>(&frame());
 }
 
 void EditTextFrm::TesteDeIntegridade() {

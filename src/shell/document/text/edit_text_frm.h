@@ -58,6 +58,7 @@ protected:
     void applyPaneColours() override;
     void applyTextColour() override;
     void changeCase(CaseCommand command) override;
+    FullscreenFrm &loadFullscreen() override;
     void applyDefaultScheme() override;
 
 private:

@@ -97,8 +97,8 @@ const QList<MenuRow> kToolRows{
 
 const QList<MenuRow> &textMenuTable() {
     static const QList<MenuRow> table = fileRows() + kExportRows + exitRows() + editRows() + viewRows() +
-                                        kPreviewRows + kInsertRows + kFormatRows + kToolRows +
-                                        windowMenuRows(true) + helpRows();
+                                        kPreviewRows + fullScreenRows() + kInsertRows + kFormatRows +
+                                        kToolRows + windowMenuRows(true) + helpRows();
     return table;
 }
 
@@ -122,7 +122,9 @@ const QList<ToolRow> &textStandardToolbarTable() {
              "VerPrévisualizarselecçãoComquebrasdelinha"},
             {"Pré-visualizar HP48", "Preview in HP48 style", "preview-hp48",
              "VerPrévisualizarselecçãoEstiloHP48"},
-            {"", "", nullptr},
+        } +
+        fullScreenButtons() +
+        QList<ToolRow>{
             {"Pré-visualizar a página Web", "Preview Web page", "preview-web",
              "FicheiroExportarPrevisualizarpaginaWeb"},
             {"Nova página Web", "Save as Web page", "export-web", "ExportarHTML"},
