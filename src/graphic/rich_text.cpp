@@ -12,7 +12,9 @@ std::uint16_t RichText::fontIndex(std::string_view name) {
     return static_cast<std::uint16_t>(fonts.size() - 1);
 }
 
-std::string plainText(const RichText &text) {
+namespace {
+
+std::string charactersOf(const RichText &text, std::string_view forPicture) {
     std::string plain;
     for (const Paragraph &paragraph : text.paragraphs) {
         if (&paragraph != &text.paragraphs.front())
@@ -21,10 +23,20 @@ std::string plainText(const RichText &text) {
             if (const auto *characters = std::get_if<std::string>(&run.content))
                 plain += *characters;
             else
-                plain += ' ';
+                plain += forPicture;
         }
     }
     return plain;
+}
+
+} // namespace
+
+std::string plainText(const RichText &text) {
+    return charactersOf(text, " ");
+}
+
+std::string textWithoutPictures(const RichText &text) {
+    return charactersOf(text, {});
 }
 
 } // namespace zolt

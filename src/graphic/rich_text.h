@@ -70,5 +70,7 @@ struct RichText {
 
 /// The characters of a rich text: CR LF between paragraphs, a blank for a picture.
 std::string plainText(const RichText &text);
+/// The same with nothing for a picture.
+std::string textWithoutPictures(const RichText &text);
 
 } // namespace zolt

@@ -1,6 +1,7 @@
 #include "graphic/style_fonts.h"
 
 #include "core/codes.h"
+#include "graphic/rich_text_builder.h"
 
 #include <algorithm>
 
@@ -19,6 +20,21 @@ std::string_view styleFontRefusal(std::string_view selection, std::size_t endCol
     if (endColumn > static_cast<std::size_t>(isDouble ? kDoubleColumns : kColumns))
         return isDouble ? messages.beyondColumn16 : messages.beyondColumn33;
     return isPlain ? std::string_view() : messages.alreadyFormatted;
+}
+
+RichText inPlainFont(const RichText &text) {
+    RichTextBuilder builder;
+    for (const Paragraph &paragraph : text.paragraphs) {
+        if (&paragraph != &text.paragraphs.front())
+            builder.endParagraph();
+        for (const Run &run : paragraph.runs) {
+            CharFormat format = run.format;
+            format.font = 0;
+            format.halfPoints = CharFormat{}.halfPoints;
+            std::visit([&](const auto &content) { builder.append(content, format); }, run.content);
+        }
+    }
+    return std::move(builder.text());
 }
 
 RichText changeCase(RichText text, CaseCommand command) {

@@ -31,6 +31,9 @@ inline constexpr StyleMessages kWrappedPaneStyleMessages{
 std::string_view styleFontRefusal(std::string_view selection, std::size_t endColumn, bool isPlain,
                                   std::string_view font, const StyleMessages &messages);
 
+/// The text in the plain font and 10 points; colours and pictures stay.
+RichText inPlainFont(const RichText &text);
+
 /// The text with its characters changed as the command says, in their fonts.
 RichText changeCase(RichText text, CaseCommand command);
 

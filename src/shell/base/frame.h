@@ -5,6 +5,9 @@ class QWidget;
 
 namespace zolt {
 
+/// The ways of a document from one edition to the other.
+enum class Road { TextToGraphical, PreviewToGraphical, GraphicalToTextual, SourceToTextual };
+
 /// What the other windows know of the main frame.
 class Frame {
 public:
@@ -17,6 +20,9 @@ public:
     virtual void takeFocusBack() = 0;
     /// Shows the quick bar as CharTool says: nowhere, floating or docked.
     virtual void applyCharTool() = 0;
+    /// Sends the document in use on a road: its window closes without a question, and the
+    /// other edition's opens with what the road makes of it, as an unsaved document.
+    virtual void send(Road road) = 0;
 };
 
 /// The one frame; null before it was made.

@@ -17,6 +17,10 @@ std::string EstiloDeLetra;
 std::string FonteDeEstilo;
 std::int16_t TamanhoDaLetra = 0;
 std::int16_t TipoDeOptimização = 0;
+std::string RtfACompilar;
+std::int16_t TipoDeCompilação = 0;
+std::int16_t DestinoDaCompilação = 0;
+std::string TextoEnviado;
 std::string TextoPrevisualizar;
 std::int16_t PrevisualizarComQuebras = 0;
 std::int16_t CancelarOperação = 0;
@@ -40,13 +44,13 @@ void reset() {
     settings = {};
     for (std::string *text :
          {&programFolder, &commandLine, &TextoGuardado, &lastSearch, &TextoDeArranque, &EstiloDeLetra,
-          &FonteDeEstilo, &TextoPrevisualizar, &ExtensãoTexto, &ExtensãoGráfico, &IconeTexto, &IconeGráfico,
-          &FormatoTexto, &FormatoGráfico, &CaminhoPrograma})
+          &FonteDeEstilo, &RtfACompilar, &TextoEnviado, &TextoPrevisualizar, &ExtensãoTexto, &ExtensãoGráfico,
+          &IconeTexto, &IconeGráfico, &FormatoTexto, &FormatoGráfico, &CaminhoPrograma})
         text->clear();
     for (std::int16_t *number :
          {&EdiçãoActiva, &GuardarCancelado, &SemPerguntaDeSaída, &lastSearchMatchesCase, &TamanhoDaLetra,
-          &TipoDeOptimização, &PrevisualizarComQuebras, &CancelarOperação, &LarguraFigura, &AlturaFigura,
-          &TipoDeConversão, &TipoAnterior, &PararLeitura})
+          &TipoDeCompilação, &DestinoDaCompilação, &TipoDeOptimização, &PrevisualizarComQuebras,
+          &CancelarOperação, &LarguraFigura, &AlturaFigura, &TipoDeConversão, &TipoAnterior, &PararLeitura})
         *number = 0;
     PosiçãoCursor = 0;
     NúmeroDeEntradas = 0;

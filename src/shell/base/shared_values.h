@@ -46,6 +46,16 @@ extern std::int16_t TamanhoDaLetra;
 /// 1 partial, 2 total.
 extern std::int16_t TipoDeOptimização;
 
+/// The graphical document, or a part of it, that the source-code compiler takes, as RTF;
+/// how far it is to optimise (1 not, 2 partially, 3 totally), and where the source code
+/// goes.
+extern std::string RtfACompilar;
+extern std::int16_t TipoDeCompilação;
+extern std::int16_t DestinoDaCompilação;
+enum Destination : std::int16_t { ToWindow, ToHpFile, ToTextualEdition };
+/// The compiled text on its way to the textual edition.
+extern std::string TextoEnviado;
+
 /// The text that a preview compiles.
 extern std::string TextoPrevisualizar;
 /// 1 folds the lines of the plain preview, 0 doesn't.

@@ -107,6 +107,11 @@ QList<MenuRow> fileRows() {
     };
 }
 
+QList<MenuRow> sendRows(const QList<MenuRow> &editions) {
+    return QList<MenuRow>{{1, "MnuFicheiroEnviarpara", "&Send to"}} + editions +
+           QList<MenuRow>{{2, "MnuFicheiroEnviarparaMicrosoftword", "Microsoft Word"}};
+}
+
 QList<MenuRow> exitRows() {
     return {
         {1, "MnuFicheiroSeparador5", "-"},
@@ -232,12 +237,12 @@ QList<ToolRow> fileButtons() {
         {"Novo", "New", "new", "FicheiroNovo"},
         {"Abrir", "Open", "open", "FicheiroAbrir"},
         {"Guardar", "Save", "save", "FicheiroGuardar"},
-        {kSeparator, "", nullptr},
     };
 }
 
 QList<ToolRow> editButtons() {
     return {
+        {kSeparator, "", nullptr},
         {"Localizar e substituir", "Find and replace", "find-replace", "EditarLocalizarESubstituir"},
         {"Translinear palavras", "Word Wrap", "word-wrap", "EditarTranslinearpalavras", nullptr,
          MenuRow::Unchecked},

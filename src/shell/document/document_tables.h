@@ -15,6 +15,8 @@ enum class NamesOf { MenuBar, PopUp };
 
 /// File, from New to Save As, and from the last separator to Exit.
 QList<MenuRow> fileRows();
+/// The head of the submenu "Send to", and its item without a command.
+QList<MenuRow> sendRows(const QList<MenuRow> &editions);
 QList<MenuRow> exitRows();
 QList<MenuRow> editRows();
 /// View, from the status bar to Always on Top.
@@ -31,8 +33,8 @@ QList<MenuRow> helpRows();
 /// The pop-up menu from Undo to the head of its submenu Insert.
 QList<MenuRow> popUpRows();
 
-/// The standard toolbar: document, then find to character table. Each ends with a
-/// separator.
+/// The standard toolbar: document, then find to character table, which begin and end with
+/// a separator.
 QList<ToolRow> fileButtons();
 QList<ToolRow> editButtons();
 /// The same behind the previews' buttons.

@@ -15,6 +15,7 @@
 #include "shell/pictures/edit_text_insert_grob_frm.h"
 #include "shell/pictures/edit_text_insert_image_frm.h"
 #include "shell/pictures/edit_text_insert_velda_frm.h"
+#include "shell/preview/edit_graph_preview_frm.h"
 #include "shell/preview/edit_text_preview_frm.h"
 #include "shell/preview/edit_text_preview_normal_frm.h"
 #include "shell/preview/wait_frm.h"
@@ -225,6 +226,10 @@ void MDIFrm::MostrarEditTextPreviewFrm() {
 }
 void MDIFrm::MostrarEditTextPreviewNormalFrm() {
     showPreview<EditTextPreviewNormalFrm>();
+}
+void MDIFrm::MostrarEditGraphPreviewFrm() {
+    unload<EditGraphPreviewFrm>();
+    showWindow<EditGraphPreviewFrm>();
 }
 void MDIFrm::MostrarAboutFrm() {
     showWindow<AboutFrm>();

@@ -50,6 +50,7 @@ public:
     void showFont(const QString &name, int points);
 
     void applyCharTool() override;
+    void send(Road road) override { emit roadChosen(road); }
     /// A docked bar's panel: Picture3 at the top, Picture4 on the right.
     QWidget *topPanel() const { return Picture3; }
     QWidget *rightPanel() const { return Picture4; }
@@ -61,6 +62,7 @@ signals:
     /// file that the program was started with.
     void editionChosen(int edition);
     void editionOfFileChosen(int edition);
+    void roadChosen(Road road);
 
 public slots:
     void MostrarQuestionFrm();
@@ -72,6 +74,8 @@ public slots:
     void MostrarEditTextInsertGrobFrm();
     void MostrarEditTextInsertVeldaFrm();
     void MostrarEditTextConvImgFrm();
+    /// A new one, with its first view.
+    void MostrarEditGraphPreviewFrm();
     void MostrarEditGraphInsertImageFrm();
     void MostrarEditGraphInsertGrobFrm();
     void MostrarEditGraphInsertVeldaFrm();

@@ -4,12 +4,15 @@
 #include "platform/rich_text_box.h"
 #include "shell/base/command_table.h"
 #include "shell/base/dialog_frm.h"
+#include "shell/base/frame.h"
+#include "shell/base/send_question.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
 #include "shell/base/windows.h"
 #include "shell/preview/edit_text_preview_normal_menu_frm.h"
 #include "shell/preview/preview_compilation.h"
 
+#include <QPointer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -23,6 +26,7 @@ const QList<ToolRow> kToolbarRows{
     {"Save", "Save", "save", "GuardarComoFicheiro"},
     {"Copy", "Copy", "copy", "Copy"},
     {"MenuPreview", "Menu", "menu", "MenuPreview"},
+    {"EnviarGraphic", "Send to graphical edition", "send-graphic", "EnviarGraphic"},
 };
 
 CommonDialog &previewDialog(const QString &title, int flags) {
@@ -97,6 +101,16 @@ void EditTextPreviewNormalFrm::MenuPreview() {
     menu.show();
     menu.raise();
     menu.activateWindow();
+}
+
+void EditTextPreviewNormalFrm::EnviarGraphic() {
+    const QPointer<EditTextPreviewNormalFrm> self = this;
+    if (mayLoseFormat(this, "graphical") && self)
+        EnviarPrevisualizaçãoParaEdiçãoGráfica();
+}
+
+void EditTextPreviewNormalFrm::EnviarPrevisualizaçãoParaEdiçãoGráfica() {
+    mainFrame()->send(Road::PreviewToGraphical);
 }
 
 bool EditTextPreviewNormalFrm::eventFilter(QObject *watched, QEvent *event) {

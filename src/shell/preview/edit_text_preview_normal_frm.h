@@ -24,6 +24,10 @@ public slots:
     void Copy();
     /// Shows the list of menu entries.
     void MenuPreview();
+    /// Asks whether the document may lose its looks, then sends what shows here to the
+    /// graphical edition.
+    void EnviarGraphic();
+    void EnviarPrevisualizaçãoParaEdiçãoGráfica();
 
 protected:
     void closing() override;

@@ -15,6 +15,8 @@
 #include "shell/document/text/edit_text_frm.h"
 #include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/frame/mdi_frm.h"
+#include "shell/start/document_windows.h"
+#include "shell/start/roads.h"
 #include "shell/tools/splash_frm.h"
 
 #include <QApplication>
@@ -68,19 +70,6 @@ void nameFileTypes() {
     shared::CaminhoPrograma = shared::programFolder + "/zolt";
 }
 
-/// Shows the window of an edition and the frame.
-template <class Window> DocumentFrm &showDocumentWindow() {
-    MDIFrm &frame = *loaded<MDIFrm>();
-    const bool fresh = !loaded<Window>();
-    Window &window = load<Window>(&frame);
-    if (fresh)
-        frame.adopt(&window);
-    frame.show();
-    window.showMaximized();
-    takeFocus(window.activePane());
-    return window;
-}
-
 /// Says why a file can't be opened and lets the user choose an edition instead.
 void refuseFile(const std::string &name, const std::string &reason) {
     MDIFrm &frame = *loaded<MDIFrm>();
@@ -89,14 +78,6 @@ void refuseFile(const std::string &name, const std::string &reason) {
                     .arg(fromFileName(name), QString::fromLocal8Bit(reason.c_str())),
                 QMessageBox::Warning);
     frame.MostrarQuestionFrm();
-}
-
-constexpr int kTextual = 1;
-constexpr int kGraphical = 2;
-
-/// Shows the window of an edition, with an empty document if it is new, and the frame.
-DocumentFrm &openEdition(int edition) {
-    return edition == kGraphical ? showDocumentWindow<EditGraphFrm>() : showDocumentWindow<EditTextFrm>();
 }
 
 /// Opens the command line's file, which has been read, in an edition.
@@ -159,6 +140,7 @@ MDIFrm &startProgram(const std::string &commandLine) {
     frame.fillToolbar(4, graphStandardToolbarTable());
     frame.fillToolbar(5, graphFormatToolbarTable());
     QObject::connect(&frame, &MDIFrm::editionChosen, &frame, [](int edition) { openEdition(edition); });
+    QObject::connect(&frame, &MDIFrm::roadChosen, &frame, takeRoad);
     QObject::connect(&frame, &MDIFrm::editionOfFileChosen, &frame, [](int edition) {
         // The file may have gone while the question stood.
         const std::string name = namedFile();

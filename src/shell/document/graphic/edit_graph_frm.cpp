@@ -49,7 +49,7 @@ EditGraphFrm::EditGraphFrm(QWidget *frame) : DocumentFrm(edition(), frame) {
     for (const int number : {1, 2})
         for (const auto event : {&PaneEvents::Change, &PaneEvents::selectionMoved, &PaneEvents::keyDown})
             connect(&pane(number).events(), event, this, &EditGraphFrm::showStyleAtCaret);
-    begin();
+    DocumentFrm::begin();
     showStyleAtCaret();
 }
 
@@ -59,6 +59,12 @@ RichTextBox &EditGraphFrm::richPane(int number) const {
 
 RichTextBox &EditGraphFrm::activeRichPane() const {
     return static_cast<RichTextBox &>(activePane());
+}
+
+void EditGraphFrm::begin(const RichText &text, const QString &caption) {
+    activeRichPane().setRichText(text);
+    setCaption(caption);
+    documentBegins();
 }
 
 void EditGraphFrm::insertText(std::string_view bytes) {

@@ -23,6 +23,9 @@ public:
     RichTextBox &richPane(int number) const;
     RichTextBox &activeRichPane() const;
 
+    /// Begins with a document that comes from elsewhere and is in no file.
+    void begin(const RichText &text, const QString &caption);
+
     void insertText(std::string_view bytes) override;
     void fontChosen() override;
 
@@ -32,6 +35,16 @@ public slots:
     void AplicarEstilosDeLetra();
     /// Gives the whole document the size TamanhoDaLetra.
     void EscolherTamanhoDaLetra();
+
+    /// The source code of the document, or of the selection, in a window; and as the
+    /// calculator's file.
+    void MnuVerPrévisualizar();
+    void MnuVerPrévisualizarSelecçao();
+    void MnuFicheiroGuardaremformatoHP();
+    /// Asks whether the document may lose its looks, then sends it.
+    void MnuFicheiroEnviarparaEdicaotextual();
+    void EnviarParaEdiçãoTextual();
+    void EnviarCódigoFonteParaEdiçãoTextual();
 
 protected:
     std::string fileBytes() const override;
@@ -49,6 +62,8 @@ protected:
 private:
     /// Fills a pane with plain text in the look of the settings, for good.
     void fill(RichTextBox &pane, std::string_view plain);
+    /// Opens the compiler with a rich text for one of its destinations.
+    void compile(const std::string &rtf, std::int16_t destination);
     /// Why the selection can't get a style's font; empty if it can.
     std::string_view refusal(const std::string &font) const;
     void showStyleAtCaret();

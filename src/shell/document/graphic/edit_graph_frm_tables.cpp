@@ -38,11 +38,31 @@ QList<MenuRow> sizeRows() {
     return rows;
 }
 
+const QList<MenuRow> kHpFileRows{
+    {1, "MnuFicheiroGuardaremformatoHP", "Save As &HP File", "MnuFicheiroGuardaremformatoHP", nullptr,
+     "save-hp"},
+    {1, "MnuFicheiroSeparador2", "-"},
+};
+
+const QList<MenuRow> kSendRows = sendRows({
+    {2, "MnuFicheiroEnviarparaEdicaotextual", "Textual edition", "MnuFicheiroEnviarparaEdicaotextual",
+     nullptr, "send-text"},
+    {2, "MnuFicheiroEnviarparaEdicaotextualCF", "Textual edition (source-code)",
+     "EnviarCódigoFonteParaEdiçãoTextual", nullptr, "send-text-source"},
+});
+
+const QList<MenuRow> kPreviewRows{
+    {1, "MnuVerPrévisualizar", "Preview source-code", "MnuVerPrévisualizar"},
+    {1, "MnuVerPrévisualizarSelecçao", "Preview selected (source-code)", "MnuVerPrévisualizarSelecçao",
+     nullptr, "preview-source"},
+};
+
 } // namespace
 
 const QList<MenuRow> &graphMenuTable() {
     static const QList<MenuRow> table =
-        fileRows() + exitRows() + editRows() + viewRows() + fullScreenRows() +
+        fileRows() + kHpFileRows + kSendRows + exitRows() + editRows() + viewRows() + kPreviewRows +
+        fullScreenRows() +
         QList<MenuRow>{
             {0, "MnuInserir", "&Insert"},
             {1, "MnuInserirDataehora", "&Date and time...", "MostrarDateTimeFrm"},
@@ -73,16 +93,33 @@ const QList<MenuRow> &graphPopUpTable() {
         popUpRows() + imageRows(3, NamesOf::PopUp, RowsOf::Graphical) +
         QList<MenuRow>{
             {2, "MnuPopUpInserirLinhahorizontal", "&Horizontal line", "MnuInserirLinhahorizontal"},
+            {1, "MnuPopUpPrévisualizar", "Preview selected (source-code)", "MnuVerPrévisualizarSelecçao",
+             nullptr, "preview-source"},
         } +
         styleRows(NamesOf::PopUp, RowsOf::Graphical);
     return table;
 }
 
 const QList<ToolRow> &graphStandardToolbarTable() {
-    static const QList<ToolRow> table = fileButtons() + editButtons() + fullScreenButtons() +
-                                        QList<ToolRow>{
-                                            {"Ajuda", "Help", "help", "MnuAjudadozolt"},
-                                        };
+    static const QList<ToolRow> table =
+        fileButtons() +
+        QList<ToolRow>{
+            {"Guardar como ficheiro HP", "Save as HP file", "save-hp", "MnuFicheiroGuardaremformatoHP"},
+        } +
+        editButtons() +
+        QList<ToolRow>{
+            {"Pré-visualizar código fonte da selecção", "Preview selection source-code", "preview-source",
+             "MnuVerPrévisualizarSelecçao"},
+        } +
+        fullScreenButtons() +
+        QList<ToolRow>{
+            {"Enviar para edição textual", "Send to Textual Edition", "send-text",
+             "MnuFicheiroEnviarparaEdicaotextual"},
+            {"Enviar para edição textual código fonte", "Send to Textual Edition (source-code)",
+             "send-text-source", "EnviarCódigoFonteParaEdiçãoTextual"},
+            {"", "", nullptr},
+            {"Ajuda", "Help", "help", "MnuAjudadozolt"},
+        };
     return table;
 }
 

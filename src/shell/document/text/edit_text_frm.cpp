@@ -28,7 +28,17 @@ const Edition &EditTextFrm::edition() {
 }
 
 EditTextFrm::EditTextFrm(QWidget *frame) : DocumentFrm(edition(), frame) {
-    begin();
+    DocumentFrm::begin();
+}
+
+void EditTextFrm::begin(const std::string &text, const QString &caption) {
+    activeTextPane().setText(text);
+    setCaption(caption);
+    documentBegins();
+}
+
+void EditTextFrm::EnviarParaEdiçãoGráfica() {
+    frame().send(Road::TextToGraphical);
 }
 
 TextPane &EditTextFrm::textPane(int number) const {

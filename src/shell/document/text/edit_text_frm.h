@@ -24,10 +24,18 @@ public:
     TextPane &textPane(int number) const;
     TextPane &activeTextPane() const;
 
+    /// Begins with a document that comes from elsewhere and is in no file.
+    void begin(const std::string &text, const QString &caption);
+    /// What the panes' characters look like, all but the font's name.
+    static CharFormat characterLook();
+
     void insertText(std::string_view bytes) override;
     void fontChosen() override;
 
 public slots:
+    /// Sends the document to the graphical edition.
+    void EnviarParaEdiçãoGráfica();
+
     void AplicarEstilosDeLetra();
     void LimparEstilosDeLetra();
     void EscolherFonte();

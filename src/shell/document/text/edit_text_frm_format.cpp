@@ -71,6 +71,18 @@ QFont EditTextFrm::fontOfSettings() {
     return font;
 }
 
+CharFormat EditTextFrm::characterLook() {
+    const Settings &settings = shared::settings;
+    CharFormat look;
+    look.halfPoints = static_cast<std::uint16_t>(settings.TFntSize * 2);
+    look.colour = colourFromSetting(settings.TFntColr);
+    look.bold = isTrue(settings.TFntBold);
+    look.italic = isTrue(settings.TFntItal);
+    look.underline = isTrue(settings.TFntUndl);
+    look.strikeThru = isTrue(settings.TFntStrT);
+    return look;
+}
+
 void EditTextFrm::applyPaneFont() {
     for (const int number : {1, 2})
         textPane(number).setPaneFont(fontOfSettings());

@@ -21,6 +21,15 @@ const QList<MenuRow> kExportRows{
     {1, "MnuFicheiroExportarPrevisualizarpaginaWeb", "Preview &Web Page",
      "FicheiroExportarPrevisualizarpaginaWeb", nullptr, "preview-web"},
     {1, "MnuFicheiroSeparador3", "-"},
+};
+
+const QList<MenuRow> kSendRows = sendRows({
+    {2, "MnuFicheiroEnviarparaEdicaografica", "Graphical edition", "EnviarParaEdiçãoGráfica", nullptr,
+     "send-graphic"},
+});
+
+const QList<MenuRow> kIntegrityRows{
+    {1, "MnuFicheiroSeparador4", "-"},
     {1, "MnuFicheiroGuardarcomoficheiroHP", "&Integrity Test", "TesteDeIntegridade", nullptr,
      "integrity-test"},
 };
@@ -96,9 +105,10 @@ const QList<MenuRow> kToolRows{
 } // namespace
 
 const QList<MenuRow> &textMenuTable() {
-    static const QList<MenuRow> table = fileRows() + kExportRows + exitRows() + editRows() + viewRows() +
-                                        kPreviewRows + fullScreenRows() + kInsertRows + kFormatRows +
-                                        kToolRows + windowMenuRows(true) + helpRows();
+    static const QList<MenuRow> table = fileRows() + kExportRows + kSendRows + kIntegrityRows + exitRows() +
+                                        editRows() + viewRows() + kPreviewRows + fullScreenRows() +
+                                        kInsertRows + kFormatRows + kToolRows + windowMenuRows(true) +
+                                        helpRows();
     return table;
 }
 
@@ -131,6 +141,8 @@ const QList<ToolRow> &textStandardToolbarTable() {
             {"Pdf", "Export to Adobe Portable Document Format (PDF)", "export-pdf",
              "MostrarEditTextExportPDFFrm"},
             {"", "", nullptr},
+            {"Enviar para edição gráfica", "Send to Graphical Edition", "send-graphic",
+             "EnviarParaEdiçãoGráfica"},
             {"Teste de integridade", "Integrity test", "integrity-test", "TesteDeIntegridade"},
             {"Ajuda", "Help", "help", "MnuAjudadozolt"},
         };

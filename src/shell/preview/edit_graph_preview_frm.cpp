@@ -1,0 +1,238 @@
+#include "shell/preview/edit_graph_preview_frm.h"
+
+#include "core/codes.h"
+#include "core/file.h"
+#include "graphic/rich_text_builder.h"
+#include "graphic/rtf_reader.h"
+#include "hp48/hp_file.h"
+#include "platform/embedded_picture.h"
+#include "platform/rich_text_box.h"
+#include "shell/base/dialog_frm.h"
+#include "shell/base/frame.h"
+#include "shell/base/long_work.h"
+#include "shell/base/shared_values.h"
+#include "shell/base/status_line.h"
+#include "shell/base/windows.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace zolt {
+
+namespace {
+
+/// The source-code view, in twips.
+constexpr int kSourceWidth = 8000;
+constexpr int kSourceHeight = 5000;
+/// The views of the choice and of the progress are as wide as the longest percentage
+/// needs, so that they don't tremble, in pixels.
+constexpr int kProgressWidth = 260;
+
+QLabel *newLabel(const char *name, const char *text) {
+    auto *label = new QLabel(QString::fromUtf8(text));
+    label->setObjectName(QString::fromUtf8(name));
+    return label;
+}
+
+void showPercent(QLabel *label, std::size_t step, std::size_t total) {
+    label->setText(QStringLiteral("%1%").arg(total ? step * 100 / total : 100));
+}
+
+DotSurface dotsOf(const RichPicture &picture) {
+    return dotsOfEmbeddedPicture(picture, kSourcePictureWidth, kSourcePictureHeight);
+}
+
+} // namespace
+
+EditGraphPreviewFrm::EditGraphPreviewFrm(QWidget *owner)
+    : ToolFrm(QStringLiteral("Format"), DisablesTheFrame, owner),
+      Frame2(buildChoice()),
+      Frame3(buildProgress()),
+      Text3(new RichTextBox) {
+    Text3->setObjectName(QStringLiteral("Text3"));
+    Text3->setReadOnly(true);
+    auto *column = new QVBoxLayout(this);
+    for (QWidget *view : std::initializer_list<QWidget *>{Frame2, Frame3, Text3})
+        column->addWidget(view);
+    shared::CancelarOperação = 0;
+    m_style.setClient(this);
+    m_style.setToolWindow(true);
+    m_style.setSizable(false);
+    showView(Frame2);
+}
+
+QGroupBox *EditGraphPreviewFrm::buildChoice() {
+    auto *choice = new QGroupBox;
+    choice->setObjectName(QStringLiteral("Frame2"));
+    auto *column = new QVBoxLayout(choice);
+    int number = 1;
+    for (const char *caption : {"Normal", "With partial optimization", "With total optimization"}) {
+        auto *option = new QRadioButton(QString::fromUtf8(caption));
+        option->setObjectName(QStringLiteral("Option%1").arg(number++));
+        option->setChecked(number == 2);
+        column->addWidget(option);
+    }
+    auto *ok = new QPushButton(QStringLiteral("OK"));
+    ok->setObjectName(QStringLiteral("Command1"));
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &EditGraphPreviewFrm::compile);
+    column->addWidget(ok, 0, Qt::AlignCenter);
+    return choice;
+}
+
+QWidget *EditGraphPreviewFrm::buildProgress() {
+    auto *progress = new QWidget;
+    progress->setObjectName(QStringLiteral("Frame3"));
+    progress->setMinimumWidth(kProgressWidth);
+    Label3 = newLabel("Label3", "0%");
+    Label4 = newLabel("Label4", "Total:");
+    Label5 = newLabel("Label5", "Images:");
+    Label6 = newLabel("Label6", "0%");
+    Label7 = newLabel("Label7", "(Searching ...)");
+    Label8 = newLabel("Label8", "Format:");
+    auto *cancelButton = new QPushButton(QStringLiteral("Cancel"));
+    cancelButton->setObjectName(QStringLiteral("Command3"));
+    connect(cancelButton, &QPushButton::clicked, this, &EditGraphPreviewFrm::cancel);
+    auto *grid = new QGridLayout(progress);
+    grid->addWidget(Label4, 0, 0);
+    grid->addWidget(Label3, 0, 1);
+    grid->addWidget(Label5, 1, 0);
+    grid->addWidget(Label8, 1, 0);
+    grid->addWidget(Label6, 1, 1);
+    grid->addWidget(Label7, 1, 2);
+    grid->addWidget(cancelButton, 2, 0, 1, 3, Qt::AlignCenter);
+    grid->setColumnStretch(2, 1);
+    return progress;
+}
+
+void EditGraphPreviewFrm::showView(QWidget *view) {
+    for (QWidget *each : std::initializer_list<QWidget *>{Frame2, Frame3, Text3})
+        each->setVisible(each == view);
+}
+
+void EditGraphPreviewFrm::showProgressView() {
+    setWindowTitle(QStringLiteral("Compiling source-code..."));
+    m_style.setToolWindow(true);
+    m_style.setControlBox(false);
+    m_style.setSizable(false);
+    m_style.setTopMost(true);
+    for (QLabel *hidden : {Label5, Label7})
+        hidden->hide();
+    showView(Frame3);
+    frameWindow()->setEnabled(false);
+    QCoreApplication::processEvents();
+}
+
+SourceProgress EditGraphPreviewFrm::progress() {
+    const auto stopped = [] { return shared::CancelarOperação == 1; };
+    SourceProgress progress;
+    progress.styles = livelyProgress(
+        [this](std::size_t step, std::size_t total) { showPercent(Label6, step, total); }, stopped);
+    progress.text = livelyProgress(
+        [this](std::size_t step, std::size_t total) { showPercent(Label3, step, total); }, stopped);
+    progress.image = [this, stopped, turn = livelyProgress({}, stopped)](std::size_t number) {
+        Label8->hide();
+        Label5->show();
+        Label5->setText(QStringLiteral("Image %1:").arg(number));
+        Label6->setText(QStringLiteral("0%"));
+        return turn(0, 0);
+    };
+    progress.dots = livelyProgress(
+        [this](std::size_t step, std::size_t total) { showPercent(Label6, step, total); }, stopped);
+    progress.finish = [this, stopped] {
+        for (QLabel *label : {Label3, Label4, Label6, Label8})
+            label->hide();
+        Label5->show();
+        Label5->setText(QStringLiteral("     Optimizing..."));
+        QCoreApplication::processEvents();
+        return !stopped();
+    };
+    return progress;
+}
+
+void EditGraphPreviewFrm::compile() {
+    if (m_working)
+        return;
+    for (const int number : {1, 2, 3})
+        if (Frame2->findChild<QRadioButton *>(QStringLiteral("Option%1").arg(number))->isChecked())
+            shared::TipoDeCompilação = static_cast<std::int16_t>(number);
+    const QPointer<EditGraphPreviewFrm> self = this;
+    m_working = true;
+    showProgressView();
+    const SourceProgress shown = progress(); // keeps this window while it lives
+    const RichText text = richTextFromRtf(shared::RtfACompilar, shown.text);
+    auto source = shared::CancelarOperação == 1
+                      ? std::nullopt
+                      : compileSource(text, SourceKind{shared::TipoDeCompilação}, dotsOf, shown);
+    m_working = false;
+    if (!source || shared::CancelarOperação == 1) {
+        close();
+        return;
+    }
+    m_source = std::move(*source);
+    handOn();
+}
+
+void EditGraphPreviewFrm::handOn() {
+    switch (shared::DestinoDaCompilação) {
+    case shared::ToHpFile:
+        m_style.setTopMost(false);
+        FicheiroGuardarComo();
+        close();
+        break;
+    case shared::ToTextualEdition:
+        shared::TextoEnviado = withStyleMarks(std::move(m_source));
+        // The frame is enabled again before the new document comes.
+        close();
+        mainFrame()->send(Road::SourceToTextual);
+        break;
+    default:
+        showSource();
+    }
+}
+
+void EditGraphPreviewFrm::showSource() {
+    setWindowTitle(QStringLiteral("Source-code"));
+    const CharFormat plain{.halfPoints = 20};
+    Text3->setRichText(richTextFromPlainText(m_source, plain));
+    layout()->setContentsMargins(0, 0, 0, 0);
+    showView(Text3);
+    m_style.setToolWindow(false);
+    m_style.setControlBox(true);
+    m_style.setTopMost(false);
+    m_style.setSizable(true);
+    resize(pixels(kSourceWidth), pixels(kSourceHeight));
+    move(screen()->availableGeometry().center() - rect().center());
+    Text3->setFocus();
+}
+
+void EditGraphPreviewFrm::FicheiroGuardarComo() {
+    CommonDialog &dialog = commonDialog(DialogFrm::GraphPreview);
+    dialog.DialogTitle = QStringLiteral("Save As HP file");
+    dialog.Filter = QStringLiteral("All files (*.*)|*.*|");
+    dialog.FilterIndex = 2;
+    dialog.InitDir = shared::settings.DefltDir;
+    dialog.Flags = kOverwritePrompt;
+    if (dialog.ShowSave(this) != kDialogDone)
+        return;
+    savedOrSaid(dialog.FileName, writeFile(dialog.FileName, hpFile(withStyleMarks(m_source))));
+    shared::GuardarCancelado = 0;
+}
+
+void EditGraphPreviewFrm::cancel() {
+    shared::CancelarOperação = 1;
+}
+
+void EditGraphPreviewFrm::closing() {
+    if (m_working)
+        shared::CancelarOperação = 1;
+}
+
+} // namespace zolt

@@ -1,0 +1,29 @@
+#include "shell/start/document_windows.h"
+
+#include "shell/document/graphic/edit_graph_frm.h"
+#include "shell/document/text/edit_text_frm.h"
+#include "shell/frame/mdi_frm.h"
+
+namespace zolt {
+
+namespace {
+
+template <class Window> DocumentFrm &showDocumentWindow() {
+    MDIFrm &frame = *loaded<MDIFrm>();
+    const bool fresh = !loaded<Window>();
+    Window &window = load<Window>(&frame);
+    if (fresh)
+        frame.adopt(&window);
+    frame.show();
+    window.showMaximized();
+    takeFocus(window.activePane());
+    return window;
+}
+
+} // namespace
+
+DocumentFrm &openEdition(int edition) {
+    return edition == kGraphical ? showDocumentWindow<EditGraphFrm>() : showDocumentWindow<EditTextFrm>();
+}
+
+} // namespace zolt

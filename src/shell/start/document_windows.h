@@ -1,0 +1,14 @@
+#pragma once
+
+#include "shell/document/document_frm.h"
+
+namespace zolt {
+
+/// The numbers of the two editions, as EdiçãoActiva and the choosers have them.
+inline constexpr int kTextual = 1;
+inline constexpr int kGraphical = 2;
+
+/// Shows the window of an edition, with an empty document if it is new, and the frame.
+DocumentFrm &openEdition(int edition);
+
+} // namespace zolt
