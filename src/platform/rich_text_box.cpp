@@ -15,12 +15,28 @@
 #include <QTextBlock>
 #include <QTextLayout>
 #include <algorithm>
+#include <utility>
 
 namespace zolt {
 
 namespace {
 
 constexpr int kTwipsAPixel = 15;
+
+/// How many paragraphs are alike at the start and behind them at the end of two texts. At
+/// least one of each text is left.
+std::pair<int, int> commonParagraphs(const RichText &a, const RichText &b) {
+    if (a.fonts != b.fonts) // the formats' numbers mean others
+        return {0, 0};
+    const auto room = static_cast<std::ptrdiff_t>(std::min(a.paragraphs.size(), b.paragraphs.size())) - 1;
+    const auto frontEnd = a.paragraphs.begin() + room;
+    const auto front =
+        std::mismatch(a.paragraphs.begin(), frontEnd, b.paragraphs.begin()).first - a.paragraphs.begin();
+    const auto backEnd = a.paragraphs.rbegin() + (room - front);
+    const auto back =
+        std::mismatch(a.paragraphs.rbegin(), backEnd, b.paragraphs.rbegin()).first - a.paragraphs.rbegin();
+    return {static_cast<int>(front), static_cast<int>(back)};
+}
 
 } // namespace
 
@@ -126,10 +142,16 @@ void RichTextBox::setSelRichText(const RichText &text) {
 }
 
 void RichTextBox::replaceRichText(const RichText &text) {
+    const RichText old = richText();
+    if (old == text)
+        return placeCaret(0);
+    const auto [front, back] = commonParagraphs(old, text);
+    const RichText stretch{text.fonts, {text.paragraphs.begin() + front, text.paragraphs.end() - back}};
+    const QTextBlock first = m_document->findBlockByNumber(front);
+    const QTextBlock last = m_document->findBlockByNumber(m_document->blockCount() - 1 - back);
     const HeldChange hold(*this);
-    QTextCursor all(m_document);
-    all.select(QTextCursor::Document);
-    m_document->insert(all, text);
+    QTextCursor cursor = cursorOver(first.position(), last.position() + last.length() - 1);
+    m_document->insert(cursor, stretch);
     endStep();
     placeCaret(0);
 }

@@ -42,7 +42,8 @@ public:
     RichText selRichText() const;
     /// Replaces the selection in one undo step; the caret stands behind the new text.
     void setSelRichText(const RichText &text);
-    /// Replaces all in one undo step; the caret goes to 0.
+    /// Replaces all in one undo step; the caret goes to 0. Only the paragraphs that differ
+    /// are edited.
     void replaceRichText(const RichText &text);
 
     /// The same as RTF; a source that isn't RTF is taken as plain text.

@@ -90,6 +90,42 @@ TEST(RichTextBoxUndo, TakesBackEveryCommandWithLooksPicturesAndSelection) {
     EXPECT_EQ(state(), after.back());
 }
 
+TEST(RichTextBoxUndo, TakesBackTheReplacingOfAllWhichEditsOnlyWhatDiffers) {
+    std::mt19937 random(1);
+    for (int round = 0; round < 60; ++round) {
+        RichTextBox box;
+        box.setRichText(randomRichText(random));
+        const RichText before = box.richText();
+        RichText text = round % 4 ? before : randomRichText(random);
+        const auto at =
+            text.paragraphs.begin() + static_cast<std::ptrdiff_t>(random() % text.paragraphs.size());
+        if (round % 4 == 1)
+            text.paragraphs.insert(at, oneRun("new").paragraphs[0]);
+        else if (round % 4 == 2 && text.paragraphs.size() > 1)
+            text.paragraphs.erase(at);
+        else if (round % 4 == 3)
+            *at = oneRun("changed").paragraphs[0];
+        RichTextBox other;
+        other.setRichText(text);
+        box.replaceRichText(text);
+        ASSERT_EQ(box.richText(), other.richText()) << round;
+        box.undo();
+        ASSERT_EQ(box.richText(), before) << round;
+        EXPECT_FALSE(box.document()->isUndoAvailable());
+    }
+    ShownBox shown;
+    RichText text = sample();
+    shown.box.setRichText(text);
+    std::vector<int> places;
+    QObject::connect(shown.box.document(), &QTextDocument::contentsChange,
+                     [&places](int from, int, int) { places.push_back(from); });
+    shown.box.replaceRichText(text);
+    EXPECT_TRUE(places.empty());
+    text.paragraphs[1].runs[0].content = "END";
+    shown.box.replaceRichText(text);
+    EXPECT_EQ(places, std::vector<int>{11});
+}
+
 TEST(RichTextBoxUndo, TakesBackALookOfAllAlsoInEmptyLines) {
     ShownBox shown;
     RichTextBuilder builder;

@@ -32,10 +32,7 @@ void EditGraphFullscreenFrm::take(const Pane &document, Pane &pane) {
 }
 
 void EditGraphFullscreenFrm::giveBack(const Pane &pane, Pane &document) {
-    const auto &from = static_cast<const RichTextBox &>(pane);
-    auto &to = static_cast<RichTextBox &>(document);
-    if (const RichText text = from.richText(); text != to.richText())
-        to.replaceRichText(text);
+    static_cast<RichTextBox &>(document).replaceRichText(static_cast<const RichTextBox &>(pane).richText());
 }
 
 FullscreenLeaveFrm &EditGraphFullscreenFrm::loadLeaveWindow() {

@@ -24,8 +24,7 @@ void EditTextFullscreenFrm::take(const Pane &document, Pane &pane) {
 }
 
 void EditTextFullscreenFrm::giveBack(const Pane &pane, Pane &document) {
-    if (const std::string text = pane.Text(); text != document.Text())
-        static_cast<TextPane &>(document).replaceText(text);
+    static_cast<TextPane &>(document).replaceText(pane.Text());
 }
 
 FullscreenLeaveFrm &EditTextFullscreenFrm::loadLeaveWindow() {
