@@ -8,6 +8,8 @@ namespace zolt {
 
 namespace {
 
+/// Beside the button, so that a title has room and the mouse something to drag.
+constexpr int kGround = 32;
 /// Between the window and the edge of the screen, in pixels.
 constexpr int kDistance = 16;
 /// What a title and borders add before a window manager has told it.
@@ -28,6 +30,7 @@ FullscreenLeaveFrm::FullscreenLeaveFrm(QWidget *owner)
     connect(button, &QPushButton::clicked, this, &QWidget::close);
     auto *column = new QVBoxLayout(this);
     column->addWidget(button);
+    column->setContentsMargins(kGround, kGround / 2, kGround, kGround / 2);
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
 
@@ -40,6 +43,7 @@ QPoint FullscreenLeaveFrm::corner(const QRect &caret, const QRect &room) const {
 }
 
 void FullscreenLeaveFrm::showBeside(const QRect &caret, const QRect &room) {
+    layout()->activate(); // a size given later would have the window manager place it anew
     move(corner(caret, room));
     show();
 }
