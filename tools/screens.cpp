@@ -8,9 +8,13 @@
 #include "platform/text_pane.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/text/edit_text_frm.h"
+#include "shell/document/text/edit_text_fullscreen_frm.h"
 #include "shell/exports/edit_text_export_pdf_frm.h"
 #include "shell/exports/edit_text_guardar_hp_frm.h"
 #include "shell/frame/mdi_frm.h"
+#include "shell/pictures/edit_graph_insert_grob_frm.h"
+#include "shell/pictures/edit_graph_insert_image_frm.h"
+#include "shell/pictures/edit_graph_insert_velda_frm.h"
 #include "shell/pictures/edit_text_conv_img_frm.h"
 #include "shell/pictures/edit_text_insert_grob_frm.h"
 #include "shell/pictures/edit_text_insert_image_frm.h"
@@ -106,6 +110,31 @@ const QList<Scene> &scenes() {
          []() -> QWidget * {
              load<EditTextInsertVeldaFrm>(loaded<MDIFrm>()).show();
              return loaded<EditTextInsertVeldaFrm>();
+         }},
+        {"EditGraphInsertImageFrm",
+         []() -> QWidget * {
+             load<EditGraphInsertImageFrm>(loaded<MDIFrm>()).show();
+             return loaded<EditGraphInsertImageFrm>();
+         }},
+        {"EditGraphInsertGrobFrm",
+         []() -> QWidget * {
+             load<EditGraphInsertGrobFrm>(loaded<MDIFrm>()).show();
+             return loaded<EditGraphInsertGrobFrm>();
+         }},
+        {"EditGraphInsertVeldaFrm",
+         []() -> QWidget * {
+             load<EditGraphInsertVeldaFrm>(loaded<MDIFrm>()).show();
+             return loaded<EditGraphInsertVeldaFrm>();
+         }},
+        {"EditTextFullscreenFrm",
+         []() -> QWidget * {
+             loaded<EditTextFrm>()->MnuVerEcrainteiro();
+             return loaded<EditTextFullscreenFrm>();
+         }},
+        {"EditTextFullscreenLeaveFrm",
+         []() -> QWidget * {
+             loaded<EditTextFrm>()->MnuVerEcrainteiro();
+             return loaded<EditTextFullscreenLeaveFrm>();
          }},
         {"EditTextConvImgFrm", [] { return open<EditTextConvImgFrm>("MostrarEditTextConvImgFrm"); }},
         {"EditTextFindFrm", [] { return open<EditTextFindFrm>("MostrarEditTextFindFrm"); }},

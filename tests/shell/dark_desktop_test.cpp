@@ -88,17 +88,18 @@ TEST_P(DarkWindow, AllTextsAreLegible) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, DarkWindow,
-    testing::Values(Sight{"Document", "EditTextFrm", {}},
-                    Sight{"DefaultColours", "EditTextFrm", {"MnuFormatarPadrão"}},
-                    Sight{"HighContrast", "EditTextFrm", {"MnuFormatarAltocontraste"}},
-                    Sight{"IntegrityTest", "EditTextGuardarHPFrm", {"TesteDeIntegridade"}},
-                    Sight{"IntegrityTestOfHighContrast",
-                          "EditTextGuardarHPFrm",
-                          {"MnuFormatarAltocontraste", "TesteDeIntegridade"}},
-                    Sight{"PreviewHp48", "EditTextPreviewFrm", {"MnuVerPrévisualizartudoEstiloHP48"}},
-                    Sight{"PreviewNormal", "EditTextPreviewNormalFrm", {"MnuVerPrévisualizartudoNormal"}},
-                    Sight{"Find", "EditTextFindFrm", {"EditarLocalizar"}},
-                    Sight{"CharacterTable", "CaracterTableFrm", {"VerTabeladecaracteres"}}),
+    testing::Values(
+        Sight{"Document", "EditTextFrm", {}}, Sight{"DefaultColours", "EditTextFrm", {"MnuFormatarPadrão"}},
+        Sight{"HighContrast", "EditTextFrm", {"MnuFormatarAltocontraste"}},
+        Sight{"IntegrityTest", "EditTextGuardarHPFrm", {"TesteDeIntegridade"}},
+        Sight{"IntegrityTestOfHighContrast",
+              "EditTextGuardarHPFrm",
+              {"MnuFormatarAltocontraste", "TesteDeIntegridade"}},
+        Sight{"PreviewHp48", "EditTextPreviewFrm", {"MnuVerPrévisualizartudoEstiloHP48"}},
+        Sight{"PreviewNormal", "EditTextPreviewNormalFrm", {"MnuVerPrévisualizartudoNormal"}},
+        Sight{"FullScreen", "EditTextFullscreenFrm", {"MnuFormatarAltocontraste", "MnuVerEcrainteiro"}},
+        Sight{"Find", "EditTextFindFrm", {"EditarLocalizar"}},
+        Sight{"CharacterTable", "CaracterTableFrm", {"VerTabeladecaracteres"}}),
     [](const auto &sight) { return sight.param.name; });
 
 TEST_F(DarkDesktop, TheWebPageLooksLikeThePane) {
