@@ -199,7 +199,10 @@ TEST_P(Fullscreen, TheSmallWindowHidesNoCaretAndIsReachedByAKey) {
 }
 
 TEST_F(ProgramTest, FullscreenKeepsWhatARichTextLooksLike) {
-    auto &box = dynamic_cast<RichTextBox &>(startEdition(2).activePane());
+    DocumentFrm &document = startEdition(2);
+    auto &box = dynamic_cast<RichTextBox &>(document.activePane());
+    call(&document, "MnuFormatarAltocontraste");
+    call(&document, "EditarSeleccionarTudo");
     QImage picture(20, 10, QImage::Format_RGB32);
     picture.fill(Qt::red);
     box.pastePicture(picture);
@@ -210,20 +213,31 @@ TEST_F(ProgramTest, FullscreenKeepsWhatARichTextLooksLike) {
     box.setSelColor(0x0000FF);
     box.setSelFontSize(20);
     box.setSelStart(12);
+    const auto typeInFullScreen = [&] {
+        call(&document, "MnuVerEcrainteiro");
+        QWidget *window = shown(QStringLiteral("EditGraphFullscreenFrm"));
+        auto &pane = dynamic_cast<RichTextBox &>(*control<QWidget>(window, "Text1"));
+        EXPECT_EQ(pane.richText(), box.richText());
+        EXPECT_EQ(pane.palette().color(QPalette::Base), QColor(Qt::black));
+        QTest::keyClicks(&pane, QStringLiteral("er"));
+        const RichText typed = pane.richText();
+        window->close();
+        deleteClosed();
+        EXPECT_EQ(box.richText(), typed);
+    };
     const RichText before = box.richText();
-    call(&documentInUse()->window(), "MnuVerEcrainteiro");
-    QWidget *window = shown(QStringLiteral("EditGraphFullscreenFrm"));
-    auto &pane = dynamic_cast<RichTextBox &>(*control<QWidget>(window, "Text1"));
-    EXPECT_EQ(pane.richText(), before);
-    EXPECT_EQ(pane.palette().color(QPalette::Base), box.palette().color(QPalette::Base));
-    QTest::keyClicks(&pane, QStringLiteral("er"));
-    const RichText after = pane.richText();
-    window->close();
-    EXPECT_EQ(box.richText(), after);
+    typeInFullScreen();
     box.setSelStart(13);
     EXPECT_EQ(box.SelFontName(), "ZOLTBold");
     box.undo();
     EXPECT_EQ(box.richText(), before);
+
+    call(&document, "EditarSeleccionarTudo");
+    QTest::keyClick(&box, Qt::Key_Delete);
+    box.setSelFontName("ZOLTInverse");
+    typeInFullScreen();
+    EXPECT_EQ(box.SelFontName(), "ZOLTInverse");
+    EXPECT_EQ(box.SelColor(), 0x80FF80u);
 }
 
 INSTANTIATE_TEST_SUITE_P(Editions, Fullscreen, testing::Values(1, 2),

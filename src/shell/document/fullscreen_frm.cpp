@@ -58,8 +58,7 @@ void FullscreenFrm::enter() {
     const Pane &from = document->activePane();
     take(from, pane());
     coverScreen();
-    pane().setSelStart(from.SelStart());
-    pane().setSelLength(from.SelLength());
+    copyCaret(from, pane());
     m_touched = false;
     m_leaveWindow = &loadLeaveWindow();
     m_leaveWindow->showBeside(caret(), room());
@@ -67,7 +66,6 @@ void FullscreenFrm::enter() {
     disableTools();
     for (QObject *watched : {static_cast<QObject *>(m_document), static_cast<QObject *>(frameWindow())})
         watched->installEventFilter(this);
-    connect(m_document, &QObject::destroyed, this, &QWidget::close);
 }
 
 void FullscreenFrm::coverScreen() {
@@ -94,10 +92,16 @@ void FullscreenFrm::giveDocumentBack() {
     Pane &to = document->activePane();
     if (m_touched)
         giveBack(pane(), to);
-    to.setSelStart(pane().SelStart());
-    to.setSelLength(pane().SelLength());
+    copyCaret(pane(), to);
     shared::PosiçãoCursor = static_cast<std::int32_t>(to.SelStart());
     emit left();
+}
+
+void FullscreenFrm::copyCaret(const Pane &from, Pane &to) {
+    to.setSelStart(from.SelStart());
+    to.setSelLength(from.SelLength());
+    if (!from.hasSelection())
+        copyTypedLook(from, to);
 }
 
 void FullscreenFrm::closing() {

@@ -36,6 +36,8 @@ protected:
     virtual void take(const Pane &document, Pane &pane) = 0;
     /// Makes the document that of a pane of this window, in one step of undo.
     virtual void giveBack(const Pane &pane, Pane &document) = 0;
+    /// What is typed next looks alike in both panes.
+    virtual void copyTypedLook(const Pane & /*from*/, Pane & /*to*/) {}
     /// The small window that leaves this one.
     virtual FullscreenLeaveFrm &loadLeaveWindow() = 0;
 
@@ -49,6 +51,7 @@ private:
     /// The tools beside the document would write into its pane, which waits.
     void disableTools();
     void giveDocumentBack();
+    void copyCaret(const Pane &from, Pane &to);
     void switchToLeaveWindow();
     void keepCaretInSight();
     /// On the screen: the caret, and the pane without its scroll bars.

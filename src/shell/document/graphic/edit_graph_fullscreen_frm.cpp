@@ -11,13 +11,6 @@ Pane *newPane(bool wraps, QWidget *parent) {
     return new RichTextBox(wraps, parent);
 }
 
-/// What is typed next looks alike in both.
-void copyTypedLook(const RichTextBox &from, RichTextBox &to) {
-    to.setSelFontName(from.SelFontName());
-    to.setSelFontSize(from.SelFontSize());
-    to.setSelColor(from.SelColor());
-}
-
 } // namespace
 
 EditGraphFullscreenFrm::EditGraphFullscreenFrm(QWidget *owner) : FullscreenFrm(newPane, owner) {}
@@ -27,12 +20,18 @@ void EditGraphFullscreenFrm::take(const Pane &document, Pane &pane) {
     auto &to = static_cast<RichTextBox &>(pane);
     to.setPalette(from.palette());
     to.setRichText(from.richText());
-    if (from.length() == 0)
-        copyTypedLook(from, to);
 }
 
 void EditGraphFullscreenFrm::giveBack(const Pane &pane, Pane &document) {
     static_cast<RichTextBox &>(document).replaceRichText(static_cast<const RichTextBox &>(pane).richText());
+}
+
+void EditGraphFullscreenFrm::copyTypedLook(const Pane &from, Pane &to) {
+    const auto &source = static_cast<const RichTextBox &>(from);
+    auto &target = static_cast<RichTextBox &>(to);
+    target.setSelFontName(source.SelFontName());
+    target.setSelFontSize(source.SelFontSize());
+    target.setSelColor(source.SelColor());
 }
 
 FullscreenLeaveFrm &EditGraphFullscreenFrm::loadLeaveWindow() {

@@ -15,6 +15,7 @@ public:
 protected:
     void take(const Pane &document, Pane &pane) override;
     void giveBack(const Pane &pane, Pane &document) override;
+    void copyTypedLook(const Pane &from, Pane &to) override;
     FullscreenLeaveFrm &loadLeaveWindow() override;
 };
 
