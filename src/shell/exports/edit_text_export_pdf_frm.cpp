@@ -11,6 +11,7 @@
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
 #include "shell/base/windows.h"
+#include "shell/widgets/command_button.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -20,7 +21,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <ctime>
 
@@ -119,18 +119,12 @@ EditTextExportPDFFrm::EditTextExportPDFFrm(QWidget *owner)
     for (QLineEdit *unseen : {txtFilename, txtOutputFile})
         unseen->hide();
 
-    btnConvert = new QPushButton(QStringLiteral("Save"));
-    btnConvert->setObjectName(QStringLiteral("btnConvert"));
+    btnConvert = newButton(this, "btnConvert", QStringLiteral("Save"), &EditTextExportPDFFrm::save);
     btnConvert->setDefault(true);
-    connect(btnConvert, &QPushButton::clicked, this, &EditTextExportPDFFrm::save);
-    auto *btnClose = new QPushButton(QStringLiteral("Cancel"));
-    btnClose->setObjectName(QStringLiteral("btnClose"));
-    connect(btnClose, &QPushButton::clicked, this, &QWidget::close);
-
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(btnConvert);
-    buttons->addWidget(btnClose);
+    buttons->addWidget(newButton(this, "btnClose", QStringLiteral("Cancel"), &QWidget::close));
     auto *column = new QVBoxLayout(this);
     column->addWidget(m_fields);
     column->addStretch();

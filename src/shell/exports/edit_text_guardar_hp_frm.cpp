@@ -10,11 +10,11 @@
 #include "shell/base/dialog_frm.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
+#include "shell/widgets/command_button.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QPointer>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zolt {
@@ -47,18 +47,14 @@ EditTextGuardarHPFrm::EditTextGuardarHPFrm(QWidget *owner)
     column->addWidget(label("Label1", QStringLiteral("Corrected document:"), Text1));
     column->addWidget(Text1, 3);
     auto *buttons = new QHBoxLayout;
-    const auto addButton = [&](const char *name, const QString &caption, auto command) {
-        auto *button = new QPushButton(caption);
-        button->setObjectName(QString::fromUtf8(name));
-        connect(button, &QPushButton::clicked, this, command);
-        buttons->addWidget(button);
-        return button;
-    };
-    addButton("Command1", QStringLiteral("Save"), &EditTextGuardarHPFrm::save);
-    addButton("Command3", QStringLiteral("Correct main document"), &EditTextGuardarHPFrm::correctDocument);
+    QPushButton *ok = newButton(this, "Command4", QStringLiteral("OK"), &QWidget::close);
+    ok->setDefault(true);
+    buttons->addWidget(newButton(this, "Command1", QStringLiteral("Save"), &EditTextGuardarHPFrm::save));
+    buttons->addWidget(newButton(this, "Command3", QStringLiteral("Correct main document"),
+                                 &EditTextGuardarHPFrm::correctDocument));
     buttons->addStretch();
-    addButton("Command4", QStringLiteral("OK"), &QWidget::close)->setDefault(true);
-    addButton("Command2", QStringLiteral("Cancel"), &QWidget::close);
+    buttons->addWidget(ok);
+    buttons->addWidget(newButton(this, "Command2", QStringLiteral("Cancel"), &QWidget::close));
     column->addLayout(buttons);
     resize(560, 520);
 }

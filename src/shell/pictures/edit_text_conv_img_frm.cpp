@@ -3,6 +3,7 @@
 #include "platform/surface_view.h"
 #include "platform/text_pane.h"
 #include "shell/base/shared_values.h"
+#include "shell/widgets/command_button.h"
 #include "shell/widgets/size_boxes.h"
 
 #include <QGridLayout>
@@ -11,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -70,11 +70,9 @@ EditTextConvImgFrm::EditTextConvImgFrm(QWidget *owner)
 
     auto *source = new QHBoxLayout;
     auto *sourceLabel = new QLabel(QStringLiteral("Source:"));
-    auto *choose = new QPushButton(QStringLiteral("..."));
-    choose->setObjectName(QStringLiteral("Command2"));
+    auto *choose = newButton(this, "Command2", QStringLiteral("..."), &EditTextConvImgFrm::chooseSource);
     choose->setToolTip(QStringLiteral("Choose the source"));
     choose->setAutoDefault(false);
-    connect(choose, &QPushButton::clicked, this, &EditTextConvImgFrm::chooseSource);
     source->addWidget(sourceLabel);
     source->addWidget(m_source, 1);
     source->addWidget(choose);
@@ -131,17 +129,15 @@ QWidget *EditTextConvImgFrm::buildButtons() {
     auto *buttons = new QWidget;
     auto *column = new QVBoxLayout(buttons);
     column->setContentsMargins(0, 0, 0, 0);
-    const auto addButton = [&](const char *name, const QString &caption, auto command) {
-        auto *button = new QPushButton(caption);
-        button->setObjectName(QString::fromUtf8(name));
+    QPushButton *convert =
+        newButton(this, "Command6", QStringLiteral("&Convert"), &EditTextConvImgFrm::convert);
+    for (QPushButton *button :
+         {convert, newButton(this, "Command7", QStringLiteral("&Preview"), &EditTextConvImgFrm::preview),
+          newButton(this, "Command1", QStringLiteral("Close"), &QWidget::close)}) {
         button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, command);
         column->addWidget(button);
-        return button;
-    };
-    addButton("Command6", QStringLiteral("&Convert"), &EditTextConvImgFrm::convert)->setDefault(true);
-    addButton("Command7", QStringLiteral("&Preview"), &EditTextConvImgFrm::preview);
-    addButton("Command1", QStringLiteral("Close"), &QWidget::close);
+    }
+    convert->setDefault(true);
     column->addStretch();
     return buttons;
 }

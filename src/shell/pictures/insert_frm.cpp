@@ -8,13 +8,13 @@
 #include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
 #include "shell/pictures/picture_filters.h"
+#include "shell/widgets/command_button.h"
 
 #include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QMdiSubWindow>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -81,10 +81,8 @@ InsertFrm::InsertFrm(const InsertSource &source, std::string Settings::*folder, 
 
 QPushButton *InsertFrm::addButton(const char *name, const QString &caption,
                                   const std::function<void()> &act) {
-    auto *button = new QPushButton(caption);
-    button->setObjectName(QString::fromUtf8(name));
+    QPushButton *button = newButton(this, name, caption, act);
     button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, act);
     m_buttons->insertWidget(m_buttons->count() - 1, button);
     return button;
 }

@@ -2,12 +2,12 @@
 
 #include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
+#include "shell/widgets/command_button.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <memory>
 
@@ -45,9 +45,7 @@ WaitFrm::WaitFrm(QWidget *owner)
       ProgressBar1(bar("ProgressBar1")),
       ProgressBar2(bar("ProgressBar2")) {
     ProgressBar2->setMaximumHeight(8);
-    auto *cancel = new QPushButton(QStringLiteral("Cancel"));
-    cancel->setObjectName(QStringLiteral("Command1"));
-    connect(cancel, &QPushButton::clicked, this, &WaitFrm::cancel);
+    QPushButton *cancel = newButton(this, "Command1", QStringLiteral("Cancel"), &WaitFrm::cancel);
     auto *column = new QVBoxLayout(this);
     for (QWidget *part : std::initializer_list<QWidget *>{Label1, Label2, ProgressBar1, ProgressBar2})
         column->addWidget(part);

@@ -1,8 +1,9 @@
 #include "shell/tools/about_frm.h"
 
+#include "shell/widgets/command_button.h"
+
 #include <QIcon>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zolt {
@@ -20,10 +21,8 @@ AboutFrm::AboutFrm(QWidget *owner) : ToolFrm(QStringLiteral("About ZOLT"), Besid
     link->setObjectName(QStringLiteral("Label1"));
     link->setAlignment(Qt::AlignCenter);
     link->setOpenExternalLinks(true);
-    auto *ok = new QPushButton(QStringLiteral("OK"));
-    ok->setObjectName(QStringLiteral("Command1"));
+    QPushButton *ok = newButton(this, "Command1", QStringLiteral("OK"), &QWidget::close);
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &QWidget::close);
     for (QWidget *part : std::initializer_list<QWidget *>{picture, name, purpose, link})
         column->addWidget(part);
     column->addWidget(ok, 0, Qt::AlignCenter);

@@ -3,11 +3,11 @@
 #include "platform/desktop.h"
 #include "platform/held_text.h"
 #include "shell/base/document_in_use.h"
+#include "shell/widgets/command_button.h"
 
 #include <QLabel>
 #include <QListWidget>
 #include <QLocale>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zolt {
@@ -45,15 +45,10 @@ DateTimeFrm::DateTimeFrm(QWidget *owner)
     label->setBuddy(List1);
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
-    const auto addButton = [&](const char *name, const QString &caption, auto command) {
-        auto *button = new QPushButton(caption);
-        button->setObjectName(QString::fromUtf8(name));
-        connect(button, &QPushButton::clicked, this, command);
-        buttons->addWidget(button);
-        return button;
-    };
-    addButton("Command1", QStringLiteral("OK"), &DateTimeFrm::insert)->setDefault(true);
-    addButton("Command2", QStringLiteral("Cancel"), &QWidget::close);
+    QPushButton *ok = newButton(this, "Command1", QStringLiteral("OK"), &DateTimeFrm::insert);
+    ok->setDefault(true);
+    buttons->addWidget(ok);
+    buttons->addWidget(newButton(this, "Command2", QStringLiteral("Cancel"), &QWidget::close));
 
     auto *column = new QVBoxLayout(this);
     column->addWidget(label);

@@ -7,6 +7,7 @@
 #include "shell/base/document_in_use.h"
 #include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
+#include "shell/widgets/command_button.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -14,7 +15,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
-#include <QPushButton>
 
 namespace zolt {
 
@@ -50,20 +50,17 @@ EditTextFindFrm::EditTextFindFrm(QWidget *owner)
     grid->addWidget(Check1, 2, 1);
     connect(Check1, &QCheckBox::clicked, this, &EditTextFindFrm::takeMatchCase);
 
+    QPushButton *find = newButton(this, "Command1", QStringLiteral("Find &next"), &EditTextFindFrm::findNext);
     int row = 0;
-    const auto addButton = [&](const char *name, const QString &caption, auto command) {
-        auto *button = new QPushButton(caption);
-        button->setObjectName(QString::fromUtf8(name));
+    for (QPushButton *button :
+         {find, newButton(this, "Command3", QStringLiteral("&Replace"), &EditTextFindFrm::replace),
+          newButton(this, "Command5", QStringLiteral("Replace &all"), &EditTextFindFrm::replaceAll),
+          newButton(this, "Command4", QStringLiteral("&Stop"), &EditTextFindFrm::stop),
+          newButton(this, "Command2", QStringLiteral("Close"), &QWidget::close)}) {
         button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, command);
         grid->addWidget(button, row++, 2);
-        return button;
-    };
-    addButton("Command1", QStringLiteral("Find &next"), &EditTextFindFrm::findNext)->setDefault(true);
-    addButton("Command3", QStringLiteral("&Replace"), &EditTextFindFrm::replace);
-    addButton("Command5", QStringLiteral("Replace &all"), &EditTextFindFrm::replaceAll);
-    addButton("Command4", QStringLiteral("&Stop"), &EditTextFindFrm::stop);
-    addButton("Command2", QStringLiteral("Close"), &QWidget::close);
+    }
+    find->setDefault(true);
     grid->setColumnStretch(1, 1);
     grid->setSizeConstraint(QLayout::SetFixedSize);
     for (auto *part : findChildren<QWidget *>())

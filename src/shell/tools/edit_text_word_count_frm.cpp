@@ -3,11 +3,11 @@
 #include "core/word_count.h"
 #include "platform/pane.h"
 #include "shell/base/document_in_use.h"
+#include "shell/widgets/command_button.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zolt {
@@ -41,10 +41,8 @@ EditTextWordCountFrm::EditTextWordCountFrm(QWidget *owner)
         m_counts[i]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00000000")));
         form->addRow(QString::fromUtf8(kRows[i].caption), m_counts[i]);
     }
-    auto *ok = new QPushButton(QStringLiteral("Close"));
-    ok->setObjectName(QStringLiteral("Command1"));
+    QPushButton *ok = newButton(this, "Command1", QStringLiteral("Close"), &QWidget::close);
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &QWidget::close);
 
     auto *column = new QVBoxLayout(this);
     column->addWidget(group);

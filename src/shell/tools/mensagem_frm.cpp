@@ -1,9 +1,9 @@
 #include "shell/tools/mensagem_frm.h"
 
 #include "shell/base/shared_values.h"
+#include "shell/widgets/command_button.h"
 
 #include <QLabel>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -16,10 +16,8 @@ MensagemFrm::MensagemFrm(QWidget *owner)
     Option1->setObjectName(QStringLiteral("Option1"));
     Option2->setObjectName(QStringLiteral("Option2"));
     Option1->setChecked(true);
-    auto *ok = new QPushButton(QStringLiteral("OK"));
-    ok->setObjectName(QStringLiteral("Command1"));
+    QPushButton *ok = newButton(this, "Command1", QStringLiteral("OK"), &MensagemFrm::openInChosenEdition);
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &MensagemFrm::openInChosenEdition);
 
     auto *column = new QVBoxLayout(this);
     auto *question = new QLabel(QStringLiteral("Open file in:"));

@@ -3,6 +3,7 @@
 #include "platform/picture_label.h"
 #include "shell/base/document_in_use.h"
 #include "shell/base/shared_values.h"
+#include "shell/widgets/command_button.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -10,7 +11,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zolt {
@@ -36,13 +36,6 @@ protected:
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 };
-
-QPushButton *addButton(QHBoxLayout *row, const char *name, const QString &caption) {
-    auto *button = new QPushButton(caption);
-    button->setObjectName(QString::fromUtf8(name));
-    row->addWidget(button);
-    return button;
-}
 
 } // namespace
 
@@ -71,11 +64,11 @@ QuestionFrm::QuestionFrm(QWidget *owner) : ToolFrm(QStringLiteral("Start"), Hide
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
-    QPushButton *ok = addButton(buttons, "Command1", QStringLiteral("OK"));
+    QPushButton *ok = newButton(this, "Command1", QStringLiteral("OK"), &QuestionFrm::openChosenEdition);
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &QuestionFrm::openChosenEdition);
-    QPushButton *cancel = addButton(buttons, "Command2", QStringLiteral("Cancel"));
-    connect(cancel, &QPushButton::clicked, this, &QWidget::close);
+    buttons->addWidget(ok);
+    QPushButton *cancel = newButton(this, "Command2", QStringLiteral("Cancel"), &QWidget::close);
+    buttons->addWidget(cancel);
 
     auto *column = new QVBoxLayout(this);
     column->addWidget(edition);
