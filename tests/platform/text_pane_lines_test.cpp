@@ -1,11 +1,7 @@
 #include "platform/text_pane.h"
 
-#include <QApplication>
-#include <QDropEvent>
-#include <QInputMethodEvent>
-#include <QMimeData>
-#include <QScrollBar>
-#include <QTest>
+#include "platform/shown.h"
+
 #include <QTextBlock>
 #include <gtest/gtest.h>
 #include <random>
@@ -119,73 +115,19 @@ TEST(TextPaneLines, BreakBehindBlanksAndLongWordsAnywhere) {
 
 TEST(TextPaneLines, StayRightThroughEditsUndoResizesAndFonts) {
     std::mt19937 random(5);
-    TallPane tall(true);
-    TextPane &pane = tall.pane;
-    pane.setText(randomLines(random, 40));
+    zolt::test::Shown<TextPane> shown(randomLines(random, 40));
+    TextPane &pane = shown.box;
+    pane.resize(240, 6000);
     const auto caretNow = [&] {
         return std::tuple{pane.length(), pane.lineOfOffset(pane.selEnd()), pane.lineStartOfCaret()};
     };
     auto reported = caretNow();
     QObject::connect(&pane.events(), &PaneEvents::Change, [&] { reported = caretNow(); });
-    const auto somewhere = [&] {
-        return static_cast<qsizetype>(random() % static_cast<unsigned>(pane.length() + 1));
-    };
     for (int round = 0; round < 100; ++round) {
-        pane.setSelStart(somewhere());
         const std::string before = pane.Text();
-        switch (random() % 13) {
-        case 0:
-            QTest::keyClick(&pane, Qt::Key_Return);
-            break;
-        case 1:
-            QTest::keyClick(&pane, Qt::Key_Backspace);
-            break;
-        case 2:
-            QTest::keyClick(&pane, Qt::Key_Delete);
-            break;
-        case 3:
-            QTest::keyClicks(&pane, QStringLiteral("typed words "));
-            break;
-        case 4:
-            pane.setSelLength(static_cast<qsizetype>(random() % 80));
-            pane.setSelText(randomLines(random, 6));
-            break;
-        case 5:
-            pane.undo();
-            break;
-        case 6:
-            pane.redo();
-            break;
-        case 7:
-            pane.resize(static_cast<int>(120 + random() % 300), 6000);
-            break;
-        case 8:
-            pane.setPaneFont(QFont(pane.font().family(), static_cast<int>(7 + random() % 8)));
-            break;
-        case 9:
-            pane.setSelLength(static_cast<qsizetype>(random() % 80));
-            QTest::keyClick(&pane, random() % 2 ? Qt::Key_X : Qt::Key_V, Qt::ControlModifier);
-            break;
-        case 10:
-            pane.setSelLength(static_cast<qsizetype>(random() % 80));
-            QTest::keyClick(&pane, Qt::Key_A);
-            break;
-        case 11: {
-            const QPoint place = pane.cursorRect().center();
-            pane.setSelStart(somewhere());
-            QMimeData mime;
-            mime.setText(QStringLiteral("dropped words"));
-            QDropEvent drop(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(pane.viewport(), &drop);
-            break;
-        }
-        case 12: {
-            QInputMethodEvent commit;
-            commit.setCommitString(QStringLiteral("composed words"), random() % 2 ? 0 : -1, 0);
-            QApplication::sendEvent(&pane, &commit);
-            break;
-        }
-        }
+        if (round % 8 == 0)
+            pane.setPaneFont(QFont(QString::fromLatin1(kFixedFont), static_cast<int>(7 + random() % 8)));
+        shown.editSomehow(random, randomLines(random, 6));
         const bool changed = pane.Text() != before;
         ASSERT_EQ(changed ? reported : caretNow(), caretNow())
             << "round " << round << ": Change found the lines half made";
@@ -223,42 +165,6 @@ TEST(TextPaneLines, AreRightInALongDocumentThatIsMostlyUnseen) {
     pane.setSelStart(static_cast<qsizetype>(chunk.size()) * 7);
     pane.setSelText("\r\n\r\n");
     EXPECT_EQ(pane.lineOfOffset(pane.length()), before + 2);
-}
-
-TEST(TextPaneLines, AResizeKeepsTheTextAtTheTopOfTheView) {
-    std::string text;
-    for (int i = 0; i < 500; ++i)
-        text += "a paragraph of some words that is wrapped into several lines " + std::to_string(i) + "\r\n";
-    TextPane pane(true);
-    pane.setPaneFont(QFont(QString::fromLatin1(kFixedFont), 10));
-    pane.resize(300, 300);
-    pane.show();
-    pane.setText(text);
-    pane.verticalScrollBar()->setValue(900);
-    QApplication::processEvents();
-    const int top = pane.cursorForPosition({0, 0}).blockNumber();
-    for (const int width : {200, 500, 300}) {
-        pane.resize(width, 300);
-        QApplication::processEvents();
-        EXPECT_EQ(pane.cursorForPosition({0, 0}).blockNumber(), top) << width;
-    }
-}
-
-TEST(TextPaneLines, ThePaneThatDoesNotWrapScrollsToItsLongestLine) {
-    TextPane pane(false);
-    pane.setPaneFont(QFont(QString::fromLatin1(kFixedFont), 10));
-    pane.resize(200, 200);
-    pane.show();
-    std::string text;
-    for (int i = 0; i < 1000; ++i)
-        text += "short\r\n";
-    pane.setText(text + std::string(5000, 'x'));
-    QApplication::processEvents();
-    const int lineWidth = static_cast<int>(5000 * QFontMetricsF(pane.font()).horizontalAdvance(u'x'));
-    EXPECT_GE(pane.horizontalScrollBar()->maximum(), lineWidth - pane.viewport()->width())
-        << "also while the line hasn't been shown";
-    pane.setSelStart(pane.length());
-    EXPECT_LE(pane.cursorRect().left(), pane.viewport()->width());
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "platform/text_pane.h"
+#include "support/texts.h"
 
 #include <QSignalSpy>
-#include <QTest>
 #include <QTextBlock>
 #include <gtest/gtest.h>
 #include <random>
@@ -10,13 +10,6 @@ using zolt::PaneEvents;
 using zolt::TextPane;
 
 namespace {
-
-std::string allBytes() {
-    std::string bytes;
-    for (int code = 0; code < 256; ++code)
-        bytes += static_cast<char>(code);
-    return bytes;
-}
 
 /// Pieces that make the line end rule bite.
 std::string randomText(std::mt19937 &random, int pieces) {
@@ -28,7 +21,7 @@ std::string randomText(std::mt19937 &random, int pieces) {
 }
 
 TEST(TextPaneText, AllBytesAndLineEndMixturesComeBackAsTheyWent) {
-    const std::string all = allBytes();
+    const std::string all = zolt::test::everyByte();
     std::string reversed(all.rbegin(), all.rend());
     const std::string texts[] = {
         "",       "\r\n",      "\r",          "\n",           "\n\r",        "\r\r\n",
@@ -149,17 +142,6 @@ TEST(TextPaneSelection, ReplacingAgreesWithTheSameOnAString) {
     }
 }
 
-TEST(TextPaneProperties, DriveThePaneByName) {
-    TextPane pane(true);
-    pane.setProperty("Text", QByteArray("one\r\ntwo"));
-    pane.setProperty("SelStart", 5);
-    pane.setProperty("SelLength", 3);
-    EXPECT_EQ(pane.property("SelText").toByteArray(), "two");
-    pane.setProperty("SelText", QByteArray("\0x", 2));
-    EXPECT_EQ(pane.property("Text").toByteArray(), QByteArray("one\r\n\0x", 7));
-    EXPECT_EQ(pane.property("SelStart").toInt(), 7);
-}
-
 TEST(TextPaneReports, EveryChangeByTheProgramReportsChangeOnce) {
     TextPane pane(true);
     QSignalSpy changes(&pane.events(), &PaneEvents::Change);
@@ -193,17 +175,6 @@ TEST(TextPaneReports, ChangeFindsTheCaretWhereItStays) {
     pane.redo();
     pane.replaceText("one three");
     EXPECT_EQ(carets, (std::vector<qsizetype>{0, 4, 1, 4, 0}));
-}
-
-TEST(TextPaneUndo, InsertionsByTheProgramAreStepsOfTheirOwn) {
-    TextPane pane(false);
-    for (const char *character : {"\x8C", "\x8D", "\x8E"})
-        pane.setSelText(character); // as a bar of characters does
-    QTest::keyClicks(&pane, QStringLiteral("typed"));
-    for (const char *expected : {"\x8C\x8D\x8E", "\x8C\x8D", "\x8C", ""}) {
-        pane.undo();
-        EXPECT_EQ(pane.Text(), expected);
-    }
 }
 
 TEST(TextPaneUndo, ReplacingTheTextIsOneStepThatKeepsWhatAgrees) {
@@ -241,48 +212,6 @@ TEST(TextPaneUndo, ReplacingSeveralStretchesIsOneStep) {
     pane.undo();
     EXPECT_EQ(pane.Text(), "one\r\none\rone");
     EXPECT_EQ(pane.SelText(), "ne");
-}
-
-TEST(TextPaneUndo, TheCommandTogglesTheLastChange) {
-    TextPane pane(true);
-    pane.setText("one two");
-    pane.setSelStart(0);
-    pane.setSelLength(3);
-    pane.setSelText("1");
-    pane.setSelStart(2);
-    pane.setSelLength(3);
-    pane.setSelText("2");
-    for (int round = 0; round < 2; ++round) {
-        pane.undoToggle();
-        EXPECT_EQ(pane.Text(), "1 two");
-        EXPECT_EQ(pane.SelText(), "two");
-        pane.setSelStart(0); // moving the caret is no change
-        pane.undoToggle();
-        EXPECT_EQ(pane.Text(), "1 2");
-        EXPECT_EQ(pane.SelStart(), 3);
-    }
-    pane.undoToggle();
-    pane.setSelText("x"); // a change ends the toggling
-    pane.undoToggle();
-    EXPECT_EQ(pane.Text(), "1 two");
-    // A step by the keys counts like one by the command.
-    pane.undo();
-    EXPECT_EQ(pane.Text(), "one two");
-    pane.undo();
-    EXPECT_EQ(pane.Text(), "one two") << "there is no more";
-    pane.undoToggle();
-    EXPECT_EQ(pane.Text(), "1 two");
-    pane.undoToggle();
-    EXPECT_EQ(pane.Text(), "one two");
-    pane.redo();
-    pane.redo();
-    EXPECT_EQ(pane.Text(), "1 x");
-    pane.undoToggle();
-    EXPECT_EQ(pane.Text(), "1 two");
-
-    pane.setText("new");
-    pane.undoToggle();
-    EXPECT_EQ(pane.Text(), "new") << "a new text begins a new history";
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "platform/byte_line.h"
+#include "platform/rich_text_box.h"
+#include "platform/shown.h"
 #include "platform/text_pane.h"
+#include "support/texts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -9,39 +12,23 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QUrl>
 #include <gtest/gtest.h>
-#include <random>
 
-using zolt::ByteLine;
-using zolt::PaneEvents;
-using zolt::TextPane;
-
+namespace zolt {
 namespace {
 
-/// A shown pane with the focus.
-struct ShownPane {
-    explicit ShownPane(std::string_view text = "", bool wraps = false) : pane(wraps) {
-        pane.resize(400, 300);
-        pane.setText(text);
-        pane.show();
-        pane.setFocus();
-        QApplication::setActiveWindow(&pane);
-    }
-    void key(Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QTest::keyClick(&pane, code, modifiers);
-    }
-    void type(const QString &text) {
-        for (const QChar c : text)
-            QTest::sendKeyEvent(QTest::Click, &pane, Qt::Key_unknown, QString(c), Qt::NoModifier);
-    }
+using test::Shown;
 
-    TextPane pane;
-};
+/// What both text controls do alike.
+template <class Control> class Panes : public testing::Test {};
+using BothPanes = testing::Types<TextPane, RichTextBox>;
+TYPED_TEST_SUITE(Panes, BothPanes);
 
-TEST(TextPaneKeys, TypedCharactersBecomeTheirBytes) {
+TYPED_TEST(Panes, TypedCharactersBecomeTheirBytes) {
     const struct {
         const char *typed;
         const char *bytes;
@@ -50,54 +37,54 @@ TEST(TextPaneKeys, TypedCharactersBecomeTheirBytes) {
         {"\u0416\u4E00", "??"}, {"\u0081", "\x81"}, {"“μ…”", "\"\xB5...\""},
     };
     for (const auto &c : cases) {
-        ShownPane shown;
+        Shown<TypeParam> shown;
         shown.type(QString::fromUtf8(c.typed));
-        EXPECT_EQ(shown.pane.Text(), c.bytes) << c.bytes;
+        EXPECT_EQ(shown.box.Text(), c.bytes) << c.bytes;
     }
-    ShownPane shown;
-    QTest::sendKeyEvent(QTest::Click, &shown.pane, Qt::Key_unknown, QStringLiteral("\U0001F600"),
+    Shown<TypeParam> shown;
+    QTest::sendKeyEvent(QTest::Click, &shown.box, Qt::Key_unknown, QStringLiteral("\U0001F600"),
                         Qt::NoModifier);
-    EXPECT_EQ(shown.pane.Text(), "?") << "a character outside the basic plane is one";
+    EXPECT_EQ(shown.box.Text(), "?") << "a character outside the basic plane is one";
 }
 
-TEST(TextPaneKeys, EditingKeysWriteCrLfAndByteNine) {
-    ShownPane shown("ab");
+TYPED_TEST(Panes, EditingKeysWriteCrLfAndByteNine) {
+    Shown<TypeParam> shown("ab");
     shown.key(Qt::Key_Right);
     shown.key(Qt::Key_Return);
     shown.key(Qt::Key_Enter, Qt::KeypadModifier);
     shown.key(Qt::Key_Return, Qt::ShiftModifier);
     shown.key(Qt::Key_Tab);
-    EXPECT_EQ(shown.pane.Text(), "a\r\n\r\n\r\n\tb");
-    EXPECT_EQ(shown.pane.SelStart(), 8);
+    EXPECT_EQ(shown.box.Text(), "a\r\n\r\n\r\n\tb");
+    EXPECT_EQ(shown.box.SelStart(), 8);
     shown.key(Qt::Key_Backspace);
     shown.key(Qt::Key_Backspace);
-    EXPECT_EQ(shown.pane.Text(), "a\r\n\r\nb");
+    EXPECT_EQ(shown.box.Text(), "a\r\n\r\nb");
     shown.key(Qt::Key_Up);
     shown.key(Qt::Key_Delete);
-    EXPECT_EQ(shown.pane.Text(), "a\r\nb");
+    EXPECT_EQ(shown.box.Text(), "a\r\nb");
 }
 
-TEST(TextPaneKeys, AltWithANumberOnTheKeypadTypesItsByte) {
-    ShownPane shown;
+TYPED_TEST(Panes, AltWithANumberOnTheKeypadTypesItsByte) {
+    Shown<TypeParam> shown;
     const auto typeNumber = [&](const char *digits) {
         // Qt Test would let Alt go after each digit.
         for (; *digits; ++digits) {
             QKeyEvent digit(QEvent::KeyPress, *digits, Qt::AltModifier | Qt::KeypadModifier,
                             QString(QLatin1Char(*digits)));
-            QApplication::sendEvent(&shown.pane, &digit);
+            QApplication::sendEvent(&shown.box, &digit);
         }
-        QTest::keyRelease(&shown.pane, Qt::Key_Alt);
+        QTest::keyRelease(&shown.box, Qt::Key_Alt);
     };
     for (const char *digits : {"0140", "91", "140", "0", "0256", "", "0255"})
         typeNumber(digits);
-    EXPECT_EQ(shown.pane.Text(), std::string("\x8C[\x8C\0\xFF", 5));
+    EXPECT_EQ(shown.box.Text(), std::string("\x8C[\x8C\0\xFF", 5));
     shown.key(Qt::Key_B, Qt::AltModifier);
-    EXPECT_EQ(shown.pane.length(), 5) << "Alt with a letter is for menus";
+    EXPECT_EQ(shown.box.length(), 5) << "Alt with a letter is for menus";
 }
 
-TEST(TextPaneKeys, TheWindowsShortcutsReachTheWindow) {
+TYPED_TEST(Panes, TheWindowsShortcutsReachTheWindow) {
     QMainWindow window;
-    auto *pane = new TextPane(true);
+    auto *pane = new TypeParam(true);
     window.setCentralWidget(pane);
     pane->setText("text");
     int reached = 0;
@@ -124,8 +111,8 @@ TEST(TextPaneKeys, TheWindowsShortcutsReachTheWindow) {
 }
 
 TEST(TextPaneKeys, UndoAndRedoWalkTheWholeHistoryWithTheSelections) {
-    ShownPane shown("one two\r\nthree");
-    TextPane &pane = shown.pane;
+    Shown<TextPane> shown("one two\r\nthree");
+    TextPane &pane = shown.box;
     struct State {
         std::string text;
         qsizetype start, length;
@@ -187,9 +174,9 @@ TEST(TextPaneClipboard, CarriesExactBytesForThePaneAndCalculatorCharactersForOth
                             "B\x8C\0\xA0\r\n\x9E"
                             "00ff00\x83\r\t",
                             18);
-    ShownPane shown(bytes);
-    shown.pane.setSelStart(0);
-    shown.pane.setSelLength(shown.pane.length());
+    Shown<TextPane> shown(bytes);
+    shown.box.setSelStart(0);
+    shown.box.setSelLength(shown.box.length());
     shown.key(Qt::Key_C, Qt::ControlModifier);
     const QString text = QApplication::clipboard()->text();
     EXPECT_TRUE(text.startsWith(QStringLiteral("\x0B"
@@ -198,18 +185,18 @@ TEST(TextPaneClipboard, CarriesExactBytesForThePaneAndCalculatorCharactersForOth
     EXPECT_EQ(text.count(u'\n'), 1);
     EXPECT_TRUE(text.contains(u'\u221A'));
 
-    ShownPane other("<>", true);
-    other.pane.setSelStart(1);
+    Shown<TextPane> other("<>", true);
+    other.box.setSelStart(1);
     other.key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(other.pane.Text(), "<" + bytes + ">");
-    EXPECT_EQ(other.pane.SelStart(), 1 + static_cast<qsizetype>(bytes.size()));
-    other.pane.setSelStart(1);
-    other.pane.setSelLength(3);
+    EXPECT_EQ(other.box.Text(), "<" + bytes + ">");
+    EXPECT_EQ(other.box.SelStart(), 1 + static_cast<qsizetype>(bytes.size()));
+    other.box.setSelStart(1);
+    other.box.setSelLength(3);
     other.key(Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(other.pane.Text(), "<" + bytes.substr(3) + ">");
+    EXPECT_EQ(other.box.Text(), "<" + bytes.substr(3) + ">");
 }
 
-TEST(TextPaneClipboard, TextFromOutsideBecomesBytes) {
+TYPED_TEST(Panes, TextFromOutsideBecomesBytes) {
     const struct {
         const char *pasted;
         const char *bytes;
@@ -225,54 +212,141 @@ TEST(TextPaneClipboard, TextFromOutsideBecomesBytes) {
     };
     for (const auto &c : cases) {
         QApplication::clipboard()->setText(QString::fromUtf8(c.pasted));
-        ShownPane shown;
+        Shown<TypeParam> shown;
         shown.key(Qt::Key_V, Qt::ControlModifier);
-        EXPECT_EQ(shown.pane.Text(), c.bytes);
+        EXPECT_EQ(shown.box.Text(), c.bytes);
     }
 }
 
-/// Whether a widget takes what another program lets fall on it.
-bool dropOn(QWidget *widget, const QMimeData &mime, QPoint place) {
-    QDragEnterEvent enter(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &enter);
-    QDropEvent drop(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(widget, &drop);
-    return enter.isAccepted() && drop.isAccepted();
-}
-
-TEST(TextPaneDrop, DroppedTextBecomesBytesWhereItFalls) {
-    ShownPane shown("ab");
+TYPED_TEST(Panes, DroppedTextBecomesBytesWhereItFalls) {
+    Shown<TypeParam> shown("ab");
     QMimeData text;
     text.setText(QStringLiteral("α\n"));
-    shown.pane.setSelStart(1);
-    const QPoint place = shown.pane.cursorRect().center();
-    shown.pane.setSelStart(0);
-    EXPECT_TRUE(dropOn(shown.pane.viewport(), text, place));
-    EXPECT_EQ(shown.pane.Text(), "a\x8C\r\nb");
+    EXPECT_TRUE(shown.drop(text, 1));
+    EXPECT_EQ(shown.box.Text(), "a\x8C\r\nb");
     shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(shown.pane.Text(), "ab");
-    EXPECT_EQ(shown.pane.SelStart(), 0);
+    EXPECT_EQ(shown.box.Text(), "ab");
+    EXPECT_EQ(shown.box.SelStart(), 0);
 }
 
-TEST(TextPaneDrop, FilesAreNoTextButLinksAre) {
-    ShownPane shown;
+TYPED_TEST(Panes, FilesAreNoTextButLinksAre) {
+    Shown<TypeParam> shown;
     ByteLine line;
     const auto offer = [&](const char *url) {
         auto *mime = new QMimeData; // the clipboard owns it
         mime->setUrls({QUrl(QString::fromLatin1(url))});
         mime->setText(QString::fromLatin1(url));
         QApplication::clipboard()->setMimeData(mime);
-        const bool taken = dropOn(shown.pane.viewport(), *mime, {5, 5});
-        EXPECT_EQ(dropOn(&line, *mime, {5, 5}), taken);
-        for (QWidget *widget : std::initializer_list<QWidget *>{&shown.pane, &line})
+        const bool taken = test::dropOn(shown.box.viewport(), *mime, {5, 5});
+        EXPECT_EQ(test::dropOn(&line, *mime, {5, 5}), taken);
+        for (QWidget *widget : std::initializer_list<QWidget *>{&shown.box, &line})
             QTest::keyClick(widget, Qt::Key_V, Qt::ControlModifier);
         return taken;
     };
     EXPECT_FALSE(offer("file:///home/name/picture.png"));
-    EXPECT_EQ(shown.pane.Text() + line.Text(), "");
+    EXPECT_EQ(shown.box.Text() + line.Text(), "");
     EXPECT_TRUE(offer("https://a.b/"));
-    EXPECT_EQ(shown.pane.Text(), "https://a.b/https://a.b/");
+    EXPECT_EQ(shown.box.Text(), "https://a.b/https://a.b/");
     EXPECT_EQ(line.Text(), "https://a.b/https://a.b/");
+}
+
+TYPED_TEST(Panes, DriveThePaneByName) {
+    TypeParam pane(true);
+    pane.setProperty("Text", QByteArray("one\r\ntwo"));
+    pane.setProperty("SelStart", 5);
+    pane.setProperty("SelLength", 3);
+    EXPECT_EQ(pane.property("SelText").toByteArray(), "two");
+    pane.setProperty("SelText", QByteArray("\0x", 2));
+    EXPECT_EQ(pane.property("Text").toByteArray(), QByteArray("one\r\n\0x", 7));
+    EXPECT_EQ(pane.property("SelStart").toInt(), 7);
+}
+
+TYPED_TEST(Panes, TheCommandTogglesTheLastChange) {
+    TypeParam pane(true);
+    pane.setText("one two");
+    pane.setSelStart(0);
+    pane.setSelLength(3);
+    pane.setSelText("1");
+    pane.setSelStart(2);
+    pane.setSelLength(3);
+    pane.setSelText("2");
+    for (int round = 0; round < 2; ++round) {
+        pane.undoToggle();
+        EXPECT_EQ(pane.Text(), "1 two");
+        EXPECT_EQ(pane.SelText(), "two");
+        pane.setSelStart(0); // moving the caret is no change
+        pane.undoToggle();
+        EXPECT_EQ(pane.Text(), "1 2");
+        EXPECT_EQ(pane.SelStart(), 3);
+    }
+    pane.undoToggle();
+    pane.setSelText("x"); // a change ends the toggling
+    pane.undoToggle();
+    EXPECT_EQ(pane.Text(), "1 two");
+    // A step by the keys counts like one by the command.
+    pane.undo();
+    EXPECT_EQ(pane.Text(), "one two");
+    pane.undo();
+    EXPECT_EQ(pane.Text(), "one two") << "there is no more";
+    pane.undoToggle();
+    EXPECT_EQ(pane.Text(), "1 two");
+    pane.undoToggle();
+    EXPECT_EQ(pane.Text(), "one two");
+    pane.redo();
+    pane.redo();
+    EXPECT_EQ(pane.Text(), "1 x");
+    pane.undoToggle();
+    EXPECT_EQ(pane.Text(), "1 two");
+
+    pane.setText("new");
+    pane.undoToggle();
+    EXPECT_EQ(pane.Text(), "new") << "a new text begins a new history";
+}
+
+TYPED_TEST(Panes, InsertionsByTheProgramAreStepsOfTheirOwn) {
+    TypeParam pane(false);
+    for (const char *character : {"\x8C", "\x8D", "\x8E"})
+        pane.setSelText(character); // as a bar of characters does
+    QTest::keyClicks(&pane, QStringLiteral("typed"));
+    for (const char *expected : {"\x8C\x8D\x8E", "\x8C\x8D", "\x8C", ""}) {
+        pane.undo();
+        EXPECT_EQ(pane.Text(), expected);
+    }
+}
+
+TYPED_TEST(Panes, KeepTheTextAtTheTopOfTheViewThroughAResize) {
+    std::string text;
+    for (int i = 0; i < 500; ++i)
+        text += "a paragraph of some words that is wrapped into several lines " + std::to_string(i) + "\r\n";
+    Shown<TypeParam> shown(text);
+    TypeParam &pane = shown.box;
+    pane.verticalScrollBar()->setValue(pane.verticalScrollBar()->maximum() / 2);
+    test::settle();
+    const int top = pane.cursorForPosition({0, 2}).blockNumber();
+    EXPECT_GT(top, 100);
+    for (const int width : {200, 500, 400}) {
+        pane.resize(width, 300);
+        test::settle();
+        EXPECT_EQ(pane.cursorForPosition({0, 2}).blockNumber(), top) << width;
+    }
+}
+
+TYPED_TEST(Panes, ScrollToTheirLongestLineWithoutWrap) {
+    std::string text;
+    for (int i = 0; i < 1000; ++i)
+        text += "short\r\n";
+    Shown<TypeParam> shown(text + std::string(5000, 'x'), false);
+    TypeParam &pane = shown.box;
+    const QScrollBar &bar = *pane.horizontalScrollBar();
+    test::settle();
+    EXPECT_GT(bar.maximum(), 5000 * 4) << "also while it hasn't been shown";
+    pane.setSelStart(pane.length());
+    EXPECT_TRUE(pane.viewport()->rect().contains(pane.cursorRect()));
+    shown.select(static_cast<qsizetype>(text.size()) + 1, 5000);
+    pane.setSelText("");
+    test::settle();
+    // The plain one remembers the longest line that it had.
+    EXPECT_EQ(bar.maximum() == 0, (std::is_same_v<TypeParam, RichTextBox>));
 }
 
 TEST(ByteLine, TakesTextAsAPaneDoesAndBytesAsTheyAre) {
@@ -286,18 +360,17 @@ TEST(ByteLine, TakesTextAsAPaneDoesAndBytesAsTheyAre) {
     QTest::keyClick(&line, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(line.Text(), "\"\x8C\" \xB5");
 
-    std::string all;
-    for (int code = 0; code < 256; ++code)
-        all += static_cast<char>(255 - code); // so that no line end comes about
+    const std::string bytes = test::everyByte();
+    const std::string all(bytes.rbegin(), bytes.rend()); // so that no line end comes about
     line.setText(all);
     EXPECT_EQ(line.Text(), all);
     line.selectAll();
     QTest::keyClick(&line, Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(line.Text(), "");
     EXPECT_TRUE(QApplication::clipboard()->text().contains(u'α'));
-    ShownPane shown;
+    Shown<TextPane> shown;
     shown.key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(shown.pane.Text(), all);
+    EXPECT_EQ(shown.box.Text(), all);
     QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(&line, &menu);
     for (QAction *action : line.findChild<QMenu *>()->actions())
@@ -306,23 +379,23 @@ TEST(ByteLine, TakesTextAsAPaneDoesAndBytesAsTheyAre) {
     EXPECT_EQ(line.Text(), all);
 }
 
-TEST(TextPaneInputMethod, CommittedTextBecomesBytes) {
-    ShownPane shown("ab");
-    shown.pane.setSelStart(1);
-    QSignalSpy changes(&shown.pane.events(), &PaneEvents::Change);
+TYPED_TEST(Panes, CommittedTextBecomesBytes) {
+    Shown<TypeParam> shown("ab");
+    shown.box.setSelStart(1);
+    QSignalSpy changes(&shown.box.events(), &PaneEvents::Change);
     QInputMethodEvent preedit(QStringLiteral("´"), {});
-    QApplication::sendEvent(&shown.pane, &preedit);
-    EXPECT_EQ(shown.pane.Text(), "ab") << "what is being composed is not yet text";
+    QApplication::sendEvent(&shown.box, &preedit);
+    EXPECT_EQ(shown.box.Text(), "ab") << "what is being composed is not yet text";
     EXPECT_EQ(changes.count(), 0);
     QInputMethodEvent commit;
     commit.setCommitString(QStringLiteral("éα\n日"));
-    QApplication::sendEvent(&shown.pane, &commit);
-    EXPECT_EQ(shown.pane.Text(), "a\xE9\x8C\r\n?b");
+    QApplication::sendEvent(&shown.box, &commit);
+    EXPECT_EQ(shown.box.Text(), "a\xE9\x8C\r\n?b");
 }
 
-TEST(TextPaneReports, EventsAreReportedAfterThePaneActed) {
-    ShownPane shown("abc abc abc");
-    TextPane &pane = shown.pane;
+TYPED_TEST(Panes, EventsAreReportedAfterThePaneActed) {
+    Shown<TypeParam> shown("abc abc abc");
+    TypeParam &pane = shown.box;
     QStringList log;
     const auto note = [&](const QString &what) { log << what + QString::number(pane.SelStart()); };
     QObject::connect(&pane.events(), &PaneEvents::keyDown, [&] { note(QStringLiteral("down")); });
@@ -351,16 +424,20 @@ TEST(TextPaneReports, EventsAreReportedAfterThePaneActed) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-TEST(TextPaneReadOnly, TakesNoInputButFromTheProgram) {
-    ShownPane shown("abc\r\nd");
-    TextPane &pane = shown.pane;
+TYPED_TEST(Panes, TakeNoInputButFromTheProgramWhenLocked) {
+    Shown<TypeParam> shown("abc\r\nd");
+    TypeParam &pane = shown.box;
     pane.setReadOnly(true);
+    shown.key(Qt::Key_Down);
+    shown.key(Qt::Key_Right);
+    EXPECT_EQ(pane.SelStart(), 6);
+    EXPECT_TRUE(pane.textInteractionFlags() & Qt::TextSelectableByKeyboard) << "the caret is drawn";
     QApplication::clipboard()->setText(QStringLiteral("clip"));
     shown.type(QStringLiteral("x"));
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Delete, Qt::Key_Backspace})
         shown.key(key);
-    pane.setSelStart(0);
-    pane.setSelLength(3);
+    EXPECT_EQ(pane.SelStart(), 6);
+    shown.select(0, 3);
     for (const Qt::Key key : {Qt::Key_V, Qt::Key_Z})
         shown.key(key, Qt::ControlModifier);
     QInputMethodEvent commit;
@@ -374,3 +451,4 @@ TEST(TextPaneReadOnly, TakesNoInputButFromTheProgram) {
 }
 
 } // namespace
+} // namespace zolt
