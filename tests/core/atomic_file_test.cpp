@@ -25,13 +25,6 @@ TEST(AtomicFile, TakesItsPlaceOnCommitOnly) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 
-TEST(AtomicFile, KeepsTheFirstFailure) {
-    const test::TemporaryFolder folder;
-    AtomicFile file(folder.file("none/file"));
-    file.append("text");
-    EXPECT_EQ(file.commit(), "No such file or directory");
-}
-
 /// A file that may be written, in a folder that doesn't let it be replaced: closed to
 /// others, or sticky as /tmp is. Beside it a folder for temporary files.
 class FileThatStays : public testing::TestWithParam<mode_t> {

@@ -1,3 +1,5 @@
+#include "support/contrast.h"
+
 #include <QDir>
 #include <QGuiApplication>
 #include <QImage>
@@ -8,8 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
 #include <set>
 
 namespace {
@@ -28,28 +28,13 @@ QImage render(QSvgRenderer &drawing, QSize size, const QColor &background) {
     return image;
 }
 
-double luminance(QRgb colour) {
-    const auto linear = [](int value) {
-        const double part = value / 255.0;
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(qRed(colour)) + 0.7152 * linear(qGreen(colour)) + 0.0722 * linear(qBlue(colour));
-}
-
-// Contrast as the Web Content Accessibility Guidelines define it, 1 to 21.
-double contrast(QRgb a, QRgb b) {
-    const double first = luminance(a) + 0.05;
-    const double second = luminance(b) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
-
 // How many pixels of the drawing a user can tell from the window behind it.
 int readablePixels(QSvgRenderer &drawing, QSize size, const QColor &background) {
     const QImage image = render(drawing, size, background);
     int count = 0;
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
-            count += contrast(image.pixel(x, y), background.rgb()) >= 2.5;
+            count += zolt::test::contrast(image.pixel(x, y), background) >= 2.5;
     return count;
 }
 

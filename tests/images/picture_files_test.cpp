@@ -7,7 +7,6 @@
 namespace zolt {
 namespace {
 
-using test::expectedPicture;
 using test::hasProgram;
 using test::Pattern;
 using test::surfaceOf;
@@ -32,9 +31,9 @@ std::vector<DotSurface> testSurfaces() {
 
 void expectDecodedByOther(const std::vector<DotSurface> &surfaces, const std::vector<std::string> &files,
                           const std::string &kind) {
-    const std::vector<test::GreyPicture> pictures = test::decodedByOther(files, kind);
+    const std::vector<std::string> pictures = test::decodedByOther(files, kind);
     for (std::size_t i = 0; i < surfaces.size(); ++i)
-        EXPECT_EQ(pictures[i], expectedPicture(surfaces[i])) << kind << " number " << i;
+        EXPECT_TRUE(pictures[i] == test::expectedPixels(surfaces[i])) << kind << " number " << i;
 }
 
 TEST(BitmapFile, AnotherProgramReadsEveryDepthPixelForPixel) {

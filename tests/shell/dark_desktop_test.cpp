@@ -1,13 +1,12 @@
 #include "platform/rich_text_box.h"
 #include "shell/preview/edit_text_preview_frm.h"
 #include "shell/preview/edit_text_preview_normal_frm.h"
+#include "support/contrast.h"
 #include "support/program.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QLineEdit>
-#include <algorithm>
-#include <cmath>
 
 namespace zolt {
 namespace {
@@ -15,19 +14,6 @@ namespace {
 using namespace test;
 
 constexpr double kLegible = 4; // of 21; pure red on a dark window has 4.2
-
-double luminance(const QColor &colour) {
-    const auto light = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * light(colour.redF()) + 0.7152 * light(colour.greenF()) + 0.0722 * light(colour.blueF());
-}
-
-/// https://www.w3.org/TR/WCAG21/#dfn-contrast-ratio
-double contrast(const QColor &one, const QColor &other) {
-    const auto [dark, bright] = std::minmax({luminance(one), luminance(other)});
-    return (bright + 0.05) / (dark + 0.05);
-}
 
 QPalette darkPalette() {
     QPalette dark(QColor(45, 45, 45));

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
-#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -41,24 +40,6 @@ TEST_F(TextWindow, OpensAndSavesEveryByte) {
 
 TEST_F(TextWindow, ANewDocumentClosesWithoutAQuestion) {
     EXPECT_TRUE(m_window->close());
-}
-
-TEST_F(TextWindow, DroppedTextMayStandInFrontOfOther) {
-    QMimeData mime;
-    mime.setText(QStringLiteral("Hello"));
-    for (const bool wraps : {true, false}) {
-        if (!wraps)
-            call(m_window, "EditarTranslinearpalavras");
-        pane().setText("ab");
-        const QPoint place = placeOf(1);
-        QDragEnterEvent enter(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(pane().viewport(), &enter);
-        QDropEvent drop(place, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(pane().viewport(), &drop);
-        EXPECT_EQ(pane().Text(), "aHellob");
-        EXPECT_EQ(panel(2), QStringLiteral("(1, 6)"));
-        EXPECT_EQ(panel(3), QStringLiteral("7"));
-    }
 }
 
 /// The offscreen platform has no drags; ctest runs this on one that has.

@@ -6,7 +6,6 @@
 #include <QTest>
 #include <QToolBar>
 #include <algorithm>
-#include <filesystem>
 
 namespace zolt {
 namespace {
@@ -188,25 +187,6 @@ TEST_F(StartUp, WritesTheSettingsAtTheFirstStartAndAtTheEnd) {
     EXPECT_EQ(fileBytes("ZOLT.ini"), first);
     call(loaded<EditTextFrm>(), "AbandonarPrograma");
     EXPECT_NE(fileBytes("ZOLT.ini").find("TxtWWrap=2\r\n"), std::string::npos);
-}
-
-TEST_F(StartUp, AFolderWithACommaCostsNoSettings) {
-    std::filesystem::create_directory(path("a,b"));
-    writeBytes("a,b/empty.zlt", "");
-    start(path("a,b/empty.zlt"));
-    EXPECT_EQ(shared::settings.DefltDir, path("a,b/"));
-    call(loaded<EditTextFrm>(), "EditarTranslinearpalavras");
-    leave();
-    start();
-    EXPECT_EQ(shared::settings.TxtWWrap, 2);
-    EXPECT_EQ(shared::settings.DefltDir, m_folder.path().toStdString());
-}
-
-TEST_F(StartUp, ASettingsFileOfNoUseGivesTheDefaults) {
-    writeBytes("ZOLT.ini", "FrstTime=x\r\n");
-    start();
-    EXPECT_EQ(shared::settings.TFntName, "ZOLT");
-    EXPECT_TRUE(fileBytes("ZOLT.ini").starts_with("FrstTime=0\r\n"));
 }
 
 } // namespace

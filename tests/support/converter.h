@@ -6,7 +6,6 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,27 +16,8 @@ inline bool runConvert(const std::string &arguments) {
     return std::system(("convert " + arguments + " 2>/dev/null").c_str()) == 0;
 }
 
-/// A grey picture, a byte to the pixel.
-struct GreyPicture {
-    int width = 0;
-    int height = 0;
-    std::string pixels;
-
-    bool operator==(const GreyPicture &) const = default;
-};
-
-/// Takes a PGM file of one byte to the pixel apart.
-inline GreyPicture greyPictureOfPgm(const std::string &bytes) {
-    GreyPicture picture;
-    int largest = 0;
-    int length = 0;
-    if (std::sscanf(bytes.c_str(), "P5 %d %d %d%n", &picture.width, &picture.height, &largest, &length) == 3)
-        picture.pixels = bytes.substr(static_cast<std::size_t>(length) + 1);
-    return picture;
-}
-
-/// What ImageMagick makes of files of one kind, in one call.
-inline std::vector<GreyPicture> decodedByOther(const std::vector<std::string> &files,
+/// The pixels that ImageMagick sees in files of one kind, a grey byte each, in one call.
+inline std::vector<std::string> decodedByOther(const std::vector<std::string> &files,
                                                const std::string &kind) {
     const TemporaryFolder folder;
     std::string names;
@@ -46,20 +26,20 @@ inline std::vector<GreyPicture> decodedByOther(const std::vector<std::string> &f
         putBytes(name, files[i]);
         names += name + " ";
     }
-    runConvert(names + "-depth 8 +adjoin " + folder.file("out-%d.pgm"));
-    std::vector<GreyPicture> pictures;
+    runConvert(names + "-depth 8 +adjoin " + folder.file("out-%d.gray"));
+    std::vector<std::string> pictures;
     for (std::size_t i = 0; i < files.size(); ++i)
-        pictures.push_back(greyPictureOfPgm(bytesOf(folder.file("out-" + std::to_string(i) + ".pgm"))));
+        pictures.push_back(bytesOf(folder.file("out-" + std::to_string(i) + ".gray")));
     return pictures;
 }
 
 /// What a surface has to look like in a file: black on white, 2 by 2 pixels a dot.
-inline GreyPicture expectedPicture(const DotSurface &surface) {
-    GreyPicture picture{surface.width() * 2, surface.height() * 2, {}};
-    for (int y = 0; y < picture.height; ++y)
-        for (int x = 0; x < picture.width; ++x)
-            picture.pixels += surface.dot(x / 2, y / 2) ? '\0' : '\xFF';
-    return picture;
+inline std::string expectedPixels(const DotSurface &surface) {
+    std::string pixels;
+    for (int y = 0; y < surface.height() * 2; ++y)
+        for (int x = 0; x < surface.width() * 2; ++x)
+            pixels += surface.dot(x / 2, y / 2) ? '\0' : '\xFF';
+    return pixels;
 }
 
 enum class Pattern { White, Black, Noise, Stripes };
