@@ -58,6 +58,8 @@ void RichTextBox::take(RichTextDocument *document) {
     m_document->setParent(this);
     m_heldView.reset();
     setDocument(m_document);
+    // Qt would go on in the format that was to be typed in the document before.
+    setTextCursor(QTextCursor(m_document));
     delete old;
     followDocument();
     connect(&m_document->layout(), &RichLayout::aboutToMeasure, this, &RichTextBox::holdView);

@@ -1,5 +1,8 @@
 // The life of a document, from new to exit, in each edition.
 
+#include "graphic/rich_text_builder.h"
+#include "graphic/rtf_reader.h"
+#include "graphic/rtf_writer.h"
 #include "platform/pane.h"
 #include "support/full_disk.h"
 #include "support/program.h"
@@ -54,6 +57,16 @@ EditionCase textualEdition() {
                     return file.ends_with("\r\n") ? std::string(file.substr(0, file.size() - 2))
                                                   : "no line end at the end";
                 }};
+}
+
+EditionCase graphicalEdition() {
+    return {.name = "Graphical",
+            .number = 2,
+            .toolbar = 4,
+            .extension = ".zlg",
+            .fileTypes = {QStringLiteral("All files (*)")},
+            .fileOf = [](std::string_view text) { return rtfFromRichText(richTextFromPlainText(text)); },
+            .textOf = [](std::string_view file) { return plainText(richTextFromRtf(file)); }};
 }
 
 class DocumentLife : public ProgramTest, public testing::WithParamInterface<EditionCase> {
@@ -375,7 +388,8 @@ TEST_P(DocumentLife, NewEmptiesThePaneAfterItsQuestion) {
 
 TEST_P(DocumentLife, TheWrapSwitchKeepsTextAndSelection) {
     write("one two three");
-    auto *button = test::control<QToolButton>(loaded<MDIFrm>(), "Translinear palavras");
+    auto *button =
+        test::control<QToolButton>(loaded<MDIFrm>()->toolbar(GetParam().toolbar), "Translinear palavras");
     for (const bool wraps : {false, true}) {
         pane().setSelStart(4);
         pane().setSelLength(3);
@@ -456,6 +470,9 @@ TEST_P(DocumentLife, GreysOutWhatCannotAct) {
     call(m_window, "EditarTranslinearpalavras"); // takes the selection along, not the history
     EXPECT_TRUE(cut() && copy() && paste());
     EXPECT_FALSE(undo());
+    for (const char *key : {"Copiar", "Cortar", "Colar", "Colar"})
+        tool(key)->trigger();
+    EXPECT_EQ(pane().Text(), "abab");
 }
 
 TEST_P(DocumentLife, UndoAndRedoButtonsAndKeysRunOneCommand) {
@@ -476,7 +493,7 @@ TEST_P(DocumentLife, UndoAndRedoButtonsAndKeysRunOneCommand) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Editions, DocumentLife, testing::Values(textualEdition()),
+INSTANTIATE_TEST_SUITE_P(Editions, DocumentLife, testing::Values(textualEdition(), graphicalEdition()),
                          [](const auto &edition) { return edition.param.name; });
 
 } // namespace
