@@ -12,12 +12,12 @@ namespace {
 
 using namespace test;
 
-class FindWindow : public TextEditionTest {
+class FindWindow : public EditionTest {
 protected:
-    FindWindow() { open(); }
+    explicit FindWindow(int edition = 1) : EditionTest(edition) { open(); }
 
     void open() {
-        call(m_window, "EditarLocalizarESubstituir");
+        call(m_document, "EditarLocalizarESubstituir");
         m_find = loaded<EditTextFindFrm>();
     }
     void fill(const QString &find, const QString &replacement = {}) {
@@ -41,7 +41,7 @@ protected:
     }
     /// Arranges that `act` runs in the middle of a search.
     void onceTheCaretIsBehind(qsizetype place, std::function<void()> act) {
-        auto *watch = new QTimer(&pane());
+        auto *watch = new QTimer(m_document);
         watch->start(0);
         QObject::connect(watch, &QTimer::timeout, watch, [this, watch, place, act = std::move(act)] {
             if (pane().SelStart() <= place)
@@ -54,8 +54,15 @@ protected:
     EditTextFindFrm *m_find = nullptr;
 };
 
-TEST_F(FindWindow, FindsBehindTheCaretUpToTheEnd) {
-    pane().setText("abc Abc\r\nabc");
+class Finding : public FindWindow, public testing::WithParamInterface<int> {
+protected:
+    Finding() : FindWindow(GetParam()) {}
+};
+
+INSTANTIATE_TEST_SUITE_P(In, Finding, testing::Values(1, 2));
+
+TEST_P(Finding, FindsBehindTheCaretUpToTheEnd) {
+    put("abc Abc\r\nabc");
     fill(QStringLiteral("aBC"));
     for (const qsizetype place : {0, 4, 9}) {
         EXPECT_FALSE(pressAndFinish("Command1"));
@@ -76,8 +83,8 @@ TEST_F(FindWindow, FindsBehindTheCaretUpToTheEnd) {
     EXPECT_EQ(shared::PosiçãoCursor, 7);
 }
 
-TEST_F(FindWindow, FindsTheCalculatorsCharacters) {
-    pane().setText("a\x8D\x0B\x9F");
+TEST_P(Finding, FindsTheCalculatorsCharacters) {
+    put("a\x8D\x0B\x9F");
     fill(QStringLiteral("\u2192")); // the arrow of code 141
     press(m_find, "Command1");
     EXPECT_EQ(pane().SelText(), "\x8D");
@@ -86,8 +93,8 @@ TEST_F(FindWindow, FindsTheCalculatorsCharacters) {
     EXPECT_EQ(pane().SelText(), "\x0B");
 }
 
-TEST_F(FindWindow, ReplacesWhatIsSelectedAndMovesOn) {
-    pane().setText("one One one one");
+TEST_P(Finding, ReplacesWhatIsSelectedAndMovesOn) {
+    put("one One one one");
     fill(QStringLiteral("one"), QStringLiteral("three"));
     press(m_find, "Command1");
     press(m_find, "Command3");
@@ -98,7 +105,7 @@ TEST_F(FindWindow, ReplacesWhatIsSelectedAndMovesOn) {
     EXPECT_EQ(pane().Text(), "three One three one");
 
     // In another case it is found but stays.
-    pane().setText("One one");
+    put("One one");
     shared::PosiçãoCursor = 0;
     fill(QStringLiteral("one"), QStringLiteral("x"));
     press(m_find, "Command1");
@@ -107,13 +114,13 @@ TEST_F(FindWindow, ReplacesWhatIsSelectedAndMovesOn) {
     EXPECT_EQ(pane().SelText(), "one");
 
     // Nothing was found yet: nothing to replace.
-    pane().setText("xone");
+    put("xone");
     shared::PosiçãoCursor = 1;
     press(m_find, "Command3");
     EXPECT_EQ(pane().Text(), "xone");
 }
 
-TEST_F(FindWindow, ReplacesAllInOneStepOfUndo) {
+TEST_P(Finding, ReplacesAllInOneStepOfUndo) {
     const struct {
         const char *text;
         const char *find;
@@ -127,9 +134,7 @@ TEST_F(FindWindow, ReplacesAllInOneStepOfUndo) {
         {"aaa", "a", "", "aaa", false},
     };
     for (const auto &test : cases) {
-        pane().setText(test.text);
-        pane().setSelStart(1);
-        pane().setSelLength(1);
+        put(test.text, 1, 1);
         const std::string selected = pane().SelText();
         fill(QString::fromUtf8(test.find), QString::fromUtf8(test.replacement));
         EXPECT_EQ(pressAndFinish("Command5"), test.message) << test.text;
@@ -143,7 +148,7 @@ TEST_F(FindWindow, ReplacesAllInOneStepOfUndo) {
 }
 
 TEST_F(FindWindow, StopEndsAReplaceInTheMiddleAndKeepsWhatIsDone) {
-    pane().setText(longText(60'000));
+    put(longText(60'000));
     fill(QStringLiteral("a"), QStringLiteral("x"));
     onceTheCaretIsBehind(100'000, [this] { press(m_find, "Command4"); });
     EXPECT_FALSE(pressAndFinish("Command5"));
@@ -158,7 +163,7 @@ TEST_F(FindWindow, StopEndsAReplaceInTheMiddleAndKeepsWhatIsDone) {
 }
 
 TEST_F(FindWindow, AStoppedSearchSelectsThePlaceThatItReached) {
-    pane().setText(longText(200'000));
+    put(longText(200'000));
     fill(QStringLiteral("not there"));
     QTimer::singleShot(0, m_find, [this] { press(m_find, "Command4"); });
     EXPECT_FALSE(pressAndFinish("Command1"));
@@ -167,7 +172,7 @@ TEST_F(FindWindow, AStoppedSearchSelectsThePlaceThatItReached) {
 }
 
 TEST_F(FindWindow, ClosingWindowsDuringASearchEndsIt) {
-    pane().setText(longText(60'000));
+    put(longText(60'000));
     fill(QStringLiteral("a"), QStringLiteral("b"));
     onceTheCaretIsBehind(100'000, [this] { m_find->close(); });
     EXPECT_FALSE(pressAndFinish("Command5"));
@@ -176,7 +181,7 @@ TEST_F(FindWindow, ClosingWindowsDuringASearchEndsIt) {
     open();
     fill(QStringLiteral("b"), QStringLiteral("a"));
     shared::SemPerguntaDeSaída = 1;
-    onceTheCaretIsBehind(0, [this] { m_window->close(); });
+    onceTheCaretIsBehind(0, [this] { m_document->close(); });
     EXPECT_FALSE(pressAndFinish("Command5"));
     deleteClosed();
     EXPECT_EQ(loaded<EditTextFrm>(), nullptr);
@@ -184,49 +189,49 @@ TEST_F(FindWindow, ClosingWindowsDuringASearchEndsIt) {
 }
 
 TEST_F(FindWindow, WhatIsTypedDuringAReplaceIsNotLost) {
-    pane().setText(longText(60'000));
+    put(longText(60'000));
     fill(QStringLiteral("a"), QStringLiteral("b"));
     onceTheCaretIsBehind(100'000, [this] { pane().setSelText("typed"); });
     EXPECT_FALSE(pressAndFinish("Command5"));
     EXPECT_NE(pane().Text().find("typed"), std::string::npos);
 }
 
-TEST_F(FindWindow, TheSearchBeginsWhereTheUserPutTheCaret) {
-    pane().setText("ab ab ab");
+TEST_P(Finding, TheSearchBeginsWhereTheUserPutTheCaret) {
+    put("ab ab ab");
     fill(QStringLiteral("ab"));
     pane().setSelStart(7);
-    QTest::mouseClick(pane().viewport(), Qt::LeftButton, {}, pane().cursorRect().center());
+    QTest::mouseClick(pane().control().viewport(), Qt::LeftButton, {}, QPoint(390, 8));
     EXPECT_TRUE(pressAndFinish("Command1"));
 
-    QTest::keyClick(&pane(), Qt::Key_Home);
-    QTest::keyClick(&pane(), Qt::Key_Right);
+    QTest::keyClick(&pane().control(), Qt::Key_Home);
+    QTest::keyClick(&pane().control(), Qt::Key_Right);
     EXPECT_FALSE(pressAndFinish("Command1"));
     EXPECT_EQ(pane().SelStart(), 3);
     // A key that leaves the caret where the search put it doesn't count.
-    QTest::keyClick(&pane(), Qt::Key_Control);
+    QTest::keyClick(&pane().control(), Qt::Key_Control);
     EXPECT_FALSE(pressAndFinish("Command1"));
     EXPECT_EQ(pane().SelStart(), 6);
-    QTest::keyClick(&pane(), Qt::Key_Home);
-    QTest::keyClicks(&pane(), QStringLiteral("ab"));
+    QTest::keyClick(&pane().control(), Qt::Key_Home);
+    QTest::keyClicks(&pane().control(), QStringLiteral("ab"));
     EXPECT_FALSE(pressAndFinish("Command1"));
     EXPECT_EQ(pane().SelStart(), 2);
 
     writeBytes("other.zlt", "ab\r\n");
     answerFileDialog(path("other.zlt"));
-    call(m_window, "FicheiroAbrir");
+    call(m_document, "FicheiroAbrir");
     EXPECT_FALSE(pressAndFinish("Command1"));
     EXPECT_EQ(pane().SelText(), "ab");
 }
 
-TEST_F(FindWindow, EnterSearchesOnAndNeverTypesIntoTheDocument) {
-    pane().setText("ab ab ab");
+TEST_P(Finding, EnterSearchesOnAndNeverTypesIntoTheDocument) {
+    put("ab ab ab");
     QTest::keyClicks(control<QLineEdit>(m_find, "Text1"), QStringLiteral("ab"));
     for (const qsizetype place : {0, 3, 6}) {
         ASSERT_TRUE(waitFor([this] { return m_find->isActiveWindow(); }));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QTest::qWait(20); // another window would be the active one by now
         EXPECT_EQ(pane().SelStart(), place);
-        EXPECT_EQ(loaded<MDIFrm>()->focusWidget(), &pane());
+        EXPECT_EQ(loaded<MDIFrm>()->focusWidget(), &pane().control());
     }
     Answer ok(QMessageBox::Ok);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
@@ -240,7 +245,7 @@ TEST_F(FindWindow, EnterSearchesOnAndNeverTypesIntoTheDocument) {
 }
 
 TEST_F(FindWindow, F3SearchesOnFromAnywhere) {
-    pane().setText("Ab ab Ab ab");
+    put("Ab ab Ab ab");
     fill(QStringLiteral("Ab"));
     matchCase();
     ASSERT_TRUE(waitFor([this] { return m_find->isActiveWindow(); }));
@@ -251,7 +256,7 @@ TEST_F(FindWindow, F3SearchesOnFromAnywhere) {
     deleteClosed();
 
     ASSERT_TRUE(waitFor([this] { return pane().hasFocus(); }));
-    QTest::keyClick(&pane(), Qt::Key_F3);
+    QTest::keyClick(&pane().control(), Qt::Key_F3);
     EXPECT_EQ(pane().SelStart(), 6);
     EXPECT_TRUE(waitFor([this] { return pane().hasFocus(); }));
     m_find = loaded<EditTextFindFrm>();
@@ -261,7 +266,7 @@ TEST_F(FindWindow, F3SearchesOnFromAnywhere) {
 
     // With nothing to search for it asks.
     fill({});
-    QTest::keyClick(&pane(), Qt::Key_F3);
+    QTest::keyClick(&pane().control(), Qt::Key_F3);
     EXPECT_TRUE(waitFor([this] { return control<QLineEdit>(m_find, "Text1")->hasFocus(); }));
 }
 

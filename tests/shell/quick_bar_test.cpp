@@ -14,8 +14,10 @@ namespace {
 
 using namespace test;
 
-class QuickBar : public TextEditionTest {
+class QuickBar : public EditionTest, public testing::WithParamInterface<int> {
 protected:
+    QuickBar() : EditionTest(GetParam()) {}
+
     MDIFrm &frame() { return *loaded<MDIFrm>(); }
 
     /// The panel that shows the bar, found among all that could; null for none.
@@ -53,7 +55,7 @@ protected:
     void press(int index) { QTest::mouseClick(button(index), Qt::LeftButton); }
 };
 
-TEST_F(QuickBar, EveryDockButtonLeadsToItsPlace) {
+TEST_P(QuickBar, EveryDockButtonLeadsToItsPlace) {
     const struct {
         int from;
         int index;
@@ -74,11 +76,11 @@ TEST_F(QuickBar, EveryDockButtonLeadsToItsPlace) {
     }
 }
 
-TEST_F(QuickBar, EveryButtonShowsTellsAndInsertsItsCharacter) {
+TEST_P(QuickBar, EveryButtonShowsTellsAndInsertsItsCharacter) {
     for (const int state : {1, 2, 3, 4}) {
         show(state);
         const bool tall = state == 1 || state == 4;
-        pane().setText("");
+        put("");
         std::string expected;
         for (int place = 0; place < 72; ++place) {
             const int index = tall ? 78 + place : place;
@@ -96,10 +98,8 @@ TEST_F(QuickBar, EveryButtonShowsTellsAndInsertsItsCharacter) {
     EXPECT_EQ(button(78 + 66)->toolTip(), QStringLiteral("Alt+91"));
 }
 
-TEST_F(QuickBar, ACharacterReplacesTheSelectionAndThePaneKeepsTheKeyboard) {
-    pane().setText("abc");
-    pane().setSelStart(1);
-    pane().setSelLength(1);
+TEST_P(QuickBar, ACharacterReplacesTheSelectionAndThePaneKeepsTheKeyboard) {
+    put("abc", 1, 1);
     show(1);
     press(78);
     EXPECT_EQ(pane().Text(), "a\x8C"
@@ -109,23 +109,23 @@ TEST_F(QuickBar, ACharacterReplacesTheSelectionAndThePaneKeepsTheKeyboard) {
     EXPECT_EQ(pane().SelText(), "b");
 }
 
-TEST_F(QuickBar, HiddenBarComesBackAtTheTop) {
+TEST_P(QuickBar, HiddenBarComesBackAtTheTop) {
     control<QToolButton>(&frame(), "Command2")->click();
     EXPECT_EQ(shownState(), 0);
     EXPECT_EQ(shared::settings.CharTool, 0);
     restart();
     EXPECT_EQ(shownState(), 0);
-    m_window->menuItem("MnuVerBarradecaracteres")->trigger();
+    m_document->menuItem("MnuVerBarradecaracteres")->trigger();
     EXPECT_EQ(shownState(), 3);
 
     show(4);
     control<QToolButton>(&frame(), "Command3")->click();
     EXPECT_EQ(shownState(), 0);
-    frame().toolbar(2)->findChild<QAction *>(QStringLiteral("Barra de caracteres"))->trigger();
+    frame().toolbar(2 * GetParam())->findChild<QAction *>(QStringLiteral("Barra de caracteres"))->trigger();
     EXPECT_EQ(shownState(), 3);
 }
 
-TEST_F(QuickBar, StateAndPlaceHoldAtTheNextStart) {
+TEST_P(QuickBar, StateAndPlaceHoldAtTheNextStart) {
     for (const int state : {4, 2, 1, 3}) {
         show(state);
         if (state <= 2)
@@ -144,21 +144,22 @@ TEST_F(QuickBar, StateAndPlaceHoldAtTheNextStart) {
     EXPECT_EQ(shownState(), 0);
 }
 
-TEST_F(QuickBar, TheMenuBringsAFloatingBarToTheScreensEdge) {
+TEST_P(QuickBar, TheMenuBringsAFloatingBarToTheScreensEdge) {
     show(1);
-    call(m_window, "VerBarradecaracteres");
+    call(m_document, "VerBarradecaracteres");
     const QWidget &bar = *loaded<CaracterToolbarFrm>();
     EXPECT_EQ(bar.x() + bar.width(), bar.screen()->geometry().width());
     EXPECT_EQ(bar.y(), 66);
     EXPECT_EQ(bar.size(), QSize(104, 486));
 }
 
-TEST_F(QuickBar, TheKeyboardReachesEveryButton) {
+TEST_P(QuickBar, TheKeyboardReachesEveryButton) {
     show(3);
     frame().activateWindow();
-    pane().setFocus();
+    put("");
+    pane().takeFocus();
     ASSERT_TRUE(waitFor([&] { return pane().hasFocus(); }));
-    QTest::keyClick(&pane(), Qt::Key_F6);
+    QTest::keyClick(&pane().control(), Qt::Key_F6);
     const auto focused = [] { return QApplication::focusWidget()->objectName(); };
     EXPECT_EQ(focused(), QStringLiteral("Command1_0"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
@@ -167,6 +168,8 @@ TEST_F(QuickBar, TheKeyboardReachesEveryButton) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     EXPECT_EQ(pane().Text(), "\x84");
 }
+
+INSTANTIATE_TEST_SUITE_P(In, QuickBar, testing::Values(1, 2));
 
 } // namespace
 } // namespace zolt

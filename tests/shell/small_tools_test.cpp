@@ -18,16 +18,10 @@ namespace {
 
 using namespace test;
 
-class SmallTools : public ProgramTest {
+class SmallTools : public EditionTest, public testing::WithParamInterface<int> {
 protected:
-    SmallTools() : m_window(&startTextEdition()) {}
+    SmallTools() : EditionTest(GetParam()) {}
 
-    TextPane &pane() { return m_window->activeTextPane(); }
-    static void setTextWithSelectedMiddle(TextPane &pane) {
-        pane.setText("abc");
-        pane.setSelStart(1);
-        pane.setSelLength(1);
-    }
     QTableWidget &grid() { return *control<QTableWidget>(loaded<CaracterTableFrm>(), "Grid1"); }
     QComboBox &fonts() { return *control<QComboBox>(loaded<CaracterTableFrm>(), "Combo1"); }
     QPoint middleOf(int row, int column) { return grid().visualItemRect(grid().item(row, column)).center(); }
@@ -38,14 +32,12 @@ protected:
         QApplication::sendEvent(grid().viewport(), &move);
         return grid().toolTip();
     }
-
-    EditTextFrm *m_window;
 };
 
-TEST_F(SmallTools, TheTableInsertsTheCellUnderTheReleasedButton) {
-    call(m_window, "VerTabeladecaracteres");
+TEST_P(SmallTools, TheTableInsertsTheCellUnderTheReleasedButton) {
+    call(m_document, "VerTabeladecaracteres");
     EXPECT_EQ(grid().item(15, 13)->text(), heldText("\xFF"));
-    setTextWithSelectedMiddle(pane());
+    put("abc", 1, 1);
     const std::string inserted = "a\x8C";
     QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, middleOf(7, 10)); // 32 + 7 * 14 + 10
     EXPECT_EQ(pane().Text(), inserted + "c");
@@ -64,8 +56,8 @@ TEST_F(SmallTools, TheTableInsertsTheCellUnderTheReleasedButton) {
     EXPECT_EQ(toolTipAt(7, 10), QStringLiteral("Alt+140"));
 }
 
-TEST_F(SmallTools, TheTableComesBackWhereItStoodInItsFont) {
-    call(m_window, "VerTabeladecaracteres");
+TEST_P(SmallTools, TheTableComesBackWhereItStoodInItsFont) {
+    call(m_document, "VerTabeladecaracteres");
     EXPECT_EQ(shared::settings.ChrTbExi, 1);
     ASSERT_GT(fonts().count(), 1);
     const int other = fonts().currentIndex() == 0 ? 1 : 0;
@@ -75,30 +67,28 @@ TEST_F(SmallTools, TheTableComesBackWhereItStoodInItsFont) {
     EXPECT_EQ(shared::settings.ChrTbFnt, name.toStdString());
     EXPECT_EQ(grid().font().family(), name);
     loaded<CaracterTableFrm>()->move(50, 70);
-    leave();
-    m_window = &startTextEdition();
+    restart();
     ASSERT_NE(loaded<CaracterTableFrm>(), nullptr);
     EXPECT_EQ(loaded<CaracterTableFrm>()->pos(), QPoint(50, 70));
     EXPECT_TRUE(loaded<CaracterTableFrm>()->isVisible());
     EXPECT_EQ(fonts().currentText(), name);
 
     loaded<CaracterTableFrm>()->close();
-    leave();
-    m_window = &startTextEdition();
+    restart();
     EXPECT_EQ(loaded<CaracterTableFrm>(), nullptr);
     EXPECT_EQ(shared::settings.ChrTbExi, 0);
 
     // A font that isn't installed gives the first of the list.
     shared::settings.ChrTbFnt = "A font that is nowhere";
-    call(m_window, "VerTabeladecaracteres");
+    call(m_document, "VerTabeladecaracteres");
     EXPECT_EQ(fonts().currentIndex(), 0);
     EXPECT_EQ(grid().font().family(), fonts().itemText(0));
 }
 
-TEST_F(SmallTools, ADateGoesIntoBothPanes) {
-    for (const int number : {1, 2})
-        setTextWithSelectedMiddle(m_window->textPane(number));
-    m_window->menuItem("MnuInserirDataehora")->trigger();
+TEST_P(SmallTools, ADateGoesIntoBothPanesOfTheTextEditionAndIntoTheActiveOneOfTheOther) {
+    put("abc", 1, 1);
+    call(m_document, "EditarTranslinearpalavras"); // with text and selection
+    m_document->menuItem("MnuInserirDataehora")->trigger();
     QWidget *window = loaded<DateTimeFrm>();
     auto *list = control<QListWidget>(window, "List1");
     EXPECT_EQ(list->count(), 17);
@@ -108,30 +98,32 @@ TEST_F(SmallTools, ADateGoesIntoBothPanes) {
     EXPECT_EQ(date.size(), 10u);
     control<QPushButton>(window, "Command1")->click();
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
-    for (const int number : {1, 2})
-        EXPECT_EQ(m_window->textPane(number).Text(), "a" + date + "c");
+    EXPECT_EQ(pane().Text(), "a" + date + "c");
+    EXPECT_EQ(m_document->pane(1).Text(), GetParam() == 1 ? "a" + date + "c" : "abc");
 
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    m_window->menuItem("MnuInserirDataehora")->trigger();
+    m_document->menuItem("MnuInserirDataehora")->trigger();
     control<QPushButton>(loaded<DateTimeFrm>(), "Command2")->click();
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
     EXPECT_EQ(pane().Text(), "a" + date + "c");
 }
 
-TEST_F(SmallTools, TheCountsAreOfTheMomentOfTheCommand) {
+TEST_P(SmallTools, TheCountsAreOfTheMomentOfTheCommand) {
     const auto count = [](const char *name) {
         return control<QLabel>(loaded<EditTextWordCountFrm>(), name)->text().toInt();
     };
-    pane().setText("ab cd");
-    m_window->menuItem("MnuFerramentasContarpalavras")->trigger();
+    put("ab cd");
+    m_document->menuItem("MnuFerramentasContarpalavras")->trigger();
     EXPECT_EQ(count("Palavras"), 2);
-    pane().setText("ab\r\n\r\n");
-    m_window->menuItem("MnuFerramentasContarpalavras")->trigger();
+    put("ab\r\n\r\n");
+    m_document->menuItem("MnuFerramentasContarpalavras")->trigger();
     EXPECT_EQ(count("Palavras"), 1);
     EXPECT_EQ(count("CaracteresSemEspaços"), 2);
     EXPECT_EQ(count("CaracteresComEspaços"), 3);
     EXPECT_EQ(count("Parágrafos"), 2);
 }
+
+INSTANTIATE_TEST_SUITE_P(In, SmallTools, testing::Values(1, 2));
 
 } // namespace
 } // namespace zolt

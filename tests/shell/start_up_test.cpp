@@ -1,3 +1,4 @@
+#include "shell/base/document_in_use.h"
 #include "shell/tools/question_frm.h"
 #include "support/program.h"
 
@@ -20,23 +21,29 @@ protected:
                 return window;
         return nullptr;
     }
+    static DocumentFrm *document() {
+        return documentInUse() ? qobject_cast<DocumentFrm *>(&documentInUse()->window()) : nullptr;
+    }
 };
 
 TEST_F(StartUp, WithoutAFileShowsTheChooserAndThenTheChosenEdition) {
-    MDIFrm &frame = start();
-    QWidget *chooser = shown("QuestionFrm");
-    ASSERT_NE(chooser, nullptr);
-    EXPECT_FALSE(frame.isVisible());
-    QTest::mouseClick(control<QWidget>(chooser, "Picture1"), Qt::LeftButton);
-    EXPECT_TRUE(control<QWidget>(chooser, "Line1")->isVisible());
-    EXPECT_FALSE(control<QWidget>(chooser, "Line5")->isVisible());
-    press(chooser, "Command1");
-    EXPECT_TRUE(frame.isVisible());
-    ASSERT_NE(loaded<EditTextFrm>(), nullptr);
-    EXPECT_EQ(loaded<EditTextFrm>()->caption(), QStringLiteral("Document1"));
-    EXPECT_EQ(shared::EdiçãoActiva, 1);
-    EXPECT_FALSE(frame.toolbar(1)->isVisible());
-    EXPECT_TRUE(frame.toolbar(2)->isVisible());
+    for (const int edition : {1, 2}) {
+        MDIFrm &frame = start();
+        QWidget *chooser = shown("QuestionFrm");
+        ASSERT_NE(chooser, nullptr);
+        EXPECT_FALSE(frame.isVisible());
+        QTest::mouseClick(control<QWidget>(chooser, edition == 1 ? "Picture1" : "Picture2"), Qt::LeftButton);
+        EXPECT_EQ(control<QWidget>(chooser, "Line1")->isVisible(), edition == 1);
+        EXPECT_EQ(control<QWidget>(chooser, "Line5")->isVisible(), edition == 2);
+        press(chooser, "Command1");
+        EXPECT_TRUE(frame.isVisible());
+        ASSERT_NE(document(), nullptr);
+        EXPECT_EQ(document()->caption(), QStringLiteral("Document1"));
+        EXPECT_EQ(shared::EdiçãoActiva, edition);
+        for (int number = 1; number <= 5; ++number)
+            EXPECT_EQ(frame.toolbar(number)->isVisible(), number / 2 == edition) << number;
+        leave();
+    }
 }
 
 TEST_F(StartUp, CancelInTheChooserLeavesAnEmptyFrame) {
@@ -55,6 +62,7 @@ TEST_F(StartUp, CancelInTheChooserLeavesAnEmptyFrame) {
 
 struct NamedFile {
     const char *name;
+    int edition = 1;
     const char *quote = "";
     std::string bytes = "one\rtwo\xFF\r\n";
     std::string text = "one\r\ntwo\xFF";
@@ -65,29 +73,37 @@ class StartUpWithAFile : public StartUp, public testing::WithParamInterface<Name
 TEST_P(StartUpWithAFile, OpensItInBothPanes) {
     writeBytes(GetParam().name, GetParam().bytes);
     start(GetParam().quote + path(GetParam().name) + GetParam().quote);
-    EditTextFrm *window = loaded<EditTextFrm>();
-    ASSERT_NE(window, nullptr);
-    EXPECT_EQ(window->textPane(1).Text(), GetParam().text);
-    EXPECT_EQ(window->textPane(2).Text(), GetParam().text);
-    EXPECT_EQ(window->caption(), QString::fromUtf8(GetParam().name));
+    ASSERT_NE(document(), nullptr);
+    EXPECT_EQ(shared::EdiçãoActiva, GetParam().edition);
+    EXPECT_EQ(document()->pane(1).Text(), GetParam().text);
+    EXPECT_EQ(document()->pane(2).Text(), GetParam().text);
+    EXPECT_EQ(document()->caption(), QString::fromUtf8(GetParam().name));
     EXPECT_EQ(shared::settings.DefltDir, path(""));
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, StartUpWithAFile,
                          testing::Values(NamedFile{"plain.zlt"}, NamedFile{"CAPITALS.ZLT"},
-                                         NamedFile{"with two blanks.zlt"}, NamedFile{"quoted name.zlt", "\""},
-                                         NamedFile{"empty.zlt", "", "", ""}));
+                                         NamedFile{"with two blanks.zlt"},
+                                         NamedFile{"quoted name.zlt", 1, "\""},
+                                         NamedFile{"empty.zlt", 1, "", "", ""},
+                                         NamedFile{"CAPITALS.ZLG", 2, "", "{\\rtf1 a\\par b}", "a\r\nb"},
+                                         NamedFile{"plain.zlg", 2, "\""}));
 
 TEST_F(StartUp, AsksForTheEditionOfAnotherKindOfFile) {
-    writeBytes("notes.txt", "text");
-    MDIFrm &frame = start(path("notes.txt"));
-    QWidget *asks = shown("MensagemFrm");
-    ASSERT_NE(asks, nullptr);
-    EXPECT_FALSE(frame.isVisible());
-    EXPECT_TRUE(control<QRadioButton>(asks, "Option1")->isChecked());
-    press(asks, "Command1");
-    ASSERT_NE(loaded<EditTextFrm>(), nullptr);
-    EXPECT_EQ(loaded<EditTextFrm>()->activeTextPane().Text(), "text");
+    writeBytes("notes.rtf", "{\\rtf1 text}");
+    for (const int edition : {1, 2}) {
+        MDIFrm &frame = start(path("notes.rtf"));
+        QWidget *asks = shown("MensagemFrm");
+        ASSERT_NE(asks, nullptr);
+        EXPECT_FALSE(frame.isVisible());
+        EXPECT_TRUE(control<QRadioButton>(asks, "Option1")->isChecked());
+        if (edition == 2)
+            QTest::mouseClick(control<QRadioButton>(asks, "Option2"), Qt::LeftButton);
+        press(asks, "Command1");
+        ASSERT_NE(document(), nullptr);
+        EXPECT_EQ(document()->activePane().Text(), edition == 1 ? "{\\rtf1 text}" : "text");
+        leave();
+    }
 }
 
 TEST_F(StartUp, AFileThatCannotBeReadBringsAMessageAndTheChooser) {
@@ -97,6 +113,16 @@ TEST_F(StartUp, AFileThatCannotBeReadBringsAMessageAndTheChooser) {
         EXPECT_TRUE(message.text().contains(QStringLiteral("missing.zlt")));
         EXPECT_NE(shown("QuestionFrm"), nullptr);
         EXPECT_EQ(shared::settings.DefltDir, m_folder.path().toStdString());
+    }
+    leave();
+    {
+        // Nor one that is neither rich nor plain text.
+        writeBytes("picture.zlg", "GIF87a");
+        Answer message(QMessageBox::Ok);
+        start(path("picture.zlg"));
+        EXPECT_TRUE(message.text().contains(QStringLiteral("picture.zlg")));
+        EXPECT_NE(shown("QuestionFrm"), nullptr);
+        EXPECT_EQ(document(), nullptr);
     }
     leave();
     // Nor one that goes before the answer.

@@ -78,6 +78,19 @@ void TextEditionTest::restart() {
     m_window = &startTextEdition();
 }
 
+void EditionTest::restart() {
+    leave();
+    m_document = &startEdition(m_number);
+}
+
+void EditionTest::put(std::string_view text, qsizetype start, qsizetype length) {
+    pane().setSelStart(0);
+    pane().setSelLength(pane().length());
+    pane().setSelText(text);
+    pane().setSelStart(start);
+    pane().setSelLength(length);
+}
+
 std::string ProgramTest::path(const std::string &name) const {
     return m_folder.path().toStdString() + "/" + name;
 }

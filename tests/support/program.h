@@ -47,6 +47,23 @@ protected:
     EditTextFrm *m_window;
 };
 
+/// The program with a new document of one edition: of each in a TEST_P.
+class EditionTest : public ProgramTest {
+protected:
+    explicit EditionTest(int number) : m_document(&startEdition(number)), m_number(number) {}
+
+    void restart();
+
+    Pane &pane() { return m_document->activePane(); }
+    /// Makes the document this text and selects a part of it.
+    void put(std::string_view text, qsizetype start = 0, qsizetype length = 0);
+
+    DocumentFrm *m_document;
+
+private:
+    int m_number;
+};
+
 /// Arranges that the next message box is answered, and keeps its text.
 class Answer {
 public:
