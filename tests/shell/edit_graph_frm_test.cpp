@@ -6,6 +6,9 @@
 #include "graphic/rtf_reader.h"
 #include "graphic/rtf_writer.h"
 #include "platform/rich_text_box.h"
+#include "shell/tools/caracter_table_frm.h"
+#include "shell/tools/date_time_frm.h"
+#include "shell/tools/edit_text_find_frm.h"
 #include "support/program.h"
 #include "support/texts.h"
 
@@ -14,9 +17,13 @@
 #include <QColorDialog>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
+#include <QTableWidget>
 #include <QTest>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace zolt {
 namespace {
@@ -368,6 +375,46 @@ TEST_F(GraphicalEdition, SchemesAndColoursGoToTheWholeTextAndLeaveTheStyles) {
     expectLook(Qt::white, kWindowText);
     EXPECT_EQ(pane().SelFontSize(), 10);
     EXPECT_EQ(shared::settings.TFntColr, "-2147483640");
+}
+
+TEST_F(GraphicalEdition, WhatToolsInsertLooksLikeTheTextThere) {
+    const std::function<std::string()> tools[] = {
+        [] {
+            control<QToolButton>(loaded<MDIFrm>(), "Command1_0")->click();
+            return std::string("\x8C");
+        },
+        [this] {
+            call(m_window, "VerTabeladecaracteres");
+            auto *grid = control<QTableWidget>(loaded<CaracterTableFrm>(), "Grid1");
+            const QPoint cell = grid->visualItemRect(grid->item(0, 1)).center();
+            QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell);
+            return std::string("!");
+        },
+        [this] {
+            choose("MnuInserirDataehora");
+            const std::string date =
+                control<QListWidget>(loaded<DateTimeFrm>(), "List1")->currentItem()->text().toStdString();
+            press(loaded<DateTimeFrm>(), "Command1");
+            return date;
+        },
+        [this] {
+            choose("MnuEditarLocalizar");
+            control<QLineEdit>(loaded<EditTextFindFrm>(), "Text1")->setText(QStringLiteral("BC"));
+            control<QLineEdit>(loaded<EditTextFindFrm>(), "Text2")->setText(QStringLiteral("longer"));
+            Answer ok(QMessageBox::Ok);
+            press(loaded<EditTextFindFrm>(), "Command5");
+            return std::string("longer");
+        },
+    };
+    for (const auto &insert : tools) {
+        put("abcd", 1, 2);
+        pressTool("Inverso");
+        const RichText before = pane().richText();
+        const std::string inserted = insert();
+        EXPECT_EQ(shown(), "a<Inverse:" + inserted + ">d");
+        call(m_window, "EditarAnularintrodução");
+        EXPECT_EQ(pane().richText(), before);
+    }
 }
 
 /// Every byte in every font, and a picture of each kind.
