@@ -17,6 +17,8 @@
 #include <QTest>
 #include <QUrl>
 #include <gtest/gtest.h>
+#include <tuple>
+#include <vector>
 
 namespace zolt {
 namespace {
@@ -110,14 +112,10 @@ TYPED_TEST(Panes, TheWindowsShortcutsReachTheWindow) {
     EXPECT_EQ(pane->SelLength(), 0) << "no key selects all, also where no menu takes it";
 }
 
-TEST(TextPaneKeys, UndoAndRedoWalkTheWholeHistoryWithTheSelections) {
-    Shown<TextPane> shown("one two\r\nthree");
-    TextPane &pane = shown.box;
-    struct State {
-        std::string text;
-        qsizetype start, length;
-        bool operator==(const State &) const = default;
-    };
+TYPED_TEST(Panes, UndoAndRedoWalkTheWholeHistoryWithTheSelections) {
+    Shown<TypeParam> shown("one two\r\nthree");
+    TypeParam &pane = shown.box;
+    using State = std::tuple<std::string, qsizetype, qsizetype>;
     const auto state = [&] { return State{pane.Text(), pane.SelStart(), pane.SelLength()}; };
 
     std::vector<State> before;
@@ -127,46 +125,43 @@ TEST(TextPaneKeys, UndoAndRedoWalkTheWholeHistoryWithTheSelections) {
         change();
         after.push_back(state());
     };
-    pane.setSelStart(4);
-    pane.setSelLength(3);
+    shown.select(4, 3);
     step([&] { shown.type(QStringLiteral("zwei")); }); // over a selection, then grows
     pane.setSelStart(2);
     step([&] { shown.key(Qt::Key_Return); });
-    pane.setSelStart(0);
-    pane.setSelLength(6);
+    shown.select(0, 6);
     step([&] { shown.key(Qt::Key_X, Qt::ControlModifier); });
     pane.setSelStart(pane.length());
     step([&] { shown.key(Qt::Key_V, Qt::ControlModifier); });
-    pane.setSelStart(1);
-    pane.setSelLength(3);
+    shown.select(1, 3);
     step([&] {
         pane.setSelText("\x0B"
                         "Bxy\x0B"
                         "B");
     });
-    pane.setSelStart(3);
-    step([&] { pane.replaceText("whole"); });
+    shown.select(0, pane.length());
+    step([&] { pane.setSelText("whole"); });
     pane.setSelStart(2);
     step([&] { shown.type(QStringLiteral("end")); });
     pane.setSelStart(0);
 
     for (std::size_t i = before.size(); i-- > 0;) {
         shown.key(Qt::Key_Z, Qt::ControlModifier);
-        EXPECT_TRUE(state() == before[i]) << i << pane.Text() << pane.SelStart() << " " << pane.SelLength();
+        EXPECT_EQ(state(), before[i]) << i;
     }
     for (std::size_t i = 0; i < after.size(); ++i) {
         i % 2 ? shown.key(Qt::Key_Y, Qt::ControlModifier)
               : shown.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-        EXPECT_TRUE(state() == after[i]) << i << pane.Text() << pane.SelStart() << " " << pane.SelLength();
+        EXPECT_EQ(state(), after[i]) << i;
     }
     shown.key(Qt::Key_Z, Qt::ControlModifier);
     shown.key(Qt::Key_Z, Qt::ControlModifier);
     shown.type(QStringLiteral("!")); // a change where the history was cut
     const State changed = state();
     shown.key(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_TRUE(state() == before[5]);
+    EXPECT_EQ(state(), before[5]);
     shown.key(Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_TRUE(state() == changed);
+    EXPECT_EQ(state(), changed);
 }
 
 TEST(TextPaneClipboard, CarriesExactBytesForThePaneAndCalculatorCharactersForOthers) {

@@ -9,10 +9,8 @@
 #include "support/texts.h"
 
 #include <QClipboard>
-#include <QInputMethodEvent>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <functional>
 #include <gtest/gtest.h>
 
 using namespace zolt;
@@ -246,48 +244,6 @@ TEST(RichTextBoxClipboard, TakesPicturesAndTexts) {
     shown.box.paste();
     EXPECT_EQ(shown.box.Text(), "a \x87\r\nxbold");
     EXPECT_FALSE(shown.box.SelBold());
-}
-
-TEST(RichTextBoxChange, IsToldWhenLinesAndCaretStand) {
-    ShownBox shown;
-    std::string seen;
-    QObject::connect(&shown.box.events(), &PaneEvents::Change, [&] {
-        seen += shown.box.Text() + " line " + std::to_string(shown.box.lineOfOffset(shown.box.SelStart())) +
-                " of " + std::to_string(shown.box.lineCount()) + ", " + std::to_string(shown.box.SelStart()) +
-                ";";
-    });
-    QMimeData hello;
-    hello.setText(QStringLiteral("Hello\n"));
-    QInputMethodEvent committed;
-    committed.setCommitString(QStringLiteral("\u03B1\n"));
-    struct Case {
-        const char *what;
-        std::function<void()> act;
-        const char *seen;
-    };
-    const Case cases[] = {
-        {"drop", [&] { EXPECT_TRUE(shown.drop(hello, 1)); }, "aHello\r\nb line 1 of 2, 8;"},
-        {"paste", [&] { shown.key(Qt::Key_V, Qt::ControlModifier); }, "aHello\r\nb line 1 of 2, 8;"},
-        {"input method", [&] { QApplication::sendEvent(&shown.box, &committed); },
-         "a\x8C\r\nb line 1 of 2, 4;"},
-        {"font", [&] { shown.select(0, 1), shown.box.setSelFontName("Arial"); }, "ab line 0 of 1, 0;"},
-        {"undo",
-         [&] {
-             shown.box.setSelText("x\r\n");
-             shown.box.setSelStart(0);
-             seen.clear();
-             shown.box.undo();
-         },
-         "ab line 0 of 1, 1;"},
-    };
-    QApplication::clipboard()->setText(hello.text());
-    for (const Case &c : cases) {
-        shown.box.setText("ab");
-        shown.select(1, 0);
-        seen.clear();
-        c.act();
-        EXPECT_EQ(seen, c.seen) << c.what;
-    }
 }
 
 TEST(RichTextBoxDrop, TakesRichText) {

@@ -75,29 +75,6 @@ TEST(SymbolFile, HasACountLineAndTwoLinesASymbol) {
     EXPECT_EQ(again, list);
 }
 
-TEST(SymbolFile, WithoutACountLeavesTheListAsItWas) {
-    SymbolList list = abc();
-    list.load("no list");
-    EXPECT_EQ(contents(list), "a=aa|b=bb|c=cc");
-}
-
-TEST(SymbolList, MovesTitlesAndExpressionsTogether) {
-    SymbolList list = abc();
-    EXPECT_EQ(list.defaultTitle(), "Symbol4");
-    EXPECT_EQ(list.NomesDosSimbolos(0), "");
-    EXPECT_TRUE(list.duplicate(2));
-    EXPECT_EQ(contents(list), "a=aa|b=bb|b=bb|c=cc");
-    EXPECT_TRUE(list.swap(3));
-    EXPECT_TRUE(list.replace(1, "x", "y"));
-    EXPECT_EQ(contents(list), "x=y|b=bb|c=cc|b=bb");
-    EXPECT_TRUE(list.remove(4));
-    EXPECT_TRUE(list.remove(1));
-    EXPECT_EQ(contents(list), "b=bb|c=cc");
-    const SymbolsRead read = list.import(abc().save());
-    EXPECT_EQ(read.count, 3);
-    EXPECT_EQ(contents(list), "b=bb|c=cc|a=aa|b=bb|c=cc");
-}
-
 TEST(SymbolList, RefusesNumbersThatNameNoSymbol) {
     SymbolList list = abc();
     for (const int i : {-1, 0, 4})
