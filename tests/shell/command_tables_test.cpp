@@ -1,3 +1,4 @@
+#include "shell/document/graphic/edit_graph_frm_tables.h"
 #include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/frame/mdi_frm_tables.h"
 #include "shell/tools/edit_text_find_frm.h"
@@ -31,19 +32,22 @@ protected:
 };
 
 TEST_F(CommandTables, NameOnlyOperationsAndPicturesThatExist) {
-    EditTextFrm &window = startTextEdition();
-    const QList<QObject *> frame{loaded<MDIFrm>()};
-    const QList<QObject *> document{&window, loaded<MDIFrm>()};
+    const QList<QObject *> frame{&start()};
     for (const auto &row : frameMenuTable())
         expectSlotsAndIcons(frame, row.name, row.slot, row.icon);
     for (const auto &row : frameToolbarTable())
         expectSlotsAndIcons(frame, row.key, row.slot, row.icon);
-    for (const auto *table : {&textMenuTable(), &textPopUpTable()})
-        for (const auto &row : *table)
+    for (const int edition : {1, 2}) {
+        leave();
+        const bool text = edition == 1;
+        const QList<QObject *> document{&startEdition(edition), loaded<MDIFrm>()};
+        for (const auto &row :
+             text ? textMenuTable() + textPopUpTable() : graphMenuTable() + graphPopUpTable())
             expectSlotsAndIcons(document, row.name, row.slot, row.icon);
-    for (const auto *table : {&textStandardToolbarTable(), &textFormatToolbarTable()})
-        for (const auto &row : *table)
+        for (const auto &row : text ? textStandardToolbarTable() + textFormatToolbarTable()
+                                    : graphStandardToolbarTable() + graphFormatToolbarTable())
             expectSlotsAndIcons(document, row.key, row.slot, row.icon);
+    }
 }
 
 TEST_F(CommandTables, GiveTheKeysOfTheTextEdition) {

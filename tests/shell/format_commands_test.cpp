@@ -74,47 +74,17 @@ TEST_F(FormatCommands, AStyleHasOneLetterInBothMenusAndOnTheToolbar) {
     }
 }
 
-TEST_F(FormatCommands, AStyleEndsAtItsLastColumnInBothPanes) {
-    const std::string wide =
-        "This formatting can only be aplied as far as the 33\u00BACharacter in each line.";
-    const std::string narrow =
-        "This formatting can only be aplied as far as the 16\u00BACharacter in each line.";
-    const struct {
-        const char *item;
-        std::string before;
-        int length;
-        std::string message;
-    } cases[] = {
-        {"MnuFormatarEstiloDuplalargura", "first\r\n", 16, ""},
-        {"MnuFormatarEstiloDuplalargura", "first\r\n", 17, narrow},
-        // The codes of the run before count, though nobody sees them.
-        {"MnuFormatarEstiloNegrito", "\vBab\vB", 27, ""},
-        {"MnuFormatarEstiloNegrito", "\vBab\vB", 28, wide},
-    };
-    for (const int wrap : {1, 2}) {
-        for (const auto &test : cases) {
-            const std::string text = test.before + std::string(static_cast<std::size_t>(test.length), 'x');
-            put(text, static_cast<qsizetype>(test.before.size()), test.length);
-            Answer ok(QMessageBox::Ok);
-            choose(test.item);
-            EXPECT_EQ(ok.text().toStdString(), test.message) << wrap << test.item << test.length;
-            EXPECT_EQ(pane().Text() == text, ok.came());
-        }
-        call(m_window, "EditarTranslinearpalavras");
-    }
-}
-
-TEST_F(FormatCommands, TheFirstObstacleGivesTheMessage) {
-    const QString formatted = QStringLiteral("The selection is already formatted.\r\n"
-                                             "Before using the desired style, \r\n"
-                                             "remove the one already applied.");
-    const QString lines = QStringLiteral("Select one line at a time");
-    for (const auto &[text, message] : {std::pair{"a\vBb\r\nc", formatted}, std::pair{"a\r\nb\vB", lines}}) {
-        put(text, 0, static_cast<qsizetype>(strlen(text)));
+TEST_F(FormatCommands, ARefusedStyleIsSaidAndChangesNothing) {
+    const std::string text = "first\r\n" + std::string(17, 'x');
+    for (int wrap = 0; wrap < 2; ++wrap) {
+        put(text, 7, 17);
         Answer ok(QMessageBox::Ok);
-        choose("MnuFormatarEstiloNegrito");
-        EXPECT_EQ(ok.text(), message);
+        choose("MnuFormatarEstiloDuplalargura");
+        EXPECT_EQ(ok.text(),
+                  QStringLiteral(
+                      "This formatting can only be aplied as far as the 16\u00BACharacter in each line."));
         EXPECT_EQ(pane().Text(), text);
+        call(m_window, "EditarTranslinearpalavras");
     }
 }
 

@@ -71,9 +71,7 @@ protected:
                 return candidate;
         return nullptr;
     }
-    static void press(QWidget &window, const char *name) {
-        QTest::mouseClick(control<QPushButton>(&window, name), Qt::LeftButton);
-    }
+    static void press(QWidget &window, const char *name) { test::press(&window, name); }
     static void type(QWidget &window, const char *box, const char *text) {
         control<QLineEdit>(&window, box)->selectAll();
         QTest::keyClicks(control<QLineEdit>(&window, box), QString::fromUtf8(text));
@@ -82,7 +80,6 @@ protected:
         answerFileDialog(file);
         call(&window, "AbrirImagem");
     }
-    static void deleteClosed() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
     static void expectBar(QWidget &window, const char *name, int rows) {
         auto *bar = control<QScrollBar>(&window, name);
         EXPECT_EQ(bar->isVisible(), rows > 65) << rows;

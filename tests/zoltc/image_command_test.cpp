@@ -23,60 +23,47 @@ protected:
     }
 };
 
-TEST_F(ImageCommand, KindsOfThePcPicture) {
-    const DotSurface surface = surfaceOf(Pattern::Noise, 132, 65);
-    put("in.BMP", bitmapFile(surface, 4));
-    put("in.gif", gifFile(surface));
-    for (const char *input : {"in.BMP", "in.gif"}) {
-        EXPECT_EQ(convert(input, "out.zli"), Done);
-        EXPECT_EQ(get("out.zli"), LerFigura(surface) + "\r\n");
-        EXPECT_EQ(convert(input, "out.Grb"), Done);
-        EXPECT_EQ(get("out.Grb"), FiguraParaGrob(surface, {131, 64}) + "\r\n");
+TEST_F(ImageCommand, TheNamesTellTheConversion) {
+    const DotSurface picture = surfaceOf(Pattern::Noise, 132, 65);
+    const std::string text = LerFigura(surfaceOf(Pattern::Noise, 100, 65));
+    const DotSurface ofText = VerVelda(text).surface;
+    const DotSurface screen = surfaceOf(Pattern::Noise, 132, 64);
+    put("in.BMP", bitmapFile(picture, 4));
+    put("in.gif", gifFile(picture));
+    put("in.zli", text + "\r\n");
+    put("in.grb", "header of a transfer\r\n" + FiguraParaGrob(screen, {131, 64}) + "\r\n");
+    std::string otherEnds = text;
+    std::erase(otherEnds, '\r');
+    put("other.zli", otherEnds);
+    const struct {
+        const char *from;
+        const char *to;
+        std::vector<std::string> options;
+        std::string written;
+    } cases[] = {
+        {"in.BMP", "out.zli", {}, LerFigura(picture) + "\r\n"},
+        {"in.gif", "out.Grb", {}, FiguraParaGrob(picture, {131, 64}) + "\r\n"},
+        {"in.zli", "out.gif", {}, gifFile(ofText)},
+        {"other.zli", "out.gif", {}, gifFile(ofText)},
+        {"in.zli", "out.bmp", {}, bitmapFile(ofText, 1)},
+        {"in.zli", "out.bmp", {"--bits", "8"}, bitmapFile(ofText, 8)},
+        {"in.zli", "out.gro", {}, FiguraParaGrob(ofText, {99, 64}) + "\r\n"},
+        {"in.grb", "out.zli", {}, LerFigura(screen) + "\r\n"},
+        {"in.grb", "out.gif", {}, gifFile(screen)},
+        {"in.grb", "out.bmp", {"--bits=24"}, bitmapFile(screen, 24)},
+    };
+    for (const auto &c : cases) {
+        EXPECT_EQ(convert(c.from, c.to, c.options), Done);
+        EXPECT_TRUE(get(c.to) == c.written) << c.from << " to " << c.to;
+        EXPECT_EQ(m_errors, "");
     }
     EXPECT_EQ(convert("in.gif", "out.zli", {"--width", "1", "--height", "1090"}), Done);
     EXPECT_EQ(measureImageText(get("out.zli")).lines, 182 + 1);
-    EXPECT_EQ(m_errors, "");
-}
-
-TEST_F(ImageCommand, KindsOfTheImageText) {
-    const std::string text = LerFigura(surfaceOf(Pattern::Noise, 100, 65));
-    const DotSurface surface = VerVelda(text).surface;
-    put("in.zli", text + "\r\n");
-    EXPECT_EQ(convert("in.zli", "out.gif"), Done);
-    EXPECT_EQ(get("out.gif"), gifFile(surface));
-    EXPECT_EQ(convert("in.zli", "out.bmp"), Done);
-    EXPECT_EQ(get("out.bmp"), bitmapFile(surface, 1));
-    for (const int bits : {1, 4, 8, 24}) {
-        EXPECT_EQ(convert("in.zli", "out.bmp", {"--bits", std::to_string(bits)}), Done);
-        EXPECT_EQ(get("out.bmp"), bitmapFile(surface, bits));
-    }
-    EXPECT_EQ(convert("in.zli", "out.gro"), Done);
-    EXPECT_EQ(get("out.gro"), FiguraParaGrob(surface, {99, 64}) + "\r\n");
-
-    std::string otherEnds;
-    for (const char c : text)
-        if (c != '\r')
-            otherEnds += c;
-    put("in.zli", otherEnds);
-    EXPECT_EQ(convert("in.zli", "out.gif"), Done);
-    EXPECT_EQ(get("out.gif"), gifFile(surface));
-}
-
-TEST_F(ImageCommand, KindsOfTheGrob) {
-    const DotSurface surface = surfaceOf(Pattern::Noise, 132, 64);
-    const std::string grob = FiguraParaGrob(surface, {131, 64});
-    put("in.grb", "header of a transfer\r\n" + grob + "\r\n");
-    EXPECT_EQ(convert("in.grb", "out.zli"), Done);
-    EXPECT_EQ(get("out.zli"), LerFigura(surface) + "\r\n");
-    EXPECT_EQ(measureImageText(LerFigura(surface)), (ImageTextSize{33, 11}));
-    EXPECT_EQ(convert("in.grb", "out.gif"), Done);
-    EXPECT_EQ(get("out.gif"), gifFile(surface));
-    EXPECT_EQ(m_errors, "");
 
     put("wide.gro", "GROB 140 1 F\r\n");
-    EXPECT_EQ(convert("wide.gro", "out.bmp", {"--bits=24"}), Done);
+    EXPECT_EQ(convert("wide.gro", "out.bmp"), Done);
     EXPECT_NE(m_errors.find("The maximum allowable width is 131."), std::string::npos);
-    EXPECT_EQ(get("out.bmp"), bitmapFile(VerGrob("GROB 140 1 F").surface, 24));
+    EXPECT_EQ(get("out.bmp"), bitmapFile(VerGrob("GROB 140 1 F").surface, 1));
 }
 
 TEST_F(ImageCommand, WhatCantBeDecodedLeavesNoOutput) {
