@@ -1,3 +1,4 @@
+#include "platform/pane.h"
 #include "platform/rich_text_box.h"
 #include "shell/preview/edit_text_preview_frm.h"
 #include "shell/preview/edit_text_preview_normal_frm.h"
@@ -28,6 +29,7 @@ struct Sight {
     const char *name;
     const char *window; // the one that the operations open, or the document's
     std::vector<const char *> operations;
+    int edition = 1;
 };
 
 class DarkDesktop : public ProgramTest {
@@ -44,8 +46,8 @@ protected:
 class DarkWindow : public DarkDesktop, public testing::WithParamInterface<Sight> {};
 
 TEST_P(DarkWindow, AllTextsAreLegible) {
-    EditTextFrm &document = startTextEdition();
-    document.activeTextPane().setText("Hi\r\n*entry");
+    DocumentFrm &document = startEdition(GetParam().edition);
+    document.activePane().setSelText("Hi\r\n*entry");
     for (const char *operation : GetParam().operations)
         call(&document, operation);
     QWidget *window = &document;
@@ -84,8 +86,14 @@ INSTANTIATE_TEST_SUITE_P(
         Sight{"PreviewHp48", "EditTextPreviewFrm", {"MnuVerPrévisualizartudoEstiloHP48"}},
         Sight{"PreviewNormal", "EditTextPreviewNormalFrm", {"MnuVerPrévisualizartudoNormal"}},
         Sight{"FullScreen", "EditTextFullscreenFrm", {"MnuFormatarAltocontraste", "MnuVerEcrainteiro"}},
+        Sight{"GraphicalFullScreen",
+              "EditGraphFullscreenFrm",
+              {"MnuFormatarAltocontraste", "MnuVerEcrainteiro"},
+              2},
         Sight{"Find", "EditTextFindFrm", {"EditarLocalizar"}},
-        Sight{"CharacterTable", "CaracterTableFrm", {"VerTabeladecaracteres"}}),
+        Sight{"CharacterTable", "CaracterTableFrm", {"VerTabeladecaracteres"}},
+        Sight{"GraphicalDocument", "EditGraphFrm", {}, 2},
+        Sight{"GraphicalDefaultColours", "EditGraphFrm", {"MnuFormatarPadrão"}, 2}),
     [](const auto &sight) { return sight.param.name; });
 
 TEST_F(DarkDesktop, TheWebPageLooksLikeThePane) {

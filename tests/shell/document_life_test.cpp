@@ -407,6 +407,25 @@ TEST_P(DocumentLife, TheWrapSwitchKeepsTextAndSelection) {
     type("2");
     saveAs("active");
     EXPECT_EQ(savedText("active"), "one 2 three");
+    leave();
+    begin(); // with the pane of the last time
+    EXPECT_EQ(&pane(), &m_window->pane(2));
+    EXPECT_TRUE(control().isVisible());
+}
+
+TEST_P(DocumentLife, TheViewMenuShowsAndHidesTheToolbars) {
+    const MDIFrm &frame = *loaded<MDIFrm>();
+    const int standard = GetParam().toolbar;
+    for (const auto &[name, number] : {std::pair{"MnuVerBarrasdeferramentasPadrão", standard},
+                                       {"MnuVerBarrasdeferramentasFormatação", standard + 1}}) {
+        QAction *item = m_window->menuItem(name);
+        for (const bool shows : {false, true}) {
+            item->trigger();
+            EXPECT_EQ(item->isChecked(), shows);
+            EXPECT_EQ(frame.toolbar(number)->isVisible(), shows) << name;
+        }
+        EXPECT_TRUE(waitFor([&] { return frame.toolbar(standard)->y() < frame.toolbar(standard + 1)->y(); }));
+    }
 }
 
 TEST_P(DocumentLife, TheStatusBarFollowsTheCaret) {

@@ -194,6 +194,7 @@ TEST_F(GraphicalEdition, ASelectionOverLinesOrAtAStyleIsRefusedAndNormalClearsIt
             EXPECT_EQ(ok.text(), QString::fromUtf8(c.message)) << c.start;
             EXPECT_EQ(shown(), "ab<Bold:cd>ef" + beyond + "\r\nx");
             EXPECT_EQ(pane().SelStart(), c.start);
+            EXPECT_FALSE(tool("Itálico à direita")->isChecked());
         }
         select(4, 2); // behind a style
         pressTool("Itálico à direita");
@@ -222,6 +223,7 @@ TEST_F(GraphicalEdition, AStyleWithoutASelectionIsThatOfWhatIsTypedNext) {
     pressTool("Bold");
     Answer ok(QMessageBox::Ok);
     call(m_window, "FicheiroNovo");
+    EXPECT_EQ(m_window->richPane(2).Text(), "");
     QTest::keyClicks(&pane(), QStringLiteral("x"));
     EXPECT_EQ(shown(), "x");
 }
@@ -341,9 +343,13 @@ TEST_F(GraphicalEdition, TheTextSizeIsThatOfTheWholeDocument) {
     QTest::keyClick(control<QComboBox>(loaded<MDIFrm>(), "Combo3"), Qt::Key_Up);
     expectSize(48);
     EXPECT_EQ(shown(), "ab<picture>\r\nc");
+    put("", 0, 0);
+    choose("MnuFormatarTamanhodaletra24");
+    QTest::keyClicks(&pane(), QStringLiteral("x"));
+    EXPECT_EQ(pane().SelFontSize(), 24);
     leave();
     begin();
-    EXPECT_EQ(pane().SelFontSize(), 48);
+    EXPECT_EQ(pane().SelFontSize(), 24);
 }
 
 TEST_F(GraphicalEdition, SchemesAndColoursGoToTheWholeTextAndLeaveTheStyles) {
@@ -375,6 +381,24 @@ TEST_F(GraphicalEdition, SchemesAndColoursGoToTheWholeTextAndLeaveTheStyles) {
     expectLook(Qt::white, kWindowText);
     EXPECT_EQ(pane().SelFontSize(), 10);
     EXPECT_EQ(shared::settings.TFntColr, "-2147483640");
+    // A font that means nothing to the calculator is no style.
+    open("other.zlg",
+         "{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red9\\green0\\blue0;}\\f0\\fs40\\cf1\\b\\strike x}");
+    choose("MnuFormatarPadrão");
+    EXPECT_EQ(pane().richText(), oneRun("x"));
+}
+
+TEST_F(GraphicalEdition, AChangeOfLooksAloneIsAskedAbout) {
+    put("abc", 1, 1);
+    saveAs("saved.zlg");
+    pressTool("Bold");
+    EXPECT_TRUE(waitFor([] { return loaded<MDIFrm>()->windowTitle().startsWith(u'*'); }));
+    Answer cancel(QMessageBox::Cancel);
+    m_window->close();
+    EXPECT_EQ(cancel.text(), QStringLiteral("Save changes to saved.zlg?"));
+    pressTool("Normal");
+    EXPECT_TRUE(waitFor([] { return !loaded<MDIFrm>()->windowTitle().startsWith(u'*'); }));
+    EXPECT_TRUE(m_window->close());
 }
 
 TEST_F(GraphicalEdition, WhatToolsInsertLooksLikeTheTextThere) {
@@ -415,6 +439,10 @@ TEST_F(GraphicalEdition, WhatToolsInsertLooksLikeTheTextThere) {
         call(m_window, "EditarAnularintrodução");
         EXPECT_EQ(pane().richText(), before);
     }
+    put("ab", 1, 0);
+    pressTool("Underline");
+    tools[0]();
+    EXPECT_EQ(shown(), "a<Underline:\x8C>b");
 }
 
 /// Every byte in every font, and a picture of each kind.
