@@ -13,6 +13,8 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <functional>
+#include <utility>
 
 namespace zolt {
 
