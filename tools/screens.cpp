@@ -7,6 +7,8 @@
 
 #include "platform/text_pane.h"
 #include "shell/base/shared_values.h"
+#include "shell/document/graphic/edit_graph_frm.h"
+#include "shell/document/graphic/edit_graph_fullscreen_frm.h"
 #include "shell/document/text/edit_text_frm.h"
 #include "shell/document/text/edit_text_fullscreen_frm.h"
 #include "shell/exports/edit_text_export_pdf_frm.h"
@@ -64,7 +66,7 @@ QWidget *showBar(std::int16_t charTool) {
     return loaded<CaracterToolbarFrm>();
 }
 
-const QList<Scene> &scenes() {
+const QList<Scene> &textScenes() {
     static const QList<Scene> all{
         {"MDIFrm", [] { return loaded<MDIFrm>(); }},
         {"MnuPopUp",
@@ -111,21 +113,6 @@ const QList<Scene> &scenes() {
              load<EditTextInsertVeldaFrm>(loaded<MDIFrm>()).show();
              return loaded<EditTextInsertVeldaFrm>();
          }},
-        {"EditGraphInsertImageFrm",
-         []() -> QWidget * {
-             load<EditGraphInsertImageFrm>(loaded<MDIFrm>()).show();
-             return loaded<EditGraphInsertImageFrm>();
-         }},
-        {"EditGraphInsertGrobFrm",
-         []() -> QWidget * {
-             load<EditGraphInsertGrobFrm>(loaded<MDIFrm>()).show();
-             return loaded<EditGraphInsertGrobFrm>();
-         }},
-        {"EditGraphInsertVeldaFrm",
-         []() -> QWidget * {
-             load<EditGraphInsertVeldaFrm>(loaded<MDIFrm>()).show();
-             return loaded<EditGraphInsertVeldaFrm>();
-         }},
         {"EditTextFullscreenFrm",
          []() -> QWidget * {
              loaded<EditTextFrm>()->MnuVerEcrainteiro();
@@ -168,6 +155,39 @@ const QList<Scene> &scenes() {
     return all;
 }
 
+const QList<Scene> &graphScenes() {
+    static const QList<Scene> all{
+        {"MDIFrmGraphical", [] { return loaded<MDIFrm>(); }},
+        {"MnuPopUpGraphical",
+         [] {
+             QMenu *menu = loaded<EditGraphFrm>()->popUp();
+             menu->popup(QPoint(40, 40));
+             return menu;
+         }},
+        {"EditGraphInsertImageFrm",
+         []() -> QWidget * {
+             load<EditGraphInsertImageFrm>(loaded<MDIFrm>()).show();
+             return loaded<EditGraphInsertImageFrm>();
+         }},
+        {"EditGraphInsertGrobFrm",
+         []() -> QWidget * {
+             load<EditGraphInsertGrobFrm>(loaded<MDIFrm>()).show();
+             return loaded<EditGraphInsertGrobFrm>();
+         }},
+        {"EditGraphInsertVeldaFrm",
+         []() -> QWidget * {
+             load<EditGraphInsertVeldaFrm>(loaded<MDIFrm>()).show();
+             return loaded<EditGraphInsertVeldaFrm>();
+         }},
+        {"EditGraphFullscreenFrm",
+         []() -> QWidget * {
+             loaded<EditGraphFrm>()->MnuVerEcrainteiro();
+             return loaded<EditGraphFullscreenFrm>();
+         }},
+    };
+    return all;
+}
+
 bool save(const Scene &scene, const QString &folder) {
     QWidget *window = scene.show();
     if (!window)
@@ -193,17 +213,23 @@ int main(int argc, char **argv) {
     qputenv("ZOLT_HOME", home.path().toLocal8Bit());
     prepareApplication();
     QApplication application(argc, argv);
-    startProgram(std::string(argv[2]) + "/welcome.zlt");
-    // With a file on the command line, the PDF window asks for a name by itself.
-    shared::commandLine.clear();
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(folder);
     int failed = 0;
-    for (const Scene &scene : scenes()) {
-        if (!save(scene, folder)) {
-            std::fprintf(stderr, "screens: no picture of %s\n", scene.name);
-            ++failed;
+    for (const auto &[example, scenes] :
+         {std::pair{"/welcome.zlt", &textScenes}, std::pair{"/welcome.zlg", &graphScenes}}) {
+        startProgram(argv[2] + std::string(example));
+        // With a file on the command line, the PDF window asks for a name by itself.
+        shared::commandLine.clear();
+        for (const Scene &scene : scenes()) {
+            if (!save(scene, folder)) {
+                std::fprintf(stderr, "screens: no picture of %s\n", scene.name);
+                ++failed;
+            }
         }
+        shared::SemPerguntaDeSaída = 1;
+        loaded<MDIFrm>()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return failed ? 1 : 0;
 }
