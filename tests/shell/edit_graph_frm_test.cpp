@@ -326,6 +326,7 @@ TEST_F(GraphicalEdition, TheTextSizeIsThatOfTheWholeDocument) {
     put("ab\r\nc", 2, 0);
     pastePicture();
     pane().setSelStart(1);
+    pressTool("Bold"); // for what is typed next
     const auto expectSize = [this](int points) {
         const RichText document = pane().richText();
         for (const Paragraph &paragraph : document.paragraphs)
