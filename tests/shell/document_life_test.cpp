@@ -156,9 +156,9 @@ TEST_P(DocumentLife, SavesWhatIsTypedAndOpensItAgain) {
 TEST_P(DocumentLife, ItsFileDialogsOfferItsFiles) {
     QDir(m_folder.path()).mkdir(QStringLiteral("sub"));
     shared::settings.DefltDir = path("sub/");
-    for (const auto &[operation, titled] :
+    for (const auto &[operation, title] :
          {std::pair{"FicheiroAbrir", "Open"}, std::pair{"FicheiroGuardarComo", "Save As"}}) {
-        whenModal("QFileDialog", [&](QWidget *window) {
+        whenModal("QFileDialog", [this, titled = title](QWidget *window) {
             auto *dialog = qobject_cast<QFileDialog *>(window);
             EXPECT_EQ(dialog->windowTitle(), QString::fromUtf8(titled));
             EXPECT_EQ(dialog->nameFilters(), GetParam().fileTypes);

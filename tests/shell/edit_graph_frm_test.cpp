@@ -229,7 +229,7 @@ TEST_F(GraphicalEdition, AStyleWithoutASelectionIsThatOfWhatIsTypedNext) {
 }
 
 TEST_F(GraphicalEdition, TheToolbarShowsTheStyleAtTheCaret) {
-    const auto checked = [this] {
+    const auto checked = [] {
         std::string keys;
         for (const QAction *action : loaded<MDIFrm>()->toolbar(5)->actions())
             if (action->isChecked())
