@@ -78,6 +78,18 @@ RichPicture samplePicture(RichPicture::Kind kind) {
     return {};
 }
 
+RichText withFontsInOrder(const RichText &text) {
+    RichText result = text;
+    result.fonts.clear();
+    for (Paragraph &paragraph : result.paragraphs) {
+        for (Run &run : paragraph.runs)
+            run.format.font = result.fontIndex(text.fonts[run.format.font]);
+    }
+    if (result.fonts.empty())
+        result.fonts = {"ZOLT"};
+    return result;
+}
+
 RichText oneRun(std::string_view characters, const CharFormat &format) {
     RichTextBuilder builder;
     builder.append(characters, format);

@@ -19,6 +19,9 @@ RichPicture samplePicture(RichPicture::Kind kind);
 /// A BMP file of one bit a dot, all dots black.
 std::string bmpFile(int width, int height);
 
+/// The same with its fonts in the order of their first use, as the text control gives them.
+RichText withFontsInOrder(const RichText &text);
+
 /// One paragraph of one run.
 RichText oneRun(std::string_view characters, const CharFormat &format = {});
 

@@ -11,19 +11,6 @@ namespace zolt::test {
 
 using ShownBox = Shown<RichTextBox>;
 
-/// Fonts in the order of their first use, as the control gives them back.
-inline RichText withFontsInOrder(const RichText &text) {
-    RichText result = text;
-    result.fonts.clear();
-    for (Paragraph &paragraph : result.paragraphs) {
-        for (zolt::Run &run : paragraph.runs)
-            run.format.font = result.fontIndex(text.fonts[run.format.font]);
-    }
-    if (result.fonts.empty())
-        result.fonts = {"ZOLT"};
-    return result;
-}
-
 /// "plain", "bold" in ZOLTBold and red, a picture, "end" on the next line.
 inline RichText sample() {
     RichTextBuilder builder;

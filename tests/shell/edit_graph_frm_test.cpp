@@ -48,15 +48,6 @@ constexpr StyleCase kStyleCases[] = {
     {"Duplalargura", "Dupla largura", "ZOLTDouble", 16},
 };
 
-/// A rich text whose fonts are named in the order of their use, so that two of them compare.
-RichText inOrder(const RichText &text) {
-    RichText result{.fonts = {}, .paragraphs = text.paragraphs};
-    for (Paragraph &paragraph : result.paragraphs)
-        for (zolt::Run &run : paragraph.runs)
-            run.format.font = result.fontIndex(text.fonts[run.format.font]);
-    return result;
-}
-
 class GraphicalEdition : public ProgramTest {
 protected:
     GraphicalEdition() { begin(); }
@@ -462,16 +453,16 @@ RichText everything() {
 }
 
 TEST_F(GraphicalEdition, AFileSavedAndOpenedAgainIsTheSame) {
-    const RichText wanted = inOrder(everything());
+    const RichText wanted = withFontsInOrder(everything());
     open("all.zlg", rtfFromRichText(wanted));
-    EXPECT_EQ(inOrder(pane().richText()), wanted);
+    EXPECT_EQ(withFontsInOrder(pane().richText()), wanted);
     call(m_window, "EditarTranslinearpalavras");
     saveAs("again");
-    EXPECT_EQ(inOrder(richTextFromRtf(fileBytes("again"))), wanted);
+    EXPECT_EQ(withFontsInOrder(richTextFromRtf(fileBytes("again"))), wanted);
     open("other.zlg", "{\\rtf1 x}");
     EXPECT_EQ(pane().Text(), "x");
     open("again", fileBytes("again"));
-    EXPECT_EQ(inOrder(pane().richText()), wanted);
+    EXPECT_EQ(withFontsInOrder(pane().richText()), wanted);
 }
 
 TEST_F(GraphicalEdition, OpensWhatOtherProgramsWrite) {
