@@ -99,6 +99,8 @@ void EditGraphFrm::applyDefaultScheme() {
         settings.*flag = flagText(false);
     frame().showFont(QString::fromStdString(settings.TFntName), settings.TFntSize);
     applyPaneColours();
+    // The pane without wrap follows the desktop until the next start.
+    richPane(2).setBackColour(qtColour(kSystemWindow, QPalette::Base));
     // The styles' fonts are the document's, not the pane's.
     activeRichPane().setPlainLook(settings.TFntSize, colourFromSetting(settings.TFntColr), isCalculatorFont);
     updateStatus();
