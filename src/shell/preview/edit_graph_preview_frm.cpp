@@ -18,11 +18,11 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace zolt {
 
@@ -72,11 +72,11 @@ QGroupBox *EditGraphPreviewFrm::buildChoice() {
     auto *choice = new QGroupBox;
     choice->setObjectName(QStringLiteral("Frame2"));
     auto *column = new QVBoxLayout(choice);
-    int number = 1;
+    int number = 0;
     for (const char *caption : {"Normal", "With partial optimization", "With total optimization"}) {
         auto *option = new QRadioButton(QString::fromUtf8(caption));
-        option->setObjectName(QStringLiteral("Option%1").arg(number++));
-        option->setChecked(number == 2);
+        option->setObjectName(QStringLiteral("Option%1").arg(++number));
+        option->setChecked(number == 1);
         column->addWidget(option);
     }
     auto *ok = new QPushButton(QStringLiteral("OK"));
@@ -123,38 +123,56 @@ void EditGraphPreviewFrm::showProgressView() {
     m_style.setControlBox(false);
     m_style.setSizable(false);
     m_style.setTopMost(true);
-    for (QLabel *hidden : {Label5, Label7})
-        hidden->hide();
+    // The search for pictures comes first.
+    Label8->hide();
     showView(Frame3);
     frameWindow()->setEnabled(false);
     QCoreApplication::processEvents();
 }
 
+bool EditGraphPreviewFrm::stopped() const {
+    return shared::CancelarOperação == 1 || loaded<EditGraphPreviewFrm>() != this;
+}
+
+Progress EditGraphPreviewFrm::quietProgress() {
+    return livelyProgress({}, [this] { return stopped(); });
+}
+
 SourceProgress EditGraphPreviewFrm::progress() {
-    const auto stopped = [] { return shared::CancelarOperação == 1; };
+    const auto isStopped = [this] { return stopped(); };
+    const auto percentIn = [isStopped](QLabel *label) {
+        return livelyProgress(
+            [label](std::size_t step, std::size_t total) { showPercent(label, step, total); }, isStopped);
+    };
     SourceProgress progress;
-    progress.styles = livelyProgress(
-        [this](std::size_t step, std::size_t total) { showPercent(Label6, step, total); }, stopped);
-    progress.text = livelyProgress(
-        [this](std::size_t step, std::size_t total) { showPercent(Label3, step, total); }, stopped);
-    progress.image = [this, stopped, turn = livelyProgress({}, stopped)](std::size_t number) {
-        Label8->hide();
-        Label5->show();
+    progress.styles = percentIn(Label6);
+    progress.text = [this, total = percentIn(Label3)](std::size_t step, std::size_t length) {
+        if (!Label8->isHidden())
+            showStep(Label5);
+        return total(step, length);
+    };
+    progress.image = [this, turn = quietProgress()](std::size_t number) {
+        showStep(Label5);
         Label5->setText(QStringLiteral("Image %1:").arg(number));
-        Label6->setText(QStringLiteral("0%"));
         return turn(0, 0);
     };
-    progress.dots = livelyProgress(
-        [this](std::size_t step, std::size_t total) { showPercent(Label6, step, total); }, stopped);
-    progress.finish = [this, stopped] {
-        for (QLabel *label : {Label3, Label4, Label6, Label8})
+    progress.dots = percentIn(Label6);
+    progress.finish = [this, isStopped] {
+        for (QLabel *label : {Label3, Label4, Label6})
             label->hide();
-        Label5->show();
+        showStep(Label5);
         Label5->setText(QStringLiteral("     Optimizing..."));
         QCoreApplication::processEvents();
-        return !stopped();
+        return !isStopped();
     };
     return progress;
+}
+
+void EditGraphPreviewFrm::showStep(QLabel *name) {
+    for (QLabel *each : {Label5, Label8})
+        each->setVisible(each == name);
+    Label7->hide();
+    Label6->setText(QStringLiteral("0%"));
 }
 
 void EditGraphPreviewFrm::compile() {
@@ -163,21 +181,28 @@ void EditGraphPreviewFrm::compile() {
     for (const int number : {1, 2, 3})
         if (Frame2->findChild<QRadioButton *>(QStringLiteral("Option%1").arg(number))->isChecked())
             shared::TipoDeCompilação = static_cast<std::int16_t>(number);
-    const QPointer<EditGraphPreviewFrm> self = this;
     m_working = true;
-    showProgressView();
     const SourceProgress shown = progress(); // keeps this window while it lives
-    const RichText text = richTextFromRtf(shared::RtfACompilar, shown.text);
-    auto source = shared::CancelarOperação == 1
-                      ? std::nullopt
-                      : compileSource(text, SourceKind{shared::TipoDeCompilação}, dotsOf, shown);
-    m_working = false;
-    if (!source || shared::CancelarOperação == 1) {
-        close();
-        return;
+    showProgressView();
+    if (auto source = sourceOf(shared::RtfACompilar, shown)) {
+        m_source = std::move(*source);
+        handOn();
     }
-    m_source = std::move(*source);
-    handOn();
+    m_working = false;
+    // The next compiler of any kind begins afresh.
+    const bool cancelled = std::exchange(shared::CancelarOperação, std::int16_t{0}) == 1;
+    if (cancelled && loaded<EditGraphPreviewFrm>() == this)
+        close();
+}
+
+std::optional<std::string> EditGraphPreviewFrm::sourceOf(const std::string &rtf,
+                                                         const SourceProgress &progress) {
+    const RichText text = richTextFromRtf(rtf, quietProgress());
+    if (stopped())
+        return std::nullopt;
+    showStep(Label8);
+    auto source = compileSource(text, SourceKind{shared::TipoDeCompilação}, dotsOf, progress);
+    return stopped() ? std::nullopt : source;
 }
 
 void EditGraphPreviewFrm::handOn() {
@@ -199,9 +224,10 @@ void EditGraphPreviewFrm::handOn() {
 }
 
 void EditGraphPreviewFrm::showSource() {
-    setWindowTitle(QStringLiteral("Source-code"));
     const CharFormat plain{.halfPoints = 20};
-    Text3->setRichText(richTextFromPlainText(m_source, plain));
+    if (!Text3->setRichText(richTextFromPlainText(m_source, plain), quietProgress()))
+        return;
+    setWindowTitle(QStringLiteral("Source-code"));
     layout()->setContentsMargins(0, 0, 0, 0);
     showView(Text3);
     m_style.setToolWindow(false);
@@ -228,11 +254,6 @@ void EditGraphPreviewFrm::FicheiroGuardarComo() {
 
 void EditGraphPreviewFrm::cancel() {
     shared::CancelarOperação = 1;
-}
-
-void EditGraphPreviewFrm::closing() {
-    if (m_working)
-        shared::CancelarOperação = 1;
 }
 
 } // namespace zolt

@@ -4,6 +4,7 @@
 #include "platform/cls_style.h"
 #include "shell/base/tool_frm.h"
 
+#include <optional>
 #include <string>
 
 class QGroupBox;
@@ -29,9 +30,6 @@ public slots:
     /// Asks for a file and writes the compiled text as the calculator takes it.
     void FicheiroGuardarComo();
 
-protected:
-    void closing() override;
-
 private:
     QGroupBox *buildChoice();
     QWidget *buildProgress();
@@ -39,7 +37,15 @@ private:
     void showView(QWidget *view);
     void showProgressView();
     void showSource();
+    /// Shows a step's name, one of Label5 and Label8, and its percentage from 0.
+    void showStep(QLabel *name);
     SourceProgress progress();
+    /// Lets the windows live and shows nothing.
+    Progress quietProgress();
+    /// Whether Cancel was pressed or this window closed.
+    bool stopped() const;
+    /// Nothing if it was stopped.
+    std::optional<std::string> sourceOf(const std::string &rtf, const SourceProgress &progress);
     void handOn();
 
     clsStyle m_style;
