@@ -145,6 +145,9 @@ protected:
     MDIFrm &frame() const { return *m_frame; }
     /// A document that has just come from a file or begun, with the caret at its start.
     void documentBegins();
+    /// The same for one that comes from elsewhere: it is in no file, so that opening
+    /// another loses it.
+    void documentArrives();
     void updateStatus();
     /// Shows the step that the reading of a file has reached.
     Progress openingProgress();

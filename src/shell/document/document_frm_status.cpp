@@ -109,6 +109,11 @@ void DocumentFrm::documentBegins() {
     showWouldAsk(activePane().length() > 0);
 }
 
+void DocumentFrm::documentArrives() {
+    documentBegins();
+    m_touched = true;
+}
+
 void DocumentFrm::followChange() {
     m_touched = true;
     // Reading and comparing a long document at every key would be felt.

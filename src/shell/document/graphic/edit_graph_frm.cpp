@@ -64,7 +64,7 @@ RichTextBox &EditGraphFrm::activeRichPane() const {
 void EditGraphFrm::begin(const RichText &text, const QString &caption) {
     activeRichPane().setRichText(text);
     setCaption(caption);
-    documentBegins();
+    documentArrives();
 }
 
 void EditGraphFrm::insertText(std::string_view bytes) {

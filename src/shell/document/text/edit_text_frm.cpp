@@ -34,7 +34,7 @@ EditTextFrm::EditTextFrm(QWidget *frame) : DocumentFrm(edition(), frame) {
 void EditTextFrm::begin(const std::string &text, const QString &caption) {
     activeTextPane().setText(text);
     setCaption(caption);
-    documentBegins();
+    documentArrives();
 }
 
 void EditTextFrm::EnviarParaEdiçãoGráfica() {
