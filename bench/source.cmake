@@ -1,0 +1,2 @@
+add_executable(source_bench source_bench.cpp)
+target_link_libraries(source_bench PRIVATE zolt_hp48 zolt_pictures)
