@@ -21,6 +21,7 @@
 #include "shell/pictures/edit_text_insert_grob_frm.h"
 #include "shell/pictures/edit_text_insert_image_frm.h"
 #include "shell/pictures/edit_text_insert_velda_frm.h"
+#include "shell/preview/edit_graph_preview_frm.h"
 #include "shell/preview/edit_text_preview_frm.h"
 #include "shell/preview/edit_text_preview_normal_frm.h"
 #include "shell/preview/edit_text_preview_normal_menu_frm.h"
@@ -39,8 +40,10 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QMenu>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <cstdio>
 #include <functional>
 
@@ -64,6 +67,20 @@ QWidget *showBar(std::int16_t charTool) {
     shared::settings.CharTool = charTool;
     loaded<MDIFrm>()->applyCharTool();
     return loaded<CaracterToolbarFrm>();
+}
+
+/// What `window` looks like while `work` goes on; then it closes, which ends the work.
+QWidget *seenDuring(const std::function<void()> &work, const std::function<QWidget *()> &window) {
+    auto *picture = new QLabel;
+    picture->setAttribute(Qt::WA_DeleteOnClose);
+    QTimer::singleShot(0, picture, [&] {
+        QWidget *seen = window();
+        picture->setPixmap(seen->grab());
+        seen->close();
+    });
+    work();
+    picture->adjustSize();
+    return picture;
 }
 
 const QList<Scene> &textScenes() {
@@ -96,7 +113,6 @@ const QList<Scene> &textScenes() {
              loaded<EditTextPreviewNormalFrm>()->MenuPreview();
              return loaded<EditTextPreviewNormalMenuFrm>();
          }},
-        {"WaitFrm", [] { return open<WaitFrm>("MostrarWaitFrm"); }},
         {"EditTextInsertImageFrm",
          []() -> QWidget * {
              load<EditTextInsertImageFrm>(loaded<MDIFrm>()).show();
@@ -151,6 +167,8 @@ const QList<Scene> &textScenes() {
              load<SplashFrm>().show();
              return loaded<SplashFrm>();
          }},
+        // Closed before it has come to an end it cancels, so that no preview follows.
+        {"WaitFrm", [] { return open<WaitFrm>("MostrarWaitFrm"); }},
     };
     return all;
 }
@@ -178,6 +196,28 @@ const QList<Scene> &graphScenes() {
          []() -> QWidget * {
              load<EditGraphInsertVeldaFrm>(loaded<MDIFrm>()).show();
              return loaded<EditGraphInsertVeldaFrm>();
+         }},
+        {"EditGraphPreviewFrm",
+         []() -> QWidget * {
+             loaded<EditGraphFrm>()->MnuVerPrévisualizar();
+             return loaded<EditGraphPreviewFrm>();
+         }},
+        {"EditGraphPreviewFrmProgress",
+         [] {
+             loaded<EditGraphFrm>()->MnuVerPrévisualizar();
+             return seenDuring([] { loaded<EditGraphPreviewFrm>()->compile(); },
+                               [] { return loaded<EditGraphPreviewFrm>(); });
+         }},
+        {"EditGraphPreviewFrmSource",
+         []() -> QWidget * {
+             loaded<EditGraphFrm>()->MnuVerPrévisualizar();
+             loaded<EditGraphPreviewFrm>()->compile();
+             return loaded<EditGraphPreviewFrm>();
+         }},
+        {"SendQuestion",
+         [] {
+             return seenDuring([] { loaded<EditGraphFrm>()->MnuFicheiroEnviarparaEdicaotextual(); },
+                               &QApplication::activeModalWidget);
          }},
         {"EditGraphFullscreenFrm",
          []() -> QWidget * {
