@@ -7,6 +7,7 @@
 #include "support/program.h"
 #include "support/texts.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QTest>
 #include <QToolBar>

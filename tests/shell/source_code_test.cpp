@@ -16,6 +16,7 @@
 #include <QPointer>
 #include <QRadioButton>
 #include <QTest>
+#include <QToolBar>
 #include <QTimer>
 
 namespace zolt {

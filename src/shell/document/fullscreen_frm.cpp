@@ -29,9 +29,10 @@ FullscreenFrm::FullscreenFrm(Pane *(*newPane)(bool wraps, QWidget *parent), QWid
         made->control().setFrameShape(QFrame::NoFrame);
         m_panes[static_cast<std::size_t>(number - 1)] = made;
         column->addWidget(&made->control());
-        const bool inUse = made == &pane();
-        made->control().setEnabled(inUse);
-        made->control().setVisible(inUse);
+    }
+    for (Pane *each : m_panes) {
+        each->control().setEnabled(each == &pane());
+        each->control().setVisible(each == &pane());
     }
     connect(&pane().events(), &PaneEvents::Change, this, [this] { m_touched = true; });
     connect(&pane().events(), &PaneEvents::selectionMoved, this, &FullscreenFrm::keepCaretInSight);

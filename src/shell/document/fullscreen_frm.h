@@ -58,7 +58,7 @@ private:
     QRect caret() const;
     QRect room() const;
 
-    std::array<Pane *, 2> m_panes;
+    std::array<Pane *, 2> m_panes{};
     FullscreenLeaveFrm *m_leaveWindow = nullptr; // a child
     QPointer<QWidget> m_document;
     QList<QPointer<QWidget>> m_disabledTools;
