@@ -11,6 +11,7 @@
 #include <QFileIconProvider>
 #include <QFontDialog>
 #include <QMimeDatabase>
+#include <QPrintDialog>
 #include <algorithm>
 
 namespace zolt {
@@ -161,6 +162,19 @@ int CommonDialog::ShowFont(QWidget *asker) {
         return kDialogCancelled;
     Font = dialog->selectedFont();
     return kDialogDone;
+}
+
+int CommonDialog::ShowPrinter(QWidget *asker, QPrinter &printer, bool hasSelection) {
+    const OwnedDialog<QPrintDialog> dialog(&printer, ownerFor(asker));
+    dialog->setOptions(QPrintDialog::PrintToFile | QPrintDialog::PrintShowPageSize |
+                       QPrintDialog::PrintCollateCopies);
+    dialog->setOption(QPrintDialog::PrintSelection, hasSelection);
+    // Qt's own dialog shows its ranges of pages whether they are an option or not.
+    if (const auto *from = dialog->findChild<QWidget *>(QStringLiteral("from")))
+        for (const char *part : {"printRange", "from", "label_3", "to", "pagesRadioButton", "pagesLineEdit"})
+            if (auto *widget = from->parentWidget()->findChild<QWidget *>(QString::fromUtf8(part)))
+                widget->hide();
+    return run(*dialog) ? kDialogDone : kDialogCancelled;
 }
 
 } // namespace zolt

@@ -11,6 +11,7 @@
 class QDialog;
 class QFileDialog;
 class QFileIconProvider;
+class QPrinter;
 class QWidget;
 
 namespace zolt {
@@ -23,7 +24,7 @@ enum DialogError : int { kDialogDone = 0, kDialogCancelled = 32755 };
 /// that of the chosen filter's first pattern, before it asks about overwriting.
 enum DialogFlag : int { kOverwritePrompt = 0x2, kFileMustExist = 0x1000, kAddExtension = 0x1000000 };
 
-/// A file, colour or font dialog that keeps its values between two showings.
+/// A file, colour, font or print dialog that keeps its values between two showings.
 /// Set the fields, show it, read the fields back. Its QDialog bears the object's
 /// name, so that a program can find and drive it while it stands.
 class CommonDialog : public QObject {
@@ -61,6 +62,9 @@ public:
     /// Color or Font takes the choice; the same results.
     int ShowColor(QWidget *asker);
     int ShowFont(QWidget *asker);
+    /// Sets a printer up; the dialog begins with what it is. The whole or, if there is a
+    /// selection, that may be printed, no range of pages. The same results.
+    int ShowPrinter(QWidget *asker, QPrinter &printer, bool hasSelection);
 
 private:
     int showFileDialog(QFileDialog &dialog);

@@ -85,6 +85,13 @@ RichLayout::Basis RichLayout::basis() const {
     return {textWidth(), option.tabStopDistance(), option.wrapMode()};
 }
 
+QTextOption RichLayout::lineOption(const QTextBlock &block, QTextOption option) {
+    option.setTextDirection(Qt::LeftToRight);
+    if (option.wrapMode() != QTextOption::NoWrap && holdsEndlessWord(block))
+        option.setWrapMode(QTextOption::WrapAnywhere);
+    return option;
+}
+
 void RichLayout::layOut(const QTextBlock &block) const {
     const int number = block.blockNumber();
     QTextLayout *layout = block.layout();
@@ -93,12 +100,9 @@ void RichLayout::layOut(const QTextBlock &block) const {
     if (layout->lineCount() > 0 && isKnown)
         return;
     QTextOption option = document()->defaultTextOption();
-    option.setTextDirection(Qt::LeftToRight);
     if (!wraps())
         option.setWrapMode(QTextOption::NoWrap);
-    else if (holdsEndlessWord(block))
-        option.setWrapMode(QTextOption::WrapAnywhere);
-    layout->setTextOption(option);
+    layout->setTextOption(lineOption(block, option));
     // Qt shapes a paragraph anew for each drawing, or keeps the shapes in memory.
     layout->setCacheEnabled(block.length() > kLongParagraph);
     qreal y = 0;

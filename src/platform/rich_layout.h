@@ -31,6 +31,11 @@ public:
     /// Where the display line that holds a position in the document begins.
     int lineStart(int position);
 
+    /// `option` as a paragraph's lines are filled by it.
+    static QTextOption lineOption(const QTextBlock &block, QTextOption option);
+    /// Measures nothing more until the document changes: nobody will look at it.
+    void rest() { m_idle.stop(); }
+
     /// A height in the document, in pixels from the first line's top, as the paragraph
     /// that stands there and what of it lies above: right also when others have been
     /// measured.

@@ -30,10 +30,6 @@ constexpr qreal kTabStop = 720.0 / kTwipsAPixel;
 /// Characters gathered before they go to the document in one piece.
 constexpr qsizetype kPiece = 1 << 16;
 
-int pixels(std::int32_t twips) {
-    return std::max((twips + kTwipsAPixel / 2) / kTwipsAPixel, 1);
-}
-
 bool endsSearch(QChar c) {
     return c == QChar::ParagraphSeparator || c.isNull();
 }
@@ -69,7 +65,8 @@ private:
 
 } // namespace
 
-RichTextDocument::RichTextDocument() : m_layout(new RichLayout(this)), m_images(kImageCacheKilobytes) {
+RichTextDocument::RichTextDocument()
+    : m_layout(new RichLayout(this)), m_twipsAPixel(kTwipsAPixel), m_images(kImageCacheKilobytes) {
     m_layout->registerHandler(QTextFormat::ImageObject, this);
     setDocumentLayout(m_layout);
     setDocumentMargin(kMargin);
@@ -231,6 +228,24 @@ QImage RichTextDocument::pictureBetween(int from, int to) {
     return pictureOf(format) ? image(format.intProperty(kPictureProperty)) : QImage();
 }
 
+void RichTextDocument::setPaper(QPaintDevice &device, QSize room) {
+    m_twipsAPixel = 1;
+    m_room = room;
+    m_layout->setPaintDevice(&device);
+    m_layout->rest();
+}
+
+QSize RichTextDocument::sizeOf(const RichPicture &picture) const {
+    const auto pixels = [this](std::int32_t twips) {
+        return static_cast<int>(
+            std::max<std::int64_t>((std::int64_t{twips} + m_twipsAPixel / 2) / m_twipsAPixel, 1));
+    };
+    QSize size(pixels(picture.width), pixels(picture.height));
+    if (m_room.isValid() && size.boundedTo(m_room) != size)
+        size = size.scaled(m_room, Qt::KeepAspectRatio).expandedTo({1, 1});
+    return size;
+}
+
 /// The part of a picture below the baseline of its line, so that it stands on the
 /// line's foot as text does. A line of pictures alone has no such part.
 qreal RichTextDocument::depthBelowBaseline(int position, const QTextFormat &format) const {
@@ -244,15 +259,16 @@ qreal RichTextDocument::depthBelowBaseline(int position, const QTextFormat &form
     };
     if (!meetsText(-1) && !meetsText(1))
         return 0;
-    return std::round(QFontMetricsF(format.toCharFormat().font()).descent());
+    const QFont font = format.toCharFormat().font();
+    return std::round(QFontMetricsF(font, m_layout->paintDevice()).descent());
 }
 
 QSizeF RichTextDocument::intrinsicSize(QTextDocument *, int position, const QTextFormat &format) {
     const RichPicture *picture = pictureOf(format);
     if (!picture)
         return {};
-    const qreal height = pixels(picture->height);
-    return {qreal(pixels(picture->width)), std::max<qreal>(height - depthBelowBaseline(position, format), 0)};
+    const QSizeF size = sizeOf(*picture);
+    return {size.width(), std::max<qreal>(size.height() - depthBelowBaseline(position, format), 0)};
 }
 
 void RichTextDocument::drawObject(QPainter *painter, const QRectF &place, QTextDocument *, int,
@@ -260,7 +276,7 @@ void RichTextDocument::drawObject(QPainter *painter, const QRectF &place, QTextD
     const RichPicture *picture = pictureOf(format);
     if (!picture)
         return;
-    const QRect rect(qRound(place.x()), qRound(place.y()), pixels(picture->width), pixels(picture->height));
+    const QRect rect(QPoint(qRound(place.x()), qRound(place.y())), sizeOf(*picture));
     const QImage &decoded = image(format.intProperty(kPictureProperty));
     if (decoded.isNull()) {
         painter->drawRect(rect.adjusted(0, 0, -1, -1));

@@ -59,6 +59,11 @@ public:
     /// through. The pictures themselves stay as they are.
     void setWhiteIsClear(bool on) { m_whiteIsClear = on; }
 
+    /// The lines are laid out by somebody else, in twips: for a device with a dot a twip.
+    /// It outlives the document. A picture larger than `room` is made smaller in its
+    /// proportions.
+    void setPaper(QPaintDevice &device, QSize room);
+
     /// Replaces the cursor's selection in one undo step.
     void insert(QTextCursor &cursor, const RichText &text);
     void insert(QTextCursor &cursor, const RichPicture &picture, const QTextCharFormat &format);
@@ -86,6 +91,8 @@ private:
     bool append(QTextCursor &cursor, const RichText &text, const Progress &progress);
     QTextCharFormat pictureFormat(const RichPicture &picture, QTextCharFormat format);
     const RichPicture *pictureOf(const QTextFormat &format) const;
+    /// The size of a picture, in pixels of the layout.
+    QSize sizeOf(const RichPicture &picture) const;
     const QImage &image(int number);
     qreal depthBelowBaseline(int position, const QTextFormat &format) const;
 
@@ -93,6 +100,8 @@ private:
     /// Pictures stay until the document goes, since an undo may bring them back.
     std::vector<RichPicture> m_pictures;
     bool m_whiteIsClear = false;
+    int m_twipsAPixel;
+    QSize m_room; // for a picture; an invalid one is endless
     /// Decoded pictures by number; the cost is in kilobytes.
     QCache<int, QImage> m_images;
 };

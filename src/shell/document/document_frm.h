@@ -86,6 +86,8 @@ public slots:
     void FicheiroGuardar();
     void FicheiroGuardarComo();
     void FicheiroFechar();
+    /// Prints the document, or its selection, as the pane shows it.
+    void Imprimir();
     void AbandonarPrograma();
 
     void EditarCortar();
@@ -126,6 +128,8 @@ protected:
     virtual void takeFileBytes(Pane &pane, std::string_view bytes) = 0;
     /// What TextoGuardado holds of a document: its text, or its rich text.
     virtual std::string stored() const = 0;
+    /// The document, or its selection, in the pane's look.
+    virtual RichText printout(bool selection) const = 0;
     /// Begins an empty document, without a history.
     virtual void clear() = 0;
     /// Makes a pane's document that of another one.

@@ -1,4 +1,4 @@
-// The life of the text edition's document: new, open, save, close, exit.
+// The life of the text edition's document: new, open, save, print, close, exit.
 
 #include "core/file.h"
 #include "platform/desktop.h"
@@ -9,6 +9,7 @@
 #include "shell/base/status_line.h"
 #include "shell/document/document_frm.h"
 #include "shell/frame/mdi_frm.h"
+#include "shell/preview/printing.h"
 
 #include <QCloseEvent>
 #include <QLabel>
@@ -158,6 +159,13 @@ bool DocumentFrm::mayLeaveDocument() {
 void DocumentFrm::FicheiroFechar() {
     commonDialog(DialogFrm::Document).FileName.clear();
     close();
+}
+
+void DocumentFrm::Imprimir() {
+    print(*this, {.title = m_caption,
+                  .client = DialogFrm::Document,
+                  .hasSelection = activePane().hasSelection(),
+                  .text = [this](bool selection) { return printout(selection); }});
 }
 
 void DocumentFrm::AbandonarPrograma() {

@@ -107,6 +107,14 @@ QList<MenuRow> fileRows() {
     };
 }
 
+QList<MenuRow> printRows() {
+    return {
+        {1, "MnuFicheiroConfigurarpágina", "Page Set&up", "MostrarEditPageSetupFrm"},
+        {1, "MnuFicheiroImprimir", "&Print...", "Imprimir", "Ctrl+P", "print"},
+        {1, "MnuFicheiroSeparador6", "-"},
+    };
+}
+
 QList<MenuRow> sendRows(const QList<MenuRow> &editions) {
     return QList<MenuRow>{{1, "MnuFicheiroEnviarpara", "&Send to"}} + editions +
            QList<MenuRow>{{2, "MnuFicheiroEnviarparaMicrosoftword", "Microsoft Word"}};
@@ -238,6 +246,10 @@ QList<ToolRow> fileButtons() {
         {"Abrir", "Open", "open", "FicheiroAbrir"},
         {"Guardar", "Save", "save", "FicheiroGuardar"},
     };
+}
+
+QList<ToolRow> printButtons() {
+    return {{"Imprimir", "Print", "print", "Imprimir"}};
 }
 
 QList<ToolRow> editButtons() {

@@ -15,6 +15,8 @@ enum class NamesOf { MenuBar, PopUp };
 
 /// File, from New to Save As, and from the last separator to Exit.
 QList<MenuRow> fileRows();
+/// File: the page setup and printing, as a group.
+QList<MenuRow> printRows();
 /// The head of the submenu "Send to", and its item without a command.
 QList<MenuRow> sendRows(const QList<MenuRow> &editions);
 QList<MenuRow> exitRows();
@@ -33,9 +35,10 @@ QList<MenuRow> helpRows();
 /// The pop-up menu from Undo to the head of its submenu Insert.
 QList<MenuRow> popUpRows();
 
-/// The standard toolbar: document, then find to character table, which begin and end with
+/// The standard toolbar: document, printing, then find to character table, which begin and end with
 /// a separator.
 QList<ToolRow> fileButtons();
+QList<ToolRow> printButtons();
 QList<ToolRow> editButtons();
 /// The same behind the previews' buttons.
 QList<ToolRow> fullScreenButtons();

@@ -24,6 +24,7 @@
 #include "shell/tools/caracter_table_frm.h"
 #include "shell/tools/caracter_toolbar_frm.h"
 #include "shell/tools/date_time_frm.h"
+#include "shell/tools/edit_page_setup_frm.h"
 #include "shell/tools/edit_text_find_frm.h"
 #include "shell/tools/edit_text_word_count_frm.h"
 #include "shell/tools/mensagem_frm.h"
@@ -261,6 +262,9 @@ void MDIFrm::MostrarCaracterTableFrm() {
 }
 void MDIFrm::MostrarDateTimeFrm() {
     showWindow<DateTimeFrm>();
+}
+void MDIFrm::MostrarEditPageSetupFrm() {
+    showWindow<EditPageSetupFrm>();
 }
 void MDIFrm::MostrarEditTextFindFrm() {
     showWindow<EditTextFindFrm>();

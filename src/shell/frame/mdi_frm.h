@@ -87,6 +87,7 @@ public slots:
     void MostrarCaracterToolbar();
     void MostrarCaracterTableFrm();
     void MostrarDateTimeFrm();
+    void MostrarEditPageSetupFrm();
     void MostrarEditTextFindFrm();
     void MostrarEditTextWordCountFrm();
 

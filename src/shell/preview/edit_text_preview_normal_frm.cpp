@@ -11,6 +11,7 @@
 #include "shell/base/windows.h"
 #include "shell/preview/edit_text_preview_normal_menu_frm.h"
 #include "shell/preview/preview_compilation.h"
+#include "shell/preview/printing.h"
 
 #include <QPointer>
 #include <QToolBar>
@@ -24,6 +25,7 @@ namespace {
 const QList<ToolRow> kToolbarRows{
     {"Open", "Open", "open", "AbrirFicheiro"},
     {"Save", "Save", "save", "GuardarComoFicheiro"},
+    {"Print", "Print", "print", "Imprimir"},
     {"Copy", "Copy", "copy", "Copy"},
     {"MenuPreview", "Menu", "menu", "MenuPreview"},
     {"EnviarGraphic", "Send to graphical edition", "send-graphic", "EnviarGraphic"},
@@ -86,6 +88,14 @@ void EditTextPreviewNormalFrm::GuardarComoFicheiro() {
         return;
     shared::settings.DfDirPrN = folderOf(dialog.FileName);
     savedOrSaid(dialog.FileName, Text4->SaveFile(dialog.FileName));
+}
+
+void EditTextPreviewNormalFrm::Imprimir() {
+    print(*this,
+          {.title = windowTitle(),
+           .client = DialogFrm::NormalPreview,
+           .hasSelection = Text4->hasSelection(),
+           .text = [this](bool selection) { return selection ? Text4->selRichText() : Text4->richText(); }});
 }
 
 void EditTextPreviewNormalFrm::Copy() {

@@ -6,7 +6,7 @@ namespace zolt {
 
 class RichTextBox;
 
-/// The compiled document as a reading copy, which can be stored as RTF and copied.
+/// The compiled document as a reading copy, which can be stored as RTF, printed and copied.
 class EditTextPreviewNormalFrm : public ToolFrm {
     Q_OBJECT
 
@@ -20,6 +20,8 @@ public:
 public slots:
     void AbrirFicheiro();
     void GuardarComoFicheiro();
+    /// Prints what shows here.
+    void Imprimir();
     /// Puts the whole text on the clipboard.
     void Copy();
     /// Shows the list of menu entries.

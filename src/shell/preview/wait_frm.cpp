@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QVBoxLayout>
 #include <memory>
@@ -82,6 +83,20 @@ PreviewProgress WaitFrm::progress() {
     return progress;
 }
 
+Progress WaitFrm::plainProgress() {
+    Label2->hide();
+    ProgressBar2->hide();
+    return livelyProgress(
+        [self = QPointer<WaitFrm>(this)](std::size_t step, std::size_t total) {
+            if (!self)
+                return;
+            self->ProgressBar1->setValue(stepsOf(step, total));
+            if (self->isHidden() && self->m_working)
+                self->present();
+        },
+        [] { return shared::CancelarOperação == 1; });
+}
+
 void WaitFrm::finish() {
     m_working = false;
     close();
@@ -94,6 +109,7 @@ void WaitFrm::cancel() {
 void WaitFrm::closing() {
     if (m_working)
         shared::CancelarOperação = 1;
+    m_working = false;
 }
 
 } // namespace zolt

@@ -8,7 +8,7 @@ class QProgressBar;
 
 namespace zolt {
 
-/// The progress window of the text edition's compilers. Its Cancel button sets
+/// The progress window of the text edition's compilers and of printing. Its Cancel button sets
 /// CancelarOperação, and so does closing it while the work goes on.
 class WaitFrm : public ToolFrm {
     Q_OBJECT
@@ -20,6 +20,8 @@ public:
     void setTask(const QString &task);
     /// Shows a compilation's progress and lets the windows live.
     PreviewProgress progress();
+    /// Shows work without phases, once it takes its time, and lets the windows live.
+    Progress plainProgress();
     /// The work has ended: the window closes.
     void finish();
 

@@ -92,6 +92,10 @@ std::string EditGraphFrm::stored() const {
     return activeRichPane().TextRTF();
 }
 
+RichText EditGraphFrm::printout(bool selection) const {
+    return selection ? activeRichPane().selRichText() : activeRichPane().richText();
+}
+
 void EditGraphFrm::fill(RichTextBox &pane, std::string_view plain) {
     pane.setRichText(richTextFromPlainText(plain.empty() ? " " : plain, plainLook()));
     // Emptied, a pane keeps the look that its text had.

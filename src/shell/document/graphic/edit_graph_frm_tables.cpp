@@ -61,8 +61,8 @@ const QList<MenuRow> kPreviewRows{
 
 const QList<MenuRow> &graphMenuTable() {
     static const QList<MenuRow> table =
-        fileRows() + kHpFileRows + kSendRows + exitRows() + editRows() + viewRows() + kPreviewRows +
-        fullScreenRows() +
+        fileRows() + kHpFileRows + printRows() + kSendRows + exitRows() + editRows() + viewRows() +
+        kPreviewRows + fullScreenRows() +
         QList<MenuRow>{
             {0, "MnuInserir", "&Insert"},
             {1, "MnuInserirDataehora", "&Date and time...", "MostrarDateTimeFrm"},
@@ -106,7 +106,7 @@ const QList<ToolRow> &graphStandardToolbarTable() {
         QList<ToolRow>{
             {"Guardar como ficheiro HP", "Save as HP file", "save-hp", "MnuFicheiroGuardaremformatoHP"},
         } +
-        editButtons() +
+        printButtons() + editButtons() +
         QList<ToolRow>{
             {"Pré-visualizar código fonte da selecção", "Preview selection source-code", "preview-source",
              "MnuVerPrévisualizarSelecçao"},

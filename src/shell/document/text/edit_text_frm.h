@@ -60,6 +60,7 @@ protected:
     std::string fileBytes() const override;
     void takeFileBytes(Pane &pane, std::string_view bytes) override;
     std::string stored() const override;
+    RichText printout(bool selection) const override;
     void clear() override;
     void copyDocument(const Pane &from, Pane &to) override;
     void applySettings() override;

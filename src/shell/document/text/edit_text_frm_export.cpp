@@ -1,7 +1,9 @@
-// The text edition's commands that hand the document on as a Web page or PDF file.
+// The text edition's commands that hand the document on as a Web page or PDF file, or to the
+// printer.
 
 #include "core/file.h"
 #include "export/html_writer.h"
+#include "graphic/rich_text_builder.h"
 #include "platform/colours.h"
 #include "platform/desktop.h"
 #include "platform/message_box.h"
@@ -58,6 +60,13 @@ std::string askForWebPage(QWidget *asker) {
 }
 
 } // namespace
+
+RichText EditTextFrm::printout(bool selection) const {
+    const TextPane &pane = activeTextPane();
+    RichText text = richTextFromPlainText(selection ? pane.SelText() : pane.Text(), characterLook());
+    text.fonts = {pane.font().families().value(0).toLatin1().toStdString()};
+    return text;
+}
 
 std::optional<std::string> EditTextFrm::buildWebPage() {
     const WebPage page = webPage(activePane().Text(), lookOf(activeTextPane()));

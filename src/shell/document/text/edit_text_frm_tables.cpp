@@ -105,10 +105,10 @@ const QList<MenuRow> kToolRows{
 } // namespace
 
 const QList<MenuRow> &textMenuTable() {
-    static const QList<MenuRow> table = fileRows() + kExportRows + kSendRows + kIntegrityRows + exitRows() +
-                                        editRows() + viewRows() + kPreviewRows + fullScreenRows() +
-                                        kInsertRows + kFormatRows + kToolRows + windowMenuRows(true) +
-                                        helpRows();
+    static const QList<MenuRow> table = fileRows() + kExportRows + printRows() + kSendRows + kIntegrityRows +
+                                        exitRows() + editRows() + viewRows() + kPreviewRows +
+                                        fullScreenRows() + kInsertRows + kFormatRows + kToolRows +
+                                        windowMenuRows(true) + helpRows();
     return table;
 }
 
@@ -125,7 +125,7 @@ const QList<MenuRow> &textPopUpTable() {
 
 const QList<ToolRow> &textStandardToolbarTable() {
     static const QList<ToolRow> table =
-        fileButtons() + editButtons() +
+        fileButtons() + printButtons() + editButtons() +
         QList<ToolRow>{
             {"Pré-visualizar normal", "Preview normally", "preview-normal", "VerPrévisualizarselecçãoNormal"},
             {"Pré-visualizar com quebras de linha", "Preview with Word Wrap", "preview-wrap",
