@@ -1,9 +1,10 @@
 // What a user waits for: a long document opened in the window of each edition, the
-// preview of one and the commands of the other.
+// preview of one and the commands of the other; printing.
 // Run it with QT_QPA_PLATFORM=offscreen.
 
 #include "core/file.h"
 #include "graphic/rtf_writer.h"
+#include "platform/printer.h"
 #include "platform/rich_text_box.h"
 #include "rich_document.h"
 #include "shell/base/shared_values.h"
@@ -15,7 +16,9 @@
 #include "shell/start/start_up.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QElapsedTimer>
+#include <QPdfWriter>
 #include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
@@ -104,6 +107,27 @@ void measureGraphicalEdition(const std::string &file, int pictures) {
     end();
 }
 
+/// Pages of 58 lines in the standard margins of A4, into memory; each tenth line holds a
+/// picture if asked.
+void measurePrinting(int pages, bool pictures) {
+    RichTextBuilder builder;
+    for (int line = 0; line < pages * 58; ++line) {
+        if (line > 0)
+            builder.endParagraph();
+        builder.append("the quick brown fox jumps over the lazy dog", {});
+        if (pictures && line % 10 == 0)
+            builder.append(drawnPicture(), {});
+    }
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    report("print " + std::to_string(pages) + (pictures ? " pages and pictures" : " pages"), [&] {
+        QPdfWriter writer(&pdf);
+        writer.setPageSize(QPageSize(QPageSize::A4));
+        PrintRTF(builder.text(), {1728, 1440, 1728, 1440}, writer);
+    });
+    std::printf("%-44s %7.1f MB\n", "  its PDF", static_cast<double>(pdf.size()) / 1e6);
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -115,5 +139,8 @@ int main(int argc, char **argv) {
         measureTextEdition(home.path().toStdString() + "/long.zlt", megabytes);
     for (const int pictures : {500, 0})
         measureGraphicalEdition(home.path().toStdString() + "/long.zlg", pictures);
+    for (const int pages : {100, 1000, 10'000})
+        measurePrinting(pages, false);
+    measurePrinting(1000, true);
     return 0;
 }

@@ -32,6 +32,7 @@
 #include "shell/tools/caracter_table_frm.h"
 #include "shell/tools/caracter_toolbar_frm.h"
 #include "shell/tools/date_time_frm.h"
+#include "shell/tools/edit_page_setup_frm.h"
 #include "shell/tools/edit_text_find_frm.h"
 #include "shell/tools/edit_text_word_count_frm.h"
 #include "shell/tools/mensagem_frm.h"
@@ -140,6 +141,7 @@ const QList<Scene> &textScenes() {
              return loaded<EditTextFullscreenLeaveFrm>();
          }},
         {"EditTextConvImgFrm", [] { return open<EditTextConvImgFrm>("MostrarEditTextConvImgFrm"); }},
+        {"EditPageSetupFrm", [] { return open<EditPageSetupFrm>("MostrarEditPageSetupFrm"); }},
         {"EditTextFindFrm", [] { return open<EditTextFindFrm>("MostrarEditTextFindFrm"); }},
         {"DateTimeFrm", [] { return open<DateTimeFrm>("MostrarDateTimeFrm"); }},
         {"EditTextWordCountFrm", [] { return open<EditTextWordCountFrm>("MostrarEditTextWordCountFrm"); }},
