@@ -99,6 +99,13 @@ std::string CommonDialog::FileTitle() const {
     return titleOf(FileName);
 }
 
+void CommonDialog::startInFolder(QFileDialog &dialog) const {
+    const QString start = pathFromBytes(InitDir);
+    const QString folder = QFileInfo(start).isDir() ? start : pathFromBytes(folderOf(InitDir));
+    if (!folder.isEmpty() && QDir(folder).exists())
+        dialog.setDirectory(folder);
+}
+
 int CommonDialog::showFileDialog(QFileDialog &dialog) {
     dialog.setIconProvider(m_kinds.get());
     QList<FilterPair> pairs = filterPairs(Filter);
@@ -119,10 +126,7 @@ int CommonDialog::showFileDialog(QFileDialog &dialog) {
     }
     dialog.selectNameFilter(filters[preselected]);
 
-    const QString start = pathFromBytes(InitDir);
-    const QString folder = QFileInfo(start).isDir() ? start : pathFromBytes(folderOf(InitDir));
-    if (!folder.isEmpty() && QDir(folder).exists())
-        dialog.setDirectory(folder);
+    startInFolder(dialog);
     if (!FileName.empty())
         dialog.selectFile(pathFromBytes(titleOf(FileName)));
 
@@ -146,6 +150,18 @@ int CommonDialog::ShowSave(QWidget *asker) {
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !(Flags & kOverwritePrompt));
     return showFileDialog(*dialog);
+}
+
+int CommonDialog::ShowFolder(QWidget *asker) {
+    const OwnedDialog<QFileDialog> dialog(ownerFor(asker), DialogTitle);
+    dialog->setIconProvider(m_kinds.get());
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    startInFolder(*dialog);
+    if (!run(*dialog) || dialog->selectedFiles().isEmpty())
+        return kDialogCancelled;
+    FileName = bytesFromPath(dialog->selectedFiles().first());
+    return kDialogDone;
 }
 
 int CommonDialog::ShowColor(QWidget *asker) {

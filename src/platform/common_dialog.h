@@ -53,12 +53,15 @@ public:
     /// The file's name without its folder.
     std::string FileTitle() const;
 
-    /// Both show the dialog and return kDialogDone with FileName set, or
+    /// They show the dialog and return kDialogDone with FileName set, or
     /// kDialogCancelled with nothing changed. The asking window owns the dialog, and
     /// the control that had the keyboard has it again afterwards. A window that goes
     /// meanwhile takes the dialog along: it counts as cancelled.
     int ShowOpen(QWidget *asker);
     int ShowSave(QWidget *asker);
+    /// The system's folder browser, from InitDir on; FileName takes the folder, without a
+    /// trailing separator. The same results.
+    int ShowFolder(QWidget *asker);
     /// Color or Font takes the choice; the same results.
     int ShowColor(QWidget *asker);
     int ShowFont(QWidget *asker);
@@ -68,6 +71,7 @@ public:
 
 private:
     int showFileDialog(QFileDialog &dialog);
+    void startInFolder(QFileDialog &dialog) const;
     /// Runs a dialog and gives the keyboard back. True if it was accepted; else it may
     /// be gone.
     bool run(QDialog &dialog);

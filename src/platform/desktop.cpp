@@ -29,4 +29,8 @@ QString fromFileName(const std::string &bytes) {
     return QFile::decodeName(QByteArray::fromStdString(bytes));
 }
 
+std::string fileNameBytes(const QString &name) {
+    return QFile::encodeName(name).toStdString();
+}
+
 } // namespace zolt

@@ -14,5 +14,6 @@ QString fromWindows(std::string_view bytes);
 /// The bytes of a text in code page 1252; "?" for characters that it lacks.
 std::string windowsBytes(const QString &text);
 QString fromFileName(const std::string &bytes);
+std::string fileNameBytes(const QString &name);
 
 } // namespace zolt

@@ -215,6 +215,13 @@ QList<MenuRow> caseAndColourRows() {
     };
 }
 
+QList<MenuRow> optionsRows() {
+    return {
+        {1, "MnuFerramentasSeparador2", "-"},
+        {1, "MnuFerramentasOpções", "&Options", "MostrarEditTextOptionsFrm"},
+    };
+}
+
 QList<MenuRow> helpRows() {
     return {
         {0, "MnuAjuda", "&Help"},

@@ -31,6 +31,8 @@ QList<MenuRow> imageRows(int level, NamesOf names, RowsOf edition);
 QList<MenuRow> styleRows(NamesOf names, RowsOf edition);
 /// Format, from the case commands to the schemes.
 QList<MenuRow> caseAndColourRows();
+/// The end of Tools.
+QList<MenuRow> optionsRows();
 QList<MenuRow> helpRows();
 /// The pop-up menu from Undo to the head of its submenu Insert.
 QList<MenuRow> popUpRows();

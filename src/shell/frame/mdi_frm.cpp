@@ -26,6 +26,7 @@
 #include "shell/tools/date_time_frm.h"
 #include "shell/tools/edit_page_setup_frm.h"
 #include "shell/tools/edit_text_find_frm.h"
+#include "shell/tools/edit_text_options_frm.h"
 #include "shell/tools/edit_text_word_count_frm.h"
 #include "shell/tools/mensagem_frm.h"
 #include "shell/tools/question_frm.h"
@@ -269,6 +270,10 @@ void MDIFrm::MostrarEditPageSetupFrm() {
 void MDIFrm::MostrarEditTextFindFrm() {
     showWindow<EditTextFindFrm>();
 }
+void MDIFrm::MostrarEditTextOptionsFrm() {
+    showWindow<EditTextOptionsFrm>();
+}
+
 void MDIFrm::findNext() {
     if (!documentInUse())
         return;

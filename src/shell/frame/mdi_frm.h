@@ -89,6 +89,7 @@ public slots:
     void MostrarDateTimeFrm();
     void MostrarEditPageSetupFrm();
     void MostrarEditTextFindFrm();
+    void MostrarEditTextOptionsFrm();
     void MostrarEditTextWordCountFrm();
 
     void MnuFicheiroNovo();

@@ -84,7 +84,7 @@ const QList<MenuRow> &graphMenuTable() {
             {1, "MnuFerramentasSeparador1", "-"},
             {1, "MnuFerramentasContarpalavras", "&Count words", "MostrarEditTextWordCountFrm"},
         } +
-        windowMenuRows(true) + helpRows();
+        optionsRows() + windowMenuRows(true) + helpRows();
     return table;
 }
 

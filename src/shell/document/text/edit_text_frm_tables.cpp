@@ -108,7 +108,7 @@ const QList<MenuRow> &textMenuTable() {
     static const QList<MenuRow> table = fileRows() + kExportRows + printRows() + kSendRows + kIntegrityRows +
                                         exitRows() + editRows() + viewRows() + kPreviewRows +
                                         fullScreenRows() + kInsertRows + kFormatRows + kToolRows +
-                                        windowMenuRows(true) + helpRows();
+                                        optionsRows() + windowMenuRows(true) + helpRows();
     return table;
 }
 
