@@ -34,7 +34,9 @@
 #include "shell/tools/date_time_frm.h"
 #include "shell/tools/edit_page_setup_frm.h"
 #include "shell/tools/edit_text_find_frm.h"
+#include "shell/tools/edit_text_options_frm.h"
 #include "shell/tools/edit_text_word_count_frm.h"
+#include "shell/tools/file_ass_frm.h"
 #include "shell/tools/mensagem_frm.h"
 #include "shell/tools/question_frm.h"
 #include "shell/tools/splash_frm.h"
@@ -145,6 +147,8 @@ const QList<Scene> &textScenes() {
         {"EditTextFindFrm", [] { return open<EditTextFindFrm>("MostrarEditTextFindFrm"); }},
         {"DateTimeFrm", [] { return open<DateTimeFrm>("MostrarDateTimeFrm"); }},
         {"EditTextWordCountFrm", [] { return open<EditTextWordCountFrm>("MostrarEditTextWordCountFrm"); }},
+        {"EditTextOptionsFrm", [] { return open<EditTextOptionsFrm>("MostrarEditTextOptionsFrm"); }},
+        {"FileAssFrm", [] { return open<FileAssFrm>("MostrarFileAssFrm"); }},
         {"EditTextExportPDFFrm", [] { return open<EditTextExportPDFFrm>("MostrarEditTextExportPDFFrm"); }},
         {"SymbolFrmList", [] { return open<SymbolFrm>("MostrarSymbolFrm"); }},
         {"SymbolFrmEdition",

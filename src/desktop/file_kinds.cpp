@@ -51,6 +51,11 @@ std::string mimeTypeOf(std::string_view format) {
     return "application/x-" + words;
 }
 
+std::string iconNameOf(std::string type) {
+    std::ranges::replace(type, '/', '-');
+    return type;
+}
+
 bool canBeExtension(std::string_view extension) {
     return std::ranges::none_of(extension, [](char c) {
         const auto byte = static_cast<unsigned char>(c);

@@ -13,6 +13,8 @@ namespace zolt::desktop {
 /// The type of a format that this program names: "ZOLT Text Format" is
 /// application/x-zolt-text.
 std::string mimeTypeOf(std::string_view format);
+/// The name that icon themes have for a type's icon.
+std::string iconNameOf(std::string type);
 
 /// Whether file names can end in a point and this, and the databases can hold it: no "/",
 /// and no ":", which separates their fields. An empty extension is one.

@@ -88,10 +88,8 @@ std::string registerType(std::string_view extension, std::string_view program, s
     if (data.empty() || config.empty())
         return "there is no home folder";
     const std::string type = mimeTypeOf(format);
-    std::string icon = type;
-    icon.replace(icon.find('/'), 1, "-");
     std::string reason = put(data + "/mime/packages/" + packageName(extension),
-                             mimePackage(type, format, icon, patternOf(extension)));
+                             mimePackage(type, format, iconNameOf(type), patternOf(extension)));
     if (reason.empty())
         reason = change(data + "/applications/" + kEntry,
                         [&](const std::string &entry) { return entryFor(entry, program, type); });

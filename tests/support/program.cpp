@@ -32,6 +32,8 @@ QTimer *newPoll() {
 
 ProgramTest::ProgramTest() {
     qputenv("ZOLT_HOME", m_folder.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", path("data").c_str());
+    qputenv("XDG_CONFIG_HOME", path("config").c_str());
 }
 
 ProgramTest::~ProgramTest() {

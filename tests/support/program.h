@@ -14,8 +14,8 @@
 
 namespace zolt::test {
 
-/// The program in this process, with a folder of its own; it ends without
-/// questions when the test does.
+/// The program in this process, with a folder of its own for its files and for what
+/// the user's desktop keeps; it ends without questions when the test does.
 class ProgramTest : public testing::Test {
 protected:
     ProgramTest();

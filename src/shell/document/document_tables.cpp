@@ -219,6 +219,7 @@ QList<MenuRow> optionsRows() {
     return {
         {1, "MnuFerramentasSeparador2", "-"},
         {1, "MnuFerramentasOpções", "&Options", "MostrarEditTextOptionsFrm"},
+        {1, "MnuOpçõesAssociaçõesdeficheiros", "F&ile Associations", "MostrarFileAssFrm"},
     };
 }
 

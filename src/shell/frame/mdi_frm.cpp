@@ -28,6 +28,7 @@
 #include "shell/tools/edit_text_find_frm.h"
 #include "shell/tools/edit_text_options_frm.h"
 #include "shell/tools/edit_text_word_count_frm.h"
+#include "shell/tools/file_ass_frm.h"
 #include "shell/tools/mensagem_frm.h"
 #include "shell/tools/question_frm.h"
 
@@ -272,6 +273,9 @@ void MDIFrm::MostrarEditTextFindFrm() {
 }
 void MDIFrm::MostrarEditTextOptionsFrm() {
     showWindow<EditTextOptionsFrm>();
+}
+void MDIFrm::MostrarFileAssFrm() {
+    showWindow<FileAssFrm>();
 }
 
 void MDIFrm::findNext() {

@@ -90,6 +90,7 @@ public slots:
     void MostrarEditPageSetupFrm();
     void MostrarEditTextFindFrm();
     void MostrarEditTextOptionsFrm();
+    void MostrarFileAssFrm();
     void MostrarEditTextWordCountFrm();
 
     void MnuFicheiroNovo();

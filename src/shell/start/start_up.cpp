@@ -17,6 +17,7 @@
 #include "shell/frame/mdi_frm.h"
 #include "shell/start/document_windows.h"
 #include "shell/start/roads.h"
+#include "shell/tools/file_ass_frm.h"
 #include "shell/tools/splash_frm.h"
 
 #include <QApplication>
@@ -67,7 +68,7 @@ void nameFileTypes() {
     shared::IconeGráfico = shared::programFolder + "/ZOLTGraphic.ico";
     shared::FormatoTexto = "ZOLT Text Format";
     shared::FormatoGráfico = "ZOLT Graphic Format";
-    shared::CaminhoPrograma = shared::programFolder + "/zolt";
+    shared::CaminhoPrograma = fileNameBytes(QCoreApplication::applicationFilePath());
 }
 
 /// Says why a file can't be opened and lets the user choose an edition instead.
@@ -147,6 +148,11 @@ MDIFrm &startProgram(const std::string &commandLine) {
         openFile(name, readFile(name), edition);
     });
     nameFileTypes();
+    // The settings file asks for it once, as it was installed. A failure is silent.
+    if (shared::settings.FrstTime == 1) {
+        associateTextDocuments();
+        associateGraphicDocuments();
+    }
     if (chooses) {
         unload<SplashFrm>();
         frame.show();

@@ -149,13 +149,12 @@ void EditTextOptionsFrm::accept() {
     storePaths();
     if (!Check1->isChecked()) {
         close();
+        // The settings file can't hold one, and keeps the path that it has.
         const auto unfit = std::ranges::find_if(
             kPaths, [](const Row &row) { return !fitsSetting(shared::settings.*row.path); });
         if (unfit != std::end(kPaths))
-            sayInStatusBar(
-                QStringLiteral("\"%1\" holds until the program ends: a path with a comma or a line "
-                               "end isn't stored")
-                    .arg(QString::fromUtf8(unfit->caption)));
+            sayInStatusBar(QStringLiteral("%1: a path with a comma isn't stored")
+                               .arg(QString::fromUtf8(unfit->caption)));
         return;
     }
     const auto answer = ask(this,
