@@ -79,11 +79,13 @@ std::string patternOf(std::string_view extension) {
 }
 
 std::string mimePackage(std::string_view type, std::string_view format, std::string_view icon,
-                        std::string_view pattern) {
+                        std::string_view pattern, std::string_view parent) {
     std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                       "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"
                       "  <mime-type type=\"";
     xml += escapedXml(type) + "\">\n    <comment>" + escapedXml(format) + "</comment>\n";
+    if (!parent.empty())
+        xml += "    <sub-class-of type=\"" + escapedXml(parent) + "\"/>\n";
     xml += "    <icon name=\"" + escapedXml(icon) + "\"/>\n";
     xml += "    <glob weight=\"" + std::string(kWeight) + "\" pattern=\"" + escapedXml(pattern) + "\"/>\n";
     return xml + "  </mime-type>\n</mime-info>\n";
@@ -111,20 +113,21 @@ void FileKinds::addSubclasses(std::string_view subclasses) {
             m_parents[line.substr(0, blank)].push_back(line.substr(blank + 1));
 }
 
-const FileKinds::Glob *FileKinds::best(const std::string &name, bool inSmallLetters) const {
+const FileKinds::Glob *FileKinds::best(const std::string &name, bool inSmallLetters,
+                                       std::string_view left) const {
     const auto rank = [](const Glob &glob) { return std::pair(glob.weight, glob.pattern.size()); };
     const Glob *best = nullptr;
     for (const Glob &glob : m_globs)
-        if (!(inSmallLetters && glob.matchesCase) && (!best || rank(glob) > rank(*best)) &&
-            ::fnmatch(glob.pattern.c_str(), name.c_str(), 0) == 0)
+        if (!(inSmallLetters && glob.matchesCase) && (left.empty() || !glob.type.starts_with(left)) &&
+            (!best || rank(glob) > rank(*best)) && ::fnmatch(glob.pattern.c_str(), name.c_str(), 0) == 0)
             best = &glob;
     return best;
 }
 
-std::string FileKinds::typeOf(const std::string &name) const {
-    const Glob *found = best(name, false);
+std::string FileKinds::typeOf(const std::string &name, std::string_view left) const {
+    const Glob *found = best(name, false, left);
     if (!found)
-        found = best(inSmallLetters(name), true);
+        found = best(inSmallLetters(name), true, left);
     return found ? found->type : std::string();
 }
 

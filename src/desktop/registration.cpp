@@ -55,6 +55,15 @@ std::string packageName(std::string_view extension) {
     return name + ".xml";
 }
 
+/// The type that others give an extension. It goes on as the new type's parent: the
+/// programs that opened those files are still offered for them.
+std::string typeByOthers(std::string_view extension, const Folders &folders) {
+    FileKinds kinds;
+    for (const std::string &folder : folders.data)
+        kinds.addGlobs(readFile(folder + "/mime/globs2").bytes);
+    return kinds.typeOf("name." + std::string(extension), kOwnTypes);
+}
+
 std::string entryFor(std::string entry, std::string_view program, const std::string &type) {
     if (valueOf(entry, kGroup, "Exec").empty())
         entry = kDesktopEntryText;
@@ -88,8 +97,9 @@ std::string registerType(std::string_view extension, std::string_view program, s
     if (data.empty() || config.empty())
         return "there is no home folder";
     const std::string type = mimeTypeOf(format);
-    std::string reason = put(data + "/mime/packages/" + packageName(extension),
-                             mimePackage(type, format, iconNameOf(type), patternOf(extension)));
+    std::string reason = put(
+        data + "/mime/packages/" + packageName(extension),
+        mimePackage(type, format, iconNameOf(type), patternOf(extension), typeByOthers(extension, folders)));
     if (reason.empty())
         reason = change(data + "/applications/" + kEntry,
                         [&](const std::string &entry) { return entryFor(entry, program, type); });

@@ -151,8 +151,14 @@ TEST_F(Associations, TakeAnyExtensionFromWhatHadIt) {
                                                path("name." + std::string(extension)) + "'");
             EXPECT_NE(kind.find("x-zolt-associated-file"), std::string::npos) << extension << kind;
         }
+        registerType(extension, own, "ZOLT Associated File", m_folders); // once more, with itself there
     }
     EXPECT_EQ(programFor("abc"), "");
+    // The program that had the extension can still open it.
+    std::filesystem::remove(own);
+    refresh();
+    EXPECT_EQ(name("htm"), "web");
+    program("bin/zolt");
     for (const char *extension : {"a/b", "a:b"})
         EXPECT_NE(registerType(extension, own, "ZOLT Associated File", m_folders), "");
     // Another format for the extension takes it over, in whatever case.
