@@ -16,8 +16,8 @@
 #include <QPointer>
 #include <QRadioButton>
 #include <QTest>
-#include <QToolBar>
 #include <QTimer>
+#include <QToolBar>
 
 namespace zolt {
 namespace {
