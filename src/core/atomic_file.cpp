@@ -38,13 +38,6 @@ mode_t newFileMode() {
     return 0666 & ~mask;
 }
 
-/// Gives a new file the owner and the group of the old one. Only root may give files
-/// away, so that a failure is the usual outcome with another's file.
-void keepOwner(int fd, const struct stat &old) {
-    if (::fchown(fd, old.st_uid, old.st_gid) != 0) [[maybe_unused]]
-        const int groupAlone = ::fchown(fd, static_cast<uid_t>(-1), old.st_gid);
-}
-
 /// Whether an error says that a folder or a file may not be changed in this way, while
 /// another way may be open: a folder of others, a sticky one, a read-only file system
 /// with a writable file on it, a file that is itself a mount.
@@ -79,29 +72,23 @@ void AtomicFile::open() {
     // A file that its owner made read-only is not replaced behind his back.
     if (m_targetExists && ::access(m_target.c_str(), W_OK) != 0)
         return fail(errno);
-    m_name = folderOf(m_target) + ".zolt-XXXXXX";
-    m_fd = ::mkostemp(m_name.data(), O_CLOEXEC);
-    if (m_fd < 0 && m_targetExists && isRefusal(errno)) {
+    if (!m_new.make(m_target) && m_targetExists && isRefusal(errno)) {
         m_isBeside = false;
-        m_fd = makeTemporaryFile(m_name);
+        std::string name;
+        if (const int fd = makeTemporaryFile(name); fd >= 0)
+            m_new.adopt(fd, name);
     }
-    if (m_fd < 0)
+    if (!m_new.isOpen())
         return fail(errno);
-    if (!m_isBeside)
-        return;
-    if (m_targetExists)
-        keepOwner(m_fd, status);
-    if (::fchmod(m_fd, m_targetExists ? status.st_mode & 0777 : newFileMode()) != 0)
+    const bool hasRights = !m_isBeside || (m_targetExists ? m_new.takeRightsOf(m_target, status)
+                                                          : ::fchmod(m_new.get(), newFileMode()) == 0);
+    if (!hasRights)
         fail(errno);
-}
-
-AtomicFile::~AtomicFile() {
-    discard();
 }
 
 void AtomicFile::append(std::string_view bytes) {
     while (!bytes.empty() && m_reason.empty()) {
-        const ssize_t written = ::write(m_fd, bytes.data(), bytes.size());
+        const ssize_t written = ::write(m_new.get(), bytes.data(), bytes.size());
         if (written > 0)
             bytes.remove_prefix(static_cast<std::size_t>(written));
         else if (written == 0 || errno != EINTR)
@@ -110,33 +97,21 @@ void AtomicFile::append(std::string_view bytes) {
 }
 
 std::string AtomicFile::commit() {
-    if (m_reason.empty() && ::fsync(m_fd) != 0)
+    if (m_reason.empty() && ::fsync(m_new.get()) != 0)
         fail(errno);
     if (m_reason.empty())
         takePlace();
-    discard();
+    m_new.discard();
     return m_reason;
 }
 
 void AtomicFile::takePlace() {
-    if (m_isBeside && ::rename(m_name.c_str(), m_target.c_str()) == 0) {
-        m_name.clear();
+    if (m_isBeside && m_new.replace(m_target))
         flushFolder(folderOf(m_target));
-    } else if (!m_isBeside || (m_targetExists && isRefusal(errno))) {
-        m_reason = overwriteInPlace(m_fd, m_target);
-    } else {
+    else if (!m_isBeside || (m_targetExists && isRefusal(errno)))
+        m_reason = overwriteInPlace(m_new.get(), m_target);
+    else
         fail(errno);
-    }
-}
-
-/// Closes the new file, and takes it away unless it has become the target.
-void AtomicFile::discard() {
-    if (m_fd < 0)
-        return;
-    ::close(m_fd);
-    m_fd = -1;
-    if (!m_name.empty())
-        ::unlink(m_name.c_str());
 }
 
 void AtomicFile::fail(int error) {

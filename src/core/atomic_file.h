@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/new_file.h"
+
 #include <string>
 #include <string_view>
 
@@ -7,8 +9,9 @@ namespace zolt {
 
 /// A file that is written piece by piece and takes its place whole or not at all:
 /// the bytes go into a new file beside it, and commit() puts that in its place.
-/// Symbolic links stay links, and an existing file keeps its permissions and, where
-/// the user may give it away, its owner; other hard links keep the old contents.
+/// Symbolic links stay links, and an existing file keeps its permissions, access control
+/// list and extended attributes and, where the user may give it away, its owner; other
+/// hard links keep the old contents.
 /// Where the folder takes no new file or the system doesn't let the old one be
 /// replaced, the bytes wait in the folder of temporary files and commit() writes them
 /// over the old ones, as overwriteInPlace does.
@@ -18,7 +21,6 @@ namespace zolt {
 class AtomicFile {
 public:
     explicit AtomicFile(const std::string &path);
-    ~AtomicFile();
     AtomicFile(const AtomicFile &) = delete;
     AtomicFile &operator=(const AtomicFile &) = delete;
 
@@ -30,16 +32,13 @@ public:
 private:
     void open();
     void takePlace();
-    void discard();
     void fail(int error);
 
     std::string m_target;
     bool m_targetExists = false;
-    /// The new file: beside the target, or among the temporary files; empty once it
-    /// has become the target.
-    std::string m_name;
+    /// Beside the target, or among the temporary files.
+    NewFile m_new;
     bool m_isBeside = true;
-    int m_fd = -1;
     std::string m_reason;
 };
 

@@ -1,6 +1,7 @@
 #include "core/file_in_place.h"
 
 #include "core/descriptor.h"
+#include "core/new_file.h"
 
 #include <array>
 #include <cerrno>
@@ -75,6 +76,7 @@ int makeTemporaryFile(std::string &name) {
 }
 
 std::string overwriteInPlace(int from, const std::string &path) {
+    const SignalsWait wait; // half of the new bytes over half of the old ones is no file
     const Descriptor target(::open(path.c_str(), O_RDWR | O_CLOEXEC));
     if (!target.isOpen())
         return reasonOf(errno);

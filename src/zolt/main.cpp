@@ -1,3 +1,4 @@
+#include "core/new_file.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/start/start_up.h"
 
@@ -36,6 +37,7 @@ bool answered(int argc, char **argv) {
 int main(int argc, char **argv) {
     if (answered(argc, argv))
         return 0;
+    zolt::leaveNoFilesOnSignals();
     zolt::prepareApplication();
     QApplication application(argc, argv);
     // A name with blanks may come unquoted, in several words.
