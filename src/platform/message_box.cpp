@@ -2,6 +2,8 @@
 
 #include "platform/owned_dialog.h"
 
+#include <QPushButton>
+
 namespace zolt {
 
 QMessageBox::StandardButton ask(QWidget *owner, const QString &text, QMessageBox::StandardButtons buttons,
@@ -19,6 +21,20 @@ QMessageBox::StandardButton ask(QWidget *owner, const QString &text, QMessageBox
         }
     }
     return static_cast<QMessageBox::StandardButton>(box->exec());
+}
+
+int choose(QWidget *owner, const QString &text, const QStringList &buttons, QMessageBox::Icon icon) {
+    const OwnedDialog<QMessageBox> box(icon, QStringLiteral("ZOLT"), text, QMessageBox::NoButton, owner);
+    box->setObjectName(QStringLiteral("MessageBox"));
+    box->setTextFormat(Qt::PlainText);
+    QList<QAbstractButton *> made;
+    for (const QString &caption : buttons)
+        made << box->addButton(caption, QMessageBox::ActionRole);
+    box->setDefaultButton(static_cast<QPushButton *>(made.first()));
+    box->setEscapeButton(made.last());
+    box->exec();
+    const qsizetype chosen = made.indexOf(box->clickedButton());
+    return static_cast<int>(chosen < 0 ? made.size() - 1 : chosen);
 }
 
 void showMessage(QWidget *owner, const QString &text, QMessageBox::Icon icon, const QString &title) {

@@ -2,6 +2,7 @@
 
 #include <QMessageBox>
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -16,5 +17,9 @@ void showMessage(QWidget *owner, const QString &text, QMessageBox::Icon icon = Q
 QMessageBox::StandardButton ask(QWidget *owner, const QString &text, QMessageBox::StandardButtons buttons,
                                 QMessageBox::Icon icon, const QString &title = QStringLiteral("ZOLT"),
                                 QMessageBox::StandardButton preselected = QMessageBox::NoButton);
+
+/// A box with buttons of its own; gives the number of the one that closed it, from 0.
+/// Escape and the window's own close button count as the last one; Enter as the first.
+int choose(QWidget *owner, const QString &text, const QStringList &buttons, QMessageBox::Icon icon);
 
 } // namespace zolt

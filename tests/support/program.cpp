@@ -34,6 +34,7 @@ ProgramTest::ProgramTest() {
     qputenv("ZOLT_HOME", m_folder.path().toLocal8Bit());
     qputenv("XDG_DATA_HOME", path("data").c_str());
     qputenv("XDG_CONFIG_HOME", path("config").c_str());
+    qputenv("XDG_STATE_HOME", m_folder.path().toLocal8Bit() + "/state");
 }
 
 ProgramTest::~ProgramTest() {

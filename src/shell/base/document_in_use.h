@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/base/document_keeper.h"
+
 #include <string_view>
 
 class QMdiSubWindow;
@@ -29,6 +31,10 @@ public:
     virtual bool wouldAsk() const = 0;
     /// Puts the menus, the pop-up menu and the edition's toolbars out of reach, or back.
     virtual void setCommandsEnabled(bool enabled) = 0;
+    /// The document as it would be kept, with the text of `pane`.
+    virtual KeptSnapshot snapshotOf(const Pane &pane) const = 0;
+    /// Whoever kept the document in another pane gives it back.
+    virtual void keepAgain() = 0;
     /// The settings have a new font name or size: the panes take it.
     virtual void fontChosen() = 0;
 };

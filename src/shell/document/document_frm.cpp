@@ -38,6 +38,7 @@ DocumentFrm::DocumentFrm(const Edition &edition, QWidget *frame)
     m_frame->showFont(QString::fromStdString(shared::settings.TFntName), shared::settings.TFntSize);
     shared::EdiçãoActiva = edition.number;
     setDocumentInUse(this);
+    keepAgain();
 
     m_comparison = new QTimer(this);
     m_comparison->setSingleShot(true);
@@ -53,6 +54,11 @@ DocumentFrm::DocumentFrm(const Edition &edition, QWidget *frame)
 DocumentFrm::~DocumentFrm() {
     if (documentInUse() == this)
         setDocumentInUse(nullptr);
+}
+
+void DocumentFrm::keepAgain() {
+    if (DocumentKeeper *keeper = documentKeeper())
+        keeper->follow([this] { return snapshotOf(activePane()); });
 }
 
 void DocumentFrm::begin() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/file_stamp.h"
 #include "core/letter_case.h"
 #include "core/progress.h"
 #include "core/settings.h"
@@ -7,10 +8,12 @@
 #include "platform/lock_keys.h"
 #include "shell/base/command_table.h"
 #include "shell/base/document_in_use.h"
+#include "shell/base/document_keeper.h"
 
 #include <QColor>
 #include <QMdiSubWindow>
 #include <array>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -63,6 +66,12 @@ public:
     QString caption() const { return m_caption; }
     void setCaption(const QString &caption);
     void setCaption(const std::string &fileTitle);
+
+    KeptSnapshot snapshotOf(const Pane &pane) const override;
+    /// Lets the program's keeper follow this document.
+    void keepAgain() override;
+    /// Keeps the document among those that were thrown away, if it has changes.
+    void keepThrownAway();
 
     /// The one road by which a file becomes the document: menu, command line, drop. The
     /// bytes are those of the file `path`, file system bytes; the document's name and
@@ -128,6 +137,8 @@ protected:
     virtual void takeFileBytes(Pane &pane, std::string_view bytes) = 0;
     /// What TextoGuardado holds of a document: its text, or its rich text.
     virtual std::string stored() const = 0;
+    /// The same of a pane, made from values of it as it is now, beside the windows.
+    virtual std::function<std::string()> storedLater(const Pane &pane) const = 0;
     /// The document, or its selection, in the pane's look.
     virtual RichText printout(bool selection) const = 0;
     /// Begins an empty document, without a history.
@@ -196,6 +207,9 @@ private:
     void discardDocument();
     /// True if the document may go: it is unchanged, saved now, or discarded.
     bool mayLeaveDocument();
+    /// Whether the file is still as it was opened or saved here; if not, asks what to do.
+    enum Answer { Overwrite, SaveAs, Leave };
+    Answer askAboutChangedFile();
 
     const Edition &m_edition;
     MDIFrm *m_frame;
@@ -206,6 +220,8 @@ private:
     QMenu *MnuPopUp;
 
     QString m_caption;
+    /// Of the document's file, when it was opened or saved.
+    FileStamp m_stamp;
     /// Of TextoGuardado's text, in bytes.
     qsizetype m_savedLength = 0;
     /// True since the document was changed after it was opened, begun or saved.

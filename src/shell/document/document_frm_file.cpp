@@ -12,6 +12,7 @@
 #include "shell/preview/printing.h"
 
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QLabel>
 #include <QTimer>
 #include <QToolBar>
@@ -49,7 +50,24 @@ Progress DocumentFrm::openingProgress() {
     return percentInto(m_panels[Message]);
 }
 
+KeptSnapshot DocumentFrm::snapshotOf(const Pane &pane) const {
+    return {{.edition = m_edition.number,
+             .path = commonDialog(DialogFrm::Document).FileName,
+             .caption = m_caption.toStdString(),
+             .time = QDateTime::currentSecsSinceEpoch(),
+             .pane = shared::settings.TxtWWrap == 2 ? 2 : 1,
+             .caret = pane.SelStart(),
+             .bytes = {}},
+            storedLater(pane)};
+}
+
+void DocumentFrm::keepThrownAway() {
+    if (DocumentKeeper *keeper = documentKeeper(); keeper && m_touched && documentChanged())
+        keeper->throwAway(snapshotOf(activePane()));
+}
+
 void DocumentFrm::discardDocument() {
+    keepThrownAway();
     clear();
     setCaption(QStringLiteral("Document1"));
     commonDialog(DialogFrm::Document).FileName.clear();
@@ -69,6 +87,7 @@ std::string DocumentFrm::showFile(const std::string &path, const std::string &by
         return reason;
     const bool loses = m_touched && documentChanged();
     const QString before = caption();
+    keepThrownAway();
     takeFileBytes(activePane(), bytes);
     if (panes == BothPanes)
         copyDocument(activePane(), pane(&activePane() == &pane(1) ? 2 : 1));
@@ -80,6 +99,7 @@ std::string DocumentFrm::showFile(const std::string &path, const std::string &by
     shared::settings.DefltDir = folderOf(path);
     setCaption(dialog.FileTitle());
     documentBegins();
+    m_stamp = stampOf(path);
     return {};
 }
 
@@ -105,6 +125,7 @@ bool DocumentFrm::writeDocument() {
     say({});
     shared::TextoGuardado = stored();
     m_savedLength = activePane().length();
+    m_stamp = stampOf(path);
     m_touched = false;
     m_comparison->stop();
     showWouldAsk(false);
@@ -113,10 +134,27 @@ bool DocumentFrm::writeDocument() {
 
 void DocumentFrm::FicheiroGuardar() {
     const CommonDialog &dialog = commonDialog(DialogFrm::Document);
-    if (dialog.FileName.empty())
+    const Answer answer = dialog.FileName.empty() ? SaveAs : askAboutChangedFile();
+    if (answer == SaveAs)
         FicheiroGuardarComo();
-    else if (writeDocument())
+    else if (answer == Overwrite && writeDocument())
         setCaption(dialog.FileTitle());
+}
+
+DocumentFrm::Answer DocumentFrm::askAboutChangedFile() {
+    const CommonDialog &dialog = commonDialog(DialogFrm::Document);
+    const FileStamp now = stampOf(dialog.FileName);
+    if (!m_stamp.exists || !now.exists || m_stamp == now)
+        return Overwrite;
+    constexpr std::array answers{Overwrite, SaveAs, Leave};
+    const int chosen =
+        choose(this,
+               QStringLiteral("%1 was changed by another program since it was opened or saved here.")
+                   .arg(fromFileName(dialog.FileTitle())),
+               {QStringLiteral("&Overwrite"), QStringLiteral("&Save under another name..."),
+                QStringLiteral("Cancel")},
+               QMessageBox::Warning);
+    return answers[static_cast<std::size_t>(chosen)];
 }
 
 void DocumentFrm::FicheiroGuardarComo() {
@@ -187,6 +225,10 @@ void DocumentFrm::closeEvent(QCloseEvent *event) {
     if (!event->isAccepted())
         return;
     markClosed(*this);
+    if (DocumentKeeper *keeper = documentKeeper(); keeper && documentInUse() == this) {
+        keeper->drop();
+        keeper->follow({});
+    }
     if (documentInUse() == this)
         setDocumentInUse(nullptr);
 }

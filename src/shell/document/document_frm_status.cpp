@@ -105,6 +105,9 @@ bool DocumentFrm::eventFilter(QObject *watched, QEvent *event) {
 
 void DocumentFrm::documentBegins() {
     m_touched = false;
+    m_stamp = {};
+    if (DocumentKeeper *keeper = documentKeeper())
+        keeper->drop();
     shared::PosiçãoCursor = 0;
     showWouldAsk(activePane().length() > 0);
 }
@@ -112,10 +115,14 @@ void DocumentFrm::documentBegins() {
 void DocumentFrm::documentArrives() {
     documentBegins();
     m_touched = true;
+    if (DocumentKeeper *keeper = documentKeeper())
+        keeper->noteChange();
 }
 
 void DocumentFrm::followChange() {
     m_touched = true;
+    if (DocumentKeeper *keeper = documentKeeper())
+        keeper->noteChange();
     // Reading and comparing a long document at every key would be felt.
     m_comparison->stop();
     const qsizetype length = activePane().length();
@@ -126,6 +133,8 @@ void DocumentFrm::followChange() {
 }
 
 void DocumentFrm::showWouldAsk(bool wouldAsk) {
+    if (DocumentKeeper *keeper = documentKeeper(); keeper && !wouldAsk)
+        keeper->drop();
     if (std::exchange(m_wouldAsk, wouldAsk) != wouldAsk)
         m_frame->showTitle();
 }

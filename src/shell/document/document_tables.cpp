@@ -101,6 +101,7 @@ QList<MenuRow> fileRows() {
         {1, "MnuFicheiroNovo", "&New...", "FicheiroNovo", "Ctrl+O", "new"},
         {1, "MnuFicheiroAbrir", "&Open...", "FicheiroAbrir", "Ctrl+A", "open"},
         {1, "MnuFicheiroFechar", "&Close", "FicheiroFechar"},
+        {1, "MnuFicheiroRecuperartexto", "&Recover text...", "MostrarRecoverFrm"},
         {1, "MnuFicheiroSeparador1", "-"},
         {1, "MnuFicheiroGuardar", "&Save", "FicheiroGuardar", "Ctrl+G; Ctrl+S", "save"},
         {1, "MnuFicheiroGuardarcomo", "Save &As", "FicheiroGuardarComo"},

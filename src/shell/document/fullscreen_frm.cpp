@@ -69,6 +69,11 @@ void FullscreenFrm::enter() {
     disableTools();
     for (QObject *watched : {static_cast<QObject *>(m_document), static_cast<QObject *>(frameWindow())})
         watched->installEventFilter(this);
+    if (DocumentKeeper *keeper = documentKeeper()) {
+        keeper->follow([this, document] { return document->snapshotOf(pane()); });
+        connect(&pane().events(), &PaneEvents::Change, keeper, &DocumentKeeper::noteChange,
+                Qt::UniqueConnection);
+    }
 }
 
 void FullscreenFrm::coverScreen() {
@@ -109,6 +114,8 @@ void FullscreenFrm::copyCaret(const Pane &from, Pane &to) {
 
 void FullscreenFrm::closing() {
     frameWindow()->removeEventFilter(this);
+    if (DocumentInUse *document = documentInUse())
+        document->keepAgain();
     giveDocumentBack();
     if (m_leaveWindow)
         m_leaveWindow->close();

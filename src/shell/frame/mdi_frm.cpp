@@ -234,6 +234,14 @@ void MDIFrm::MostrarEditGraphPreviewFrm() {
     unload<EditGraphPreviewFrm>();
     showWindow<EditGraphPreviewFrm>();
 }
+void MDIFrm::MostrarRecoverFrm(RecoverFrm::What what) {
+    RecoverFrm &window = showWindow<RecoverFrm>();
+    window.list(what);
+    connect(&window, &RecoverFrm::chosen, this, &MDIFrm::keptDocumentChosen, Qt::UniqueConnection);
+}
+void MDIFrm::MostrarRecoverFrm() {
+    MostrarRecoverFrm(RecoverFrm::ThrownAway);
+}
 void MDIFrm::MostrarAboutFrm() {
     showWindow<AboutFrm>();
 }

@@ -3,6 +3,7 @@
 #include "shell/base/command_table.h"
 #include "shell/base/frame.h"
 #include "shell/base/windows.h"
+#include "shell/tools/recover_frm.h"
 
 #include <QMainWindow>
 
@@ -24,6 +25,8 @@ public:
     ~MDIFrm() override;
 
     QWidget &window() override { return *this; }
+
+    void MostrarRecoverFrm(RecoverFrm::What what);
 
     /// Puts a document window into the frame.
     void adopt(QWidget *documentWindow);
@@ -63,6 +66,8 @@ signals:
     void editionChosen(int edition);
     void editionOfFileChosen(int edition);
     void roadChosen(Road road);
+    /// A kept document is to be given back.
+    void keptDocumentChosen(const KeptDocuments::Entry &entry);
 
 public slots:
     void MostrarQuestionFrm();
@@ -84,6 +89,8 @@ public slots:
     void MostrarEditTextPreviewFrm();
     void MostrarEditTextPreviewNormalFrm();
     void MostrarAboutFrm();
+    /// What was thrown away.
+    void MostrarRecoverFrm();
     void MostrarCaracterToolbar();
     void MostrarCaracterTableFrm();
     void MostrarDateTimeFrm();

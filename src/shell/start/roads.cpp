@@ -21,6 +21,7 @@ namespace {
 /// Closes a document window without a question. The new document is in no file: a save
 /// must not meet the old one's.
 bool closeUnasked(DocumentFrm &window) {
+    window.keepThrownAway();
     shared::SemPerguntaDeSaída = 1;
     const bool closed = window.close();
     shared::SemPerguntaDeSaída = 0;

@@ -1,5 +1,6 @@
 #include "shell/start/start_up.h"
 
+#include "core/extra_settings.h"
 #include "core/file.h"
 #include "core/settings.h"
 #include "platform/desktop.h"
@@ -9,6 +10,7 @@
 #include "platform/program_folder.h"
 #include "shell/base/dialog_frm.h"
 #include "shell/base/document_in_use.h"
+#include "shell/base/document_keeper.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/graphic/edit_graph_frm.h"
 #include "shell/document/graphic/edit_graph_frm_tables.h"
@@ -16,6 +18,7 @@
 #include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/start/document_windows.h"
+#include "shell/start/recovery.h"
 #include "shell/start/roads.h"
 #include "shell/tools/file_ass_frm.h"
 #include "shell/tools/splash_frm.h"
@@ -69,6 +72,14 @@ void nameFileTypes() {
     shared::FormatoTexto = "ZOLT Text Format";
     shared::FormatoGráfico = "ZOLT Graphic Format";
     shared::CaminhoPrograma = fileNameBytes(QCoreApplication::applicationFilePath());
+}
+
+/// From here on, and until the frame closes, no text is lost.
+void keepDocuments() {
+    keepDocumentsIn(keptDocumentsFolder());
+    documentKeeper()->setKeepsThrownAway(
+        readExtraSettings(shared::programFolder + "/ZOLT.more").keepsThrownAway);
+    keepDocumentAtSessionEnd();
 }
 
 /// Says why a file can't be opened and lets the user choose an edition instead.
@@ -135,6 +146,7 @@ MDIFrm &startProgram(const std::string &commandLine) {
         splash.repaint();
     }
     readSettingsOfThisRun();
+    keepDocuments();
     MDIFrm &frame = load<MDIFrm>();
     frame.fillToolbar(2, textStandardToolbarTable());
     frame.fillToolbar(3, textFormatToolbarTable());
@@ -142,6 +154,8 @@ MDIFrm &startProgram(const std::string &commandLine) {
     frame.fillToolbar(5, graphFormatToolbarTable());
     QObject::connect(&frame, &MDIFrm::editionChosen, &frame, [](int edition) { openEdition(edition); });
     QObject::connect(&frame, &MDIFrm::roadChosen, &frame, takeRoad);
+    QObject::connect(&frame, &MDIFrm::keptDocumentChosen, &frame, giveBack);
+    QObject::connect(&frame, &MDIFrm::ended, &frame, [] { keepDocumentsIn({}); });
     QObject::connect(&frame, &MDIFrm::editionOfFileChosen, &frame, [](int edition) {
         // The file may have gone while the question stood.
         const std::string name = namedFile();
@@ -156,9 +170,11 @@ MDIFrm &startProgram(const std::string &commandLine) {
     if (chooses) {
         unload<SplashFrm>();
         frame.show();
-        frame.MostrarQuestionFrm();
+        if (!offerWhatACrashLeft())
+            frame.MostrarQuestionFrm();
     } else {
         openCommandLine();
+        offerWhatACrashLeft();
     }
     shared::settings.FrstTime = 0;
     return frame;

@@ -3,6 +3,7 @@
 #include "core/document.h"
 #include "graphic/rich_text_builder.h"
 #include "graphic/rtf_reader.h"
+#include "graphic/rtf_writer.h"
 #include "platform/colours.h"
 #include "platform/rich_text_box.h"
 #include "shell/base/shared_values.h"
@@ -94,6 +95,10 @@ std::string EditGraphFrm::stored() const {
 
 RichText EditGraphFrm::printout(bool selection) const {
     return selection ? activeRichPane().selRichText() : activeRichPane().richText();
+}
+
+std::function<std::string()> EditGraphFrm::storedLater(const Pane &pane) const {
+    return [text = static_cast<const RichTextBox &>(pane).richText()] { return rtfFromRichText(text); };
 }
 
 void EditGraphFrm::fill(RichTextBox &pane, std::string_view plain) {

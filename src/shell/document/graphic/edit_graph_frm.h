@@ -51,6 +51,7 @@ protected:
     void takeFileBytes(Pane &pane, std::string_view bytes) override;
     std::string stored() const override;
     RichText printout(bool selection) const override;
+    std::function<std::string()> storedLater(const Pane &pane) const override;
     void clear() override;
     void copyDocument(const Pane &from, Pane &to) override;
     void applySettings() override;

@@ -70,6 +70,10 @@ std::string EditTextFrm::stored() const {
     return activePane().Text();
 }
 
+std::function<std::string()> EditTextFrm::storedLater(const Pane &pane) const {
+    return [text = pane.Text()] { return text; };
+}
+
 void EditTextFrm::clear() {
     activeTextPane().setText({});
 }
