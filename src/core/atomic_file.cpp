@@ -1,8 +1,8 @@
 #include "core/atomic_file.h"
 
 #include "core/descriptor.h"
-#include "core/file.h"
 #include "core/file_in_place.h"
+#include "core/path.h"
 
 #include <algorithm>
 #include <array>

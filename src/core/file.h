@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/path.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -27,10 +29,5 @@ FileContents readFile(const std::string &path, std::uint64_t largest = kLargestF
 /// be written in place. Returns the reason of a
 /// failure, else an empty text.
 std::string writeFile(const std::string &path, std::string_view bytes);
-
-/// The part of a path up to and including its last separator; empty without one.
-std::string folderOf(std::string_view path);
-/// The part of a path behind its last separator.
-std::string titleOf(std::string_view path);
 
 } // namespace zolt

@@ -1,6 +1,6 @@
 #include "core/new_file.h"
 
-#include "core/file.h"
+#include "core/path.h"
 #include "core/rights.h"
 
 #include <array>
