@@ -146,12 +146,12 @@ DocumentFrm::Answer DocumentFrm::askAboutChangedFile() {
     const FileStamp now = stampOf(dialog.FileName);
     if (!m_stamp.exists || !now.exists || m_stamp == now)
         return Overwrite;
-    constexpr std::array answers{Overwrite, SaveAs, Leave};
+    constexpr std::array answers{SaveAs, Overwrite, Leave};
     const int chosen =
         choose(this,
                QStringLiteral("%1 was changed by another program since it was opened or saved here.")
                    .arg(fromFileName(dialog.FileTitle())),
-               {QStringLiteral("&Overwrite"), QStringLiteral("&Save under another name..."),
+               {QStringLiteral("&Save under another name..."), QStringLiteral("&Overwrite"),
                 QStringLiteral("Cancel")},
                QMessageBox::Warning);
     return answers[static_cast<std::size_t>(chosen)];

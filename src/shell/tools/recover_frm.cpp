@@ -40,7 +40,8 @@ RecoverFrm::RecoverFrm(QWidget *owner)
       List1(new QListWidget),
       Check1(new QCheckBox(QStringLiteral("&Keep texts that are thrown away"))),
       Command1(newButton(this, "Command1", QStringLiteral("&Recover"), &RecoverFrm::recover)),
-      Command2(newButton(this, "Command2", QStringLiteral("&Delete"), &RecoverFrm::deleteCurrent)) {
+      Command2(newButton(this, "Command2", QStringLiteral("&Delete"), &RecoverFrm::deleteCurrent)),
+      Command3(newButton(this, "Command3", QString(), &QWidget::close)) {
     Label1->setObjectName(QStringLiteral("Label1"));
     Label1->setWordWrap(true);
     Label1->setBuddy(List1);
@@ -51,7 +52,7 @@ RecoverFrm::RecoverFrm(QWidget *owner)
     buttons->addWidget(Command1);
     buttons->addWidget(Command2);
     buttons->addStretch();
-    buttons->addWidget(newButton(this, "Command3", QStringLiteral("&Later"), &QWidget::close));
+    buttons->addWidget(Command3);
     auto *column = new QVBoxLayout(this);
     column->addWidget(Label1);
     column->addWidget(List1);
@@ -70,6 +71,7 @@ void RecoverFrm::list(What what) {
     Label1->setText(afterCrash ? QStringLiteral("The program ended before these documents were saved:")
                                : QStringLiteral("Documents that were thrown away in the last thirty days:"));
     Check1->setVisible(!afterCrash);
+    Command3->setText(afterCrash ? QStringLiteral("&Later") : QStringLiteral("Close"));
     Check1->setChecked(keeper->keepsThrownAway());
     m_entries = afterCrash ? keeper->leftByCrashes() : keeper->thrownAway();
     fill();

@@ -49,6 +49,7 @@ private:
     QCheckBox *Check1;
     QPushButton *Command1;
     QPushButton *Command2;
+    QPushButton *Command3;
 };
 
 } // namespace zolt
