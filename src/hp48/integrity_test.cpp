@@ -9,18 +9,39 @@ namespace zolt {
 
 namespace {
 
-void addLine(std::string &report, std::string_view line) {
-    report.append(line).append(kLineEnd);
-}
+constexpr std::string_view kEmptyString = "\"\"";
 
-void reportQuotes(const QuotedText &quotes, std::string &report) {
+/// Gathers the lines of a report into larger pieces.
+class Report {
+public:
+    explicit Report(const ReportSink &sink) : m_sink(sink) {}
+    ~Report() { m_sink(m_piece); }
+    Report(const Report &) = delete;
+    Report &operator=(const Report &) = delete;
+
+    void addLine(std::string_view line) {
+        m_piece.append(line).append(kLineEnd);
+        if (m_piece.size() < kPiece)
+            return;
+        m_sink(m_piece);
+        m_piece.clear();
+    }
+
+private:
+    static constexpr std::size_t kPiece = std::size_t{1} << 16;
+
+    const ReportSink &m_sink;
+    std::string m_piece;
+};
+
+void reportQuotes(const QuotedText &quotes, Report &report) {
     if (quotes.openingAdded)
-        addLine(report, "-Superior ('') character inserted ");
+        report.addLine("-Superior ('') character inserted ");
     if (quotes.closingAdded)
-        addLine(report, "-Inferior ('') character inserted ");
+        report.addLine("-Inferior ('') character inserted ");
     for (const std::size_t i : quotes.replaced)
-        addLine(report, "-Ilegal character found (\") in position (" + std::to_string(i + 1) +
-                            "). Substituted by (')");
+        report.addLine("-Ilegal character found (\") in position (" + std::to_string(i + 1) +
+                       "). Substituted by (')");
 }
 
 /// The digits behind a cell mark that are none; digits behind the text's end are
@@ -32,33 +53,45 @@ std::size_t wrongDigits(std::string_view text, std::size_t mark) {
     return wrong;
 }
 
-void reportWrongCells(IntegrityResult &result) {
-    const std::string &text = result.TextoCorrigido;
+std::size_t reportWrongCells(const std::string &text, Report &report) {
+    std::size_t errors = 0;
     for (std::size_t i = text.find(kCellMark, 1); i != std::string::npos && i + 1 < text.size();
          i = text.find(kCellMark, i + 1)) {
         const std::size_t wrong = wrongDigits(text, i);
         for (std::size_t line = 0; line < wrong; ++line)
-            addLine(result.report, "-Illegal graphical object found at (" + std::to_string(i + 1) + ").");
-        result.NúmeroDeErros += wrong;
+            report.addLine("-Illegal graphical object found at (" + std::to_string(i + 1) + ").");
+        errors += wrong;
     }
+    return errors;
 }
 
 } // namespace
 
-IntegrityResult testIntegrity(std::string_view document) {
+std::string correctedDocument(std::string_view document) {
+    return quoted(document.empty() ? kEmptyString : document).text;
+}
+
+IntegrityResult testIntegrity(std::string_view document, const ReportSink &sink) {
+    Report report(sink);
+    report.addLine("\r\n** Beginning verification **\r\n");
+    if (document.empty())
+        report.addLine("Empty document");
+    QuotedText quotes = quoted(document.empty() ? kEmptyString : document);
+    reportQuotes(quotes, report);
     IntegrityResult result;
-    result.report = "\r\n** Beginning verification **\r\n\r\n";
-    if (document.empty()) {
-        document = "\"\"";
-        addLine(result.report, "Empty document");
-    }
-    QuotedText quotes = quoted(document);
-    reportQuotes(quotes, result.report);
     result.NúmeroDeErros = quotes.replaced.size();
     result.TextoCorrigido = std::move(quotes.text);
-    reportWrongCells(result);
-    addLine(result.report, "\r\n** Verification ended **");
-    addLine(result.report, "\r\nNumber of errors found: " + std::to_string(result.NúmeroDeErros));
+    result.NúmeroDeErros += reportWrongCells(result.TextoCorrigido, report);
+    report.addLine("\r\n** Verification ended **");
+    report.addLine("\r\nNumber of errors found: " + std::to_string(result.NúmeroDeErros));
+    return result;
+}
+
+IntegrityResult testIntegrity(std::string_view document) {
+    std::string report;
+    IntegrityResult result =
+        testIntegrity(document, [&report](std::string_view piece) { report.append(piece); });
+    result.report = std::move(report);
     return result;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -15,9 +16,18 @@ struct IntegrityResult {
     std::size_t NúmeroDeErros = 0;
 };
 
+/// Takes a report piece by piece, as it comes.
+using ReportSink = std::function<void(std::string_view piece)>;
+
+/// The document as one calculator string, as testIntegrity() corrects it.
+std::string correctedDocument(std::string_view document);
+
 /// Tests whether a document can stand as one string of the calculator: a double
 /// quote at each end and none inside, and six digits in capitals behind each cell
 /// mark. Corrects the quotes; wrong cells stay as they are.
 IntegrityResult testIntegrity(std::string_view document);
+/// The same with the report handed on: a long one takes no memory, and `report` in the
+/// result stays empty.
+IntegrityResult testIntegrity(std::string_view document, const ReportSink &report);
 
 } // namespace zolt

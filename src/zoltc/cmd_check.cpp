@@ -10,8 +10,11 @@ int runCheck(const Arguments &arguments) {
     std::string bytes;
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
-    const IntegrityResult result = testIntegrity(documentFromFile(bytes));
-    if (!writeOutput("-", result.report))
+    bool written = true;
+    const IntegrityResult result = testIntegrity(documentFromFile(bytes), [&written](std::string_view piece) {
+        written = written && writeOutput("-", piece);
+    });
+    if (!written)
         return Unusable;
     if (arguments.has("corrected") &&
         !writeOutput(arguments.value("corrected"), fileFromDocument(result.TextoCorrigido)))

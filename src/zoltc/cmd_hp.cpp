@@ -29,8 +29,7 @@ int runHp(const Arguments &arguments) {
         return Unusable;
     if (!nameIsAllowed(output, arguments.has("reserved")))
         return Refused;
-    const IntegrityResult result = testIntegrity(documentFromFile(bytes));
-    return writeOutput(output, hpFile(result.TextoCorrigido)) ? Done : Unusable;
+    return writeOutput(output, hpFile(correctedDocument(documentFromFile(bytes)))) ? Done : Unusable;
 }
 
 } // namespace
