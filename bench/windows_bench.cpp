@@ -58,6 +58,8 @@ void measureTextEdition(const std::string &file, std::size_t megabytes) {
     const std::string size = std::to_string(megabytes) + " MB";
     writeFile(file, documentOf(megabytes * 1000000));
     report("start with a document of " + size, [&] { startProgram(file); });
+    report("its text taken to be kept against a crash",
+           [] { loaded<EditTextFrm>()->snapshotOf(loaded<EditTextFrm>()->activePane()); });
     report("its preview on the calculator's display",
            [] { loaded<EditTextFrm>()->MnuVerPrévisualizartudoEstiloHP48(); });
     loaded<EditTextPreviewFrm>()->close();
@@ -88,6 +90,7 @@ void measureGraphicalEdition(const std::string &file, int pictures) {
     reportKeys(pane, "at its start", 0);
     reportKeys(pane, "in its middle", pane.length() / 2);
     reportKeys(pane, "at its end", pane.length());
+    report("taken to be kept against a crash", [&] { window.snapshotOf(pane); });
     report("text size", [&] {
         shared::TamanhoDaLetra = 12;
         window.EscolherTamanhoDaLetra();
@@ -132,7 +135,8 @@ void measurePrinting(int pages, bool pictures) {
 
 int main(int argc, char **argv) {
     const QTemporaryDir home;
-    qputenv("ZOLT_HOME", home.path().toLocal8Bit());
+    for (const char *folder : {"ZOLT_HOME", "XDG_STATE_HOME"})
+        qputenv(folder, home.path().toLocal8Bit());
     prepareApplication();
     const QApplication application(argc, argv);
     for (const std::size_t megabytes : {1, 10})

@@ -256,7 +256,8 @@ int main(int argc, char **argv) {
         return 2;
     }
     const QTemporaryDir home;
-    qputenv("ZOLT_HOME", home.path().toLocal8Bit());
+    for (const char *folder : {"ZOLT_HOME", "XDG_STATE_HOME"})
+        qputenv(folder, home.path().toLocal8Bit());
     prepareApplication();
     QApplication application(argc, argv);
     const QString folder = QString::fromLocal8Bit(argv[1]);

@@ -1,6 +1,7 @@
 #include "shell/document/text/edit_text_frm.h"
 
 #include "core/document.h"
+#include "platform/held_text.h"
 #include "platform/text_pane.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/text/edit_text_frm_tables.h"
@@ -71,7 +72,7 @@ std::string EditTextFrm::stored() const {
 }
 
 std::function<std::string()> EditTextFrm::storedLater(const Pane &pane) const {
-    return [text = pane.Text()] { return text; };
+    return [held = static_cast<const TextPane &>(pane).held()] { return bytesOfHeldText(held); };
 }
 
 void EditTextFrm::clear() {
