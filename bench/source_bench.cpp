@@ -18,10 +18,6 @@ namespace {
 
 using namespace zolt;
 
-DotSurface dotsOf(const RichPicture &picture) {
-    return dotsOfEmbeddedPicture(picture, kSourcePictureWidth, kSourcePictureHeight);
-}
-
 /// Lines of 32 bytes, the last of whose words is in a style font in each fourth line, or
 /// in runs of one character.
 RichText textOf(std::size_t bytes, bool shortRuns) {
@@ -61,8 +57,8 @@ void measureText(const char *name, bool shortRuns, bool fromRtf) {
     for (const std::size_t megabytes : {1, 10}) {
         const RichText text = textOf(megabytes * 1'000'000, shortRuns);
         const std::string rtf = fromRtf ? rtfFromRichText(text) : std::string();
-        times[megabytes == 10] =
-            seconds([&] { compileSource(fromRtf ? richTextFromRtf(rtf) : text, SourceKind::Total, dotsOf); });
+        times[megabytes == 10] = seconds(
+            [&] { compileSource(fromRtf ? richTextFromRtf(rtf) : text, SourceKind::Total, dotsForSource); });
     }
     std::printf("%-28s %8.1f ms %8.1f ms %8.1f MB/s %6.1f times\n", name, times[0] * 1e3, times[1] * 1e3,
                 10 / times[1], times[1] / times[0]);
@@ -74,7 +70,7 @@ void measurePictures() {
     const RichPicture picture = drawnPicture();
     for (int i = 0; i < kPictures; ++i)
         builder.append(picture, {});
-    const double time = seconds([&] { compileSource(builder.text(), SourceKind::Total, dotsOf); });
+    const double time = seconds([&] { compileSource(builder.text(), SourceKind::Total, dotsForSource); });
     std::printf("%-28s %8.0f a second\n", "pictures of 264 by 60", kPictures / time);
 }
 

@@ -165,6 +165,15 @@ const QList<Scene> &textScenes() {
              showBar(4);
              return loaded<MDIFrm>();
          }},
+        {"RecoverFrm",
+         []() -> QWidget * {
+             KeptDocument text;
+             text.caption = "notes.zlt";
+             text.time = 1'790'000'000;
+             text.bytes = "0123456789";
+             loaded<MDIFrm>()->showKept(RecoverFrm::ThrownAway, {{{}, text}});
+             return loaded<RecoverFrm>();
+         }},
         {"AboutFrm", [] { return open<AboutFrm>("MostrarAboutFrm"); }},
         {"QuestionFrm", [] { return open<QuestionFrm>("MostrarQuestionFrm"); }},
         {"MensagemFrm", [] { return open<MensagemFrm>("MostrarMensagemFrm"); }},

@@ -3,6 +3,7 @@
 #include "core/descriptor.h"
 #include "core/file_in_place.h"
 #include "core/path.h"
+#include "core/rights.h"
 
 #include <algorithm>
 #include <array>
@@ -80,7 +81,7 @@ void AtomicFile::open() {
     }
     if (!m_new.isOpen())
         return fail(errno);
-    const bool hasRights = !m_isBeside || (m_targetExists ? m_new.takeRightsOf(m_target, status)
+    const bool hasRights = !m_isBeside || (m_targetExists ? copyRights(m_target, status, m_new.get())
                                                           : ::fchmod(m_new.get(), newFileMode()) == 0);
     if (!hasRights)
         fail(errno);

@@ -1,7 +1,6 @@
 #include "core/new_file.h"
 
 #include "core/path.h"
-#include "core/rights.h"
 
 #include <array>
 #include <atomic>
@@ -27,8 +26,8 @@ constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
 /// A file so old, in seconds, that no program can be just about to lock it.
 constexpr std::time_t kSettled = 60;
 
-/// Names of new files that exist now, for the handler of signals. A slot is free while
-/// its first byte is 0.
+/// The name of a new file that exists now, for the handler of signals: taken while it is
+/// written here, ready once it stands.
 struct NamedFile {
     std::atomic<bool> taken = false;
     std::atomic<bool> ready = false;
@@ -124,10 +123,14 @@ bool linkTo(int fd, const std::string &name) {
 
 } // namespace
 
-void leaveNoFilesOnSignals() {
+void onEndingSignals(void (*handler)(int signal)) {
     for (const int signal : kEndingSignals)
-        if (std::signal(signal, endBySignal) == SIG_IGN)
+        if (std::signal(signal, handler) == SIG_IGN)
             std::signal(signal, SIG_IGN);
+}
+
+void leaveNoFilesOnSignals() {
+    onEndingSignals(endBySignal);
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
@@ -165,10 +168,6 @@ void NewFile::adopt(int fd, std::string name) {
     m_fd = fd;
     m_name = std::move(name);
     remember(m_name);
-}
-
-bool NewFile::takeRightsOf(const std::string &old, const struct stat &status) {
-    return copyRights(old, status, m_fd);
 }
 
 bool NewFile::replace(const std::string &target) {

@@ -3,8 +3,6 @@
 #include <csignal>
 #include <string>
 
-struct stat;
-
 namespace zolt {
 
 /// While one stands, signals that would end the program wait; only a kill comes through.
@@ -38,9 +36,6 @@ public:
     bool isOpen() const { return m_fd >= 0; }
     int get() const { return m_fd; }
 
-    /// Gives it the owner, the permissions and the attributes of the old file, as far as
-    /// the user may; no group and no other user can do more with it than with the old one.
-    bool takeRightsOf(const std::string &old, const struct stat &status);
     /// Puts it in the place of `target`, at once. False, with the error in `errno`, if
     /// that fails.
     bool replace(const std::string &target);
@@ -52,9 +47,13 @@ private:
     std::string m_name;
 };
 
+/// Calls `handler` for the signals that end a program from outside: SIGINT, SIGTERM and
+/// SIGHUP. One that was ignored at the start stays so.
+void onEndingSignals(void (*handler)(int signal));
+
 /// Ends the program by SIGINT, SIGTERM or SIGHUP only after the new files of that moment
 /// have been taken away, and makes a file that grows beyond the user's limit an ordinary
-/// error. A signal that was ignored at the start stays so.
+/// error.
 void leaveNoFilesOnSignals();
 
 } // namespace zolt

@@ -1,8 +1,8 @@
 #pragma once
 
-struct stat;
-
 #include <string>
+
+struct stat;
 
 namespace zolt {
 

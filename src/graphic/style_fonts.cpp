@@ -3,14 +3,7 @@
 #include "core/codes.h"
 #include "graphic/rich_text_builder.h"
 
-#include <algorithm>
-
 namespace zolt {
-
-bool isCalculatorFont(std::string_view font) {
-    return font == kPlainFont || std::any_of(kStyleCodes.begin(), kStyleCodes.end(),
-                                             [&](const StyleCode &style) { return style.font == font; });
-}
 
 std::string_view styleFontRefusal(std::string_view selection, std::size_t endColumn, bool isPlain,
                                   std::string_view font, const StyleMessages &messages) {

@@ -11,10 +11,6 @@ namespace zolt {
 
 // In rich text the calculator's styles are fonts.
 
-/// Whether a font is the plain one or that of a style; in all others text is plain on
-/// the calculator.
-bool isCalculatorFont(std::string_view font);
-
 /// The wording of the pane that wraps its lines.
 inline constexpr StyleMessages kWrappedPaneStyleMessages{
     .beyondColumn16 = "This formatting can only be applied as far as the 16\xBA"

@@ -1,5 +1,7 @@
 #include "platform/embedded_picture.h"
 
+#include "hp48/source_compiler.h"
+
 #include <QImage>
 #include <cstdint>
 #include <limits>
@@ -41,6 +43,10 @@ DotSurface dotsOfEmbeddedPicture(const RichPicture &picture, int width, int heig
         }
     }
     return surface;
+}
+
+DotSurface dotsForSource(const RichPicture &picture) {
+    return dotsOfEmbeddedPicture(picture, kSourcePictureWidth, kSourcePictureHeight);
 }
 
 } // namespace zolt

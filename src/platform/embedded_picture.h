@@ -12,4 +12,7 @@ namespace zolt {
 /// application object.
 DotSurface dotsOfEmbeddedPicture(const RichPicture &picture, int width, int height);
 
+/// The same on the surface that the source-code compiler reads a picture from.
+DotSurface dotsForSource(const RichPicture &picture);
+
 } // namespace zolt

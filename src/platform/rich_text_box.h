@@ -82,9 +82,9 @@ public:
     /// The whole text's and that of what is typed next; the selection stays. One undo step.
     void setFontSize(double points);
     void setTextColour(Colour colour);
-    /// The same, and neither bold nor italic, underlined nor struck through; text in a font
-    /// that `keepsFont` doesn't name gets the plain font.
-    void setPlainLook(double points, Colour colour, bool (*keepsFont)(std::string_view name));
+    /// The same, and neither bold nor italic, underlined nor struck through; text in a
+    /// foreign font gets the plain font.
+    void setPlainLook(double points, Colour colour);
 
     /// Both take a path as file system bytes and give the reason of a failure, else
     /// an empty text. A file that can't be read, or is neither RTF nor plain text,
@@ -134,7 +134,7 @@ private:
     template <class Insertion> void replaceSelection(Insertion insert);
     void mergeFormat(const QTextCharFormat &format);
     void mergeIntoAll(const QTextCharFormat &format);
-    std::vector<std::pair<int, int>> stretchesInOtherFonts(bool (*keepsFont)(std::string_view name)) const;
+    std::vector<std::pair<int, int>> stretchesInForeignFonts() const;
     /// The format of the first selected character, else of what is typed next.
     QTextCharFormat firstFormat() const;
     /// Calls `visit` with each format between two positions until it answers false, and

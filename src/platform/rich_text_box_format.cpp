@@ -156,7 +156,7 @@ void RichTextBox::setTextColour(Colour colour) {
     endStep();
 }
 
-void RichTextBox::setPlainLook(double points, Colour colour, bool (*keepsFont)(std::string_view name)) {
+void RichTextBox::setPlainLook(double points, Colour colour) {
     const HeldChange hold(*this);
     QTextCharFormat plain = qtFontSize(points);
     plain.merge(qtTextColour(colour));
@@ -167,7 +167,7 @@ void RichTextBox::setPlainLook(double points, Colour colour, bool (*keepsFont)(s
     QTextCursor cursor(m_document);
     cursor.beginEditBlock();
     mergeIntoAll(plain);
-    for (const auto &[from, to] : stretchesInOtherFonts(keepsFont)) {
+    for (const auto &[from, to] : stretchesInForeignFonts()) {
         cursorOver(from, to).mergeCharFormat(qtFontName(std::string(kPlainFont)));
         m_document->reformTabs(from, to);
     }
@@ -175,12 +175,12 @@ void RichTextBox::setPlainLook(double points, Colour colour, bool (*keepsFont)(s
     endStep();
 }
 
-std::vector<std::pair<int, int>>
-RichTextBox::stretchesInOtherFonts(bool (*keepsFont)(std::string_view name)) const {
+std::vector<std::pair<int, int>> RichTextBox::stretchesInForeignFonts() const {
     std::vector<std::pair<int, int>> stretches;
     for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next())
         for (auto it = block.begin(); !it.atEnd(); ++it)
-            if (const QTextFragment fragment = it.fragment(); !keepsFont(fontNameOf(fragment.charFormat())))
+            if (const QTextFragment fragment = it.fragment();
+                fontKindOf(fragment.charFormat()) == FontKind::Foreign)
                 stretches.emplace_back(fragment.position(), fragment.position() + fragment.length());
     return stretches;
 }

@@ -10,10 +10,6 @@ namespace zolt::cli {
 
 namespace {
 
-DotSurface dotsOf(const RichPicture &picture) {
-    return dotsOfEmbeddedPicture(picture, kSourcePictureWidth, kSourcePictureHeight);
-}
-
 int runCompile(const Arguments &arguments) {
     const bool total = arguments.has("total");
     const bool partial = arguments.has("partial");
@@ -25,7 +21,7 @@ int runCompile(const Arguments &arguments) {
     // A damaged picture is blank; Qt's own words about it would only confuse.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
     const SourceKind kind = total ? SourceKind::Total : partial ? SourceKind::Partial : SourceKind::Normal;
-    const auto source = compileSource(richTextFromRtf(bytes), kind, dotsOf);
+    const auto source = compileSource(richTextFromRtf(bytes), kind, dotsForSource);
     return writeOutput(arguments.files[1], hpFile(withStyleMarks(*source))) ? Done : Unusable;
 }
 

@@ -51,9 +51,9 @@ void DocumentKeeper::keep() {
     if (!m_take)
         return;
     m_isKept = true;
-    m_work.run([kept = m_kept, snapshot = m_take()]() mutable {
-        // A failure is silent: the document itself stands in its pane.
-        static_cast<void>(kept->keep(finished(snapshot)));
+    // A failure is silent: the document itself stands in its pane.
+    m_work.run([this, kept = m_kept, snapshot = m_take()]() mutable {
+        m_hasFailed = !kept->keep(finished(snapshot)).empty();
     });
 }
 
@@ -64,10 +64,11 @@ void DocumentKeeper::drop() {
         m_work.run([kept = m_kept] { kept->drop(); });
 }
 
-void DocumentKeeper::keepNow() {
+bool DocumentKeeper::keepNow() {
     if (m_rest->isActive() || m_deadline->isActive())
         keep();
     m_work.finish();
+    return m_isKept && !m_hasFailed;
 }
 
 void DocumentKeeper::throwAway(KeptSnapshot snapshot) {

@@ -4,6 +4,7 @@
 #include "shell/base/background_work.h"
 
 #include <QObject>
+#include <atomic>
 #include <functional>
 #include <memory>
 
@@ -36,7 +37,8 @@ public:
     /// It is saved, or gone: nothing of it is to be given back after a crash.
     void drop();
     /// Keeps it now, if it has changed since it was kept, and waits until that is done.
-    void keepNow();
+    /// Whether what it was then is on the disk.
+    bool keepNow();
 
     /// Keeps a document that is thrown away on purpose, unless the user has turned that
     /// off.
@@ -56,6 +58,7 @@ private:
     std::function<KeptSnapshot()> m_take;
     bool m_keepsThrownAway = true;
     bool m_isKept = false; // something is there to drop
+    std::atomic<bool> m_hasFailed = false;
     /// The keys rest; and a change has waited for long enough.
     QTimer *m_rest;
     QTimer *m_deadline;

@@ -70,8 +70,9 @@ public:
     KeptSnapshot snapshotOf(const Pane &pane) const override;
     /// Lets the program's keeper follow this document.
     void keepAgain() override;
-    /// Keeps the document among those that were thrown away, if it has changes.
-    void keepThrownAway();
+    /// Keeps the document among those that were thrown away, if it has changes; gives
+    /// whether it has.
+    bool keepThrownAway();
 
     /// The one road by which a file becomes the document: menu, command line, drop. The
     /// bytes are those of the file `path`, file system bytes; the document's name and
@@ -131,8 +132,8 @@ protected:
     /// The end of the heir's making: the panes take the settings and one shows.
     void begin();
 
-    /// The bytes of a file that holds the document.
-    virtual std::string fileBytes() const = 0;
+    /// The bytes of a file that holds a document, of what stored() gave of it.
+    virtual std::string fileOf(std::string stored) const = 0;
     /// Puts a file's bytes into a pane for good: an opened document has no history.
     virtual void takeFileBytes(Pane &pane, std::string_view bytes) = 0;
     /// What TextoGuardado holds of a document: its text, or its rich text.

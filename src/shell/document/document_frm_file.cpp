@@ -1,4 +1,4 @@
-// The life of the text edition's document: new, open, save, print, close, exit.
+// The life of a document: new, open, save, print, close, exit.
 
 #include "core/file.h"
 #include "platform/desktop.h"
@@ -61,9 +61,12 @@ KeptSnapshot DocumentFrm::snapshotOf(const Pane &pane) const {
             storedLater(pane)};
 }
 
-void DocumentFrm::keepThrownAway() {
-    if (DocumentKeeper *keeper = documentKeeper(); keeper && m_touched && documentChanged())
+bool DocumentFrm::keepThrownAway() {
+    if (!m_touched || !documentChanged())
+        return false;
+    if (DocumentKeeper *keeper = documentKeeper())
         keeper->throwAway(snapshotOf(activePane()));
+    return true;
 }
 
 void DocumentFrm::discardDocument() {
@@ -85,9 +88,8 @@ void DocumentFrm::FicheiroNovo() {
 std::string DocumentFrm::showFile(const std::string &path, const std::string &bytes, Panes panes) {
     if (std::string reason = m_edition.refusal(bytes); !reason.empty())
         return reason;
-    const bool loses = m_touched && documentChanged();
     const QString before = caption();
-    keepThrownAway();
+    const bool loses = keepThrownAway();
     takeFileBytes(activePane(), bytes);
     if (panes == BothPanes)
         copyDocument(activePane(), pane(&activePane() == &pane(1) ? 2 : 1));
@@ -120,10 +122,11 @@ void DocumentFrm::FicheiroAbrir() {
 
 bool DocumentFrm::writeDocument() {
     const std::string &path = commonDialog(DialogFrm::Document).FileName;
-    if (!savedOrSaid(path, writeFile(path, fileBytes())))
+    std::string document = stored();
+    if (!savedOrSaid(path, writeFile(path, fileOf(document))))
         return false;
     say({});
-    shared::TextoGuardado = stored();
+    shared::TextoGuardado = std::move(document);
     m_savedLength = activePane().length();
     m_stamp = stampOf(path);
     m_touched = false;
@@ -225,12 +228,13 @@ void DocumentFrm::closeEvent(QCloseEvent *event) {
     if (!event->isAccepted())
         return;
     markClosed(*this);
-    if (DocumentKeeper *keeper = documentKeeper(); keeper && documentInUse() == this) {
+    if (documentInUse() != this)
+        return;
+    setDocumentInUse(nullptr);
+    if (DocumentKeeper *keeper = documentKeeper()) {
         keeper->drop();
         keeper->follow({});
     }
-    if (documentInUse() == this)
-        setDocumentInUse(nullptr);
 }
 
 void DocumentFrm::OperaçõesDeSaída() {

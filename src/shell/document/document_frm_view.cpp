@@ -1,4 +1,4 @@
-// The windows that stand beside the text edition's document.
+// The windows that stand beside a document, or before it.
 
 #include "shell/base/shared_values.h"
 #include "shell/document/document_frm.h"

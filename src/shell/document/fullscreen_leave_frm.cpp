@@ -1,7 +1,8 @@
 #include "shell/document/fullscreen_leave_frm.h"
 
+#include "shell/widgets/command_button.h"
+
 #include <QMouseEvent>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zolt {
@@ -24,10 +25,9 @@ FullscreenLeaveFrm::FullscreenLeaveFrm(QWidget *owner)
     setWindowFlags(Qt::Tool | Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowCloseButtonHint);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    auto *button = new QPushButton(QStringLiteral("&Close full screen mode"));
-    button->setObjectName(QStringLiteral("Command1"));
+    QPushButton *button =
+        newButton(this, "Command1", QStringLiteral("&Close full screen mode"), &QWidget::close);
     button->setToolTip(QStringLiteral("F11 or Esc. F6 goes from the text to this window and back."));
-    connect(button, &QPushButton::clicked, this, &QWidget::close);
     auto *column = new QVBoxLayout(this);
     column->addWidget(button);
     column->setContentsMargins(kGround, kGround / 2, kGround, kGround / 2);

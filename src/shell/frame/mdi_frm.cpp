@@ -4,6 +4,7 @@
 #include "platform/message_box.h"
 #include "platform/pane.h"
 #include "shell/base/document_in_use.h"
+#include "shell/base/document_keeper.h"
 #include "shell/base/shared_values.h"
 #include "shell/exports/edit_text_export_pdf_frm.h"
 #include "shell/exports/edit_text_guardar_hp_frm.h"
@@ -234,13 +235,13 @@ void MDIFrm::MostrarEditGraphPreviewFrm() {
     unload<EditGraphPreviewFrm>();
     showWindow<EditGraphPreviewFrm>();
 }
-void MDIFrm::MostrarRecoverFrm(RecoverFrm::What what) {
+void MDIFrm::showKept(RecoverFrm::What what, std::vector<KeptDocuments::Entry> entries) {
     RecoverFrm &window = showWindow<RecoverFrm>();
-    window.list(what);
+    window.list(what, std::move(entries));
     connect(&window, &RecoverFrm::chosen, this, &MDIFrm::keptDocumentChosen, Qt::UniqueConnection);
 }
 void MDIFrm::MostrarRecoverFrm() {
-    MostrarRecoverFrm(RecoverFrm::ThrownAway);
+    showKept(RecoverFrm::ThrownAway, documentKeeper()->thrownAway());
 }
 void MDIFrm::MostrarAboutFrm() {
     showWindow<AboutFrm>();

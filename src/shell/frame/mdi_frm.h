@@ -26,7 +26,8 @@ public:
 
     QWidget &window() override { return *this; }
 
-    void MostrarRecoverFrm(RecoverFrm::What what);
+    /// Shows kept documents, of which one can be given back.
+    void showKept(RecoverFrm::What what, std::vector<KeptDocuments::Entry> entries);
 
     /// Puts a document window into the frame.
     void adopt(QWidget *documentWindow);

@@ -13,12 +13,12 @@
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
 #include "shell/base/windows.h"
+#include "shell/widgets/command_button.h"
 
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -43,10 +43,6 @@ QLabel *newLabel(const char *name, const char *text) {
 
 void showPercent(QLabel *label, std::size_t step, std::size_t total) {
     label->setText(QStringLiteral("%1%").arg(total ? step * 100 / total : 100));
-}
-
-DotSurface dotsOf(const RichPicture &picture) {
-    return dotsOfEmbeddedPicture(picture, kSourcePictureWidth, kSourcePictureHeight);
 }
 
 } // namespace
@@ -79,10 +75,8 @@ QGroupBox *EditGraphPreviewFrm::buildChoice() {
         option->setChecked(number == 1);
         column->addWidget(option);
     }
-    auto *ok = new QPushButton(QStringLiteral("OK"));
-    ok->setObjectName(QStringLiteral("Command1"));
+    QPushButton *ok = newButton(this, "Command1", QStringLiteral("OK"), &EditGraphPreviewFrm::compile);
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &EditGraphPreviewFrm::compile);
     column->addWidget(ok, 0, Qt::AlignCenter);
     return choice;
 }
@@ -97,9 +91,6 @@ QWidget *EditGraphPreviewFrm::buildProgress() {
     Label6 = newLabel("Label6", "0%");
     Label7 = newLabel("Label7", "(Searching ...)");
     Label8 = newLabel("Label8", "Format:");
-    auto *cancelButton = new QPushButton(QStringLiteral("Cancel"));
-    cancelButton->setObjectName(QStringLiteral("Command3"));
-    connect(cancelButton, &QPushButton::clicked, this, &EditGraphPreviewFrm::cancel);
     auto *grid = new QGridLayout(progress);
     grid->addWidget(Label4, 0, 0);
     grid->addWidget(Label3, 0, 1);
@@ -107,7 +98,8 @@ QWidget *EditGraphPreviewFrm::buildProgress() {
     grid->addWidget(Label8, 1, 0);
     grid->addWidget(Label6, 1, 1);
     grid->addWidget(Label7, 1, 2);
-    grid->addWidget(cancelButton, 2, 0, 1, 3, Qt::AlignCenter);
+    grid->addWidget(newButton(this, "Command3", QStringLiteral("Cancel"), &EditGraphPreviewFrm::cancel), 2, 0,
+                    1, 3, Qt::AlignCenter);
     grid->setColumnStretch(2, 1);
     return progress;
 }
@@ -201,7 +193,7 @@ std::optional<std::string> EditGraphPreviewFrm::sourceOf(const std::string &rtf,
     if (stopped())
         return std::nullopt;
     showStep(Label8);
-    auto source = compileSource(text, SourceKind{shared::TipoDeCompilação}, dotsOf, progress);
+    auto source = compileSource(text, SourceKind{shared::TipoDeCompilação}, dotsForSource, progress);
     return stopped() ? std::nullopt : source;
 }
 

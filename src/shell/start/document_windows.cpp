@@ -22,6 +22,10 @@ template <class Window> DocumentFrm &showDocumentWindow() {
 
 } // namespace
 
+const Edition &editionOf(int edition) {
+    return edition == kGraphical ? EditGraphFrm::edition() : EditTextFrm::edition();
+}
+
 DocumentFrm &openEdition(int edition) {
     return edition == kGraphical ? showDocumentWindow<EditGraphFrm>() : showDocumentWindow<EditTextFrm>();
 }

@@ -8,6 +8,9 @@ namespace zolt {
 inline constexpr int kTextual = 1;
 inline constexpr int kGraphical = 2;
 
+/// What tells an edition from the other.
+const Edition &editionOf(int edition);
+
 /// Shows the window of an edition, with an empty document if it is new, and the frame.
 DocumentFrm &openEdition(int edition);
 

@@ -1,5 +1,6 @@
 #include "shell/start/recovery.h"
 
+#include "core/new_file.h"
 #include "graphic/rtf_reader.h"
 #include "platform/common_dialog.h"
 #include "platform/pane.h"
@@ -21,6 +22,8 @@
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace zolt {
 
@@ -61,11 +64,11 @@ bool makeRoomFor(int edition) {
 } // namespace
 
 bool offerWhatACrashLeft() {
-    DocumentKeeper *keeper = documentKeeper();
-    if (!keeper || keeper->leftByCrashes().empty())
+    std::vector<KeptDocuments::Entry> entries = documentKeeper()->leftByCrashes();
+    if (entries.empty())
         return false;
     MDIFrm &frame = *loaded<MDIFrm>();
-    frame.MostrarRecoverFrm(RecoverFrm::LeftByCrash);
+    frame.showKept(RecoverFrm::LeftByCrash, std::move(entries));
     // Then the start goes on as it would have.
     QObject::connect(
         loaded<RecoverFrm>(), &RecoverFrm::left, &frame,
@@ -91,20 +94,18 @@ void giveBack(const KeptDocuments::Entry &entry) {
     commonDialog(DialogFrm::Document).FileName = document.path;
     window.activePane().setSelStart(document.caret);
     // It is kept for this program before it goes for all.
-    documentKeeper()->keepNow();
-    documentKeeper()->remove(entry);
+    if (documentKeeper()->keepNow())
+        documentKeeper()->remove(entry);
 }
 
 void keepDocumentAtSessionEnd() {
-    QObject::connect(qApp, &QGuiApplication::commitDataRequest, qApp,
-                     [](QSessionManager &) { keepAtOnce(); });
     if (signalPipe[0] >= 0 || ::pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         return;
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, qApp,
+                     [](QSessionManager &) { keepAtOnce(); });
     auto *notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, qApp);
     QObject::connect(notifier, &QSocketNotifier::activated, qApp, endBySignal);
-    for (const int signal : {SIGTERM, SIGHUP, SIGINT})
-        if (std::signal(signal, passSignalOn) == SIG_IGN)
-            std::signal(signal, SIG_IGN);
+    onEndingSignals(passSignalOn);
 }
 
 } // namespace zolt

@@ -1,6 +1,5 @@
 #include "shell/start/roads.h"
 
-#include "graphic/rich_text_builder.h"
 #include "graphic/style_fonts.h"
 #include "hp48/source_compiler.h"
 #include "platform/common_dialog.h"
@@ -38,16 +37,9 @@ void openTextual(const std::string &text, const QString &caption) {
     static_cast<EditTextFrm &>(openEdition(kTextual)).begin(text, caption);
 }
 
-/// The text as it stands, codes and cells included, in the pane's font.
-RichText asRichText(const EditTextFrm &window) {
-    RichText text = richTextFromPlainText(withRichTextStyleMarks(window.activePane().Text()),
-                                          EditTextFrm::characterLook());
-    text.fonts = {shared::settings.TFntName};
-    return text;
-}
-
 void takeTextToGraphical(EditTextFrm &window) {
-    const RichText text = asRichText(window);
+    // The text as it stands, codes and cells included.
+    const RichText text = window.inPaneLook(withRichTextStyleMarks(window.activePane().Text()));
     const QString caption = window.caption();
     if (closeUnasked(window))
         openGraphical(text, caption);

@@ -12,9 +12,7 @@
 #include "shell/base/document_in_use.h"
 #include "shell/base/document_keeper.h"
 #include "shell/base/shared_values.h"
-#include "shell/document/graphic/edit_graph_frm.h"
 #include "shell/document/graphic/edit_graph_frm_tables.h"
-#include "shell/document/text/edit_text_frm.h"
 #include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/start/document_windows.h"
@@ -28,6 +26,7 @@
 #include <QFile>
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 /// Pictures in a library are not there until they are asked for.
 static void loadPictures() {
@@ -93,13 +92,11 @@ void refuseFile(const std::string &name, const std::string &reason) {
 }
 
 /// Opens the command line's file, which has been read, in an edition.
-void openFile(const std::string &name, const FileContents &file, int edition) {
-    if (!file.ok())
-        return refuseFile(name, file.reason);
-    if (edition == kGraphical)
-        if (const std::string reason = EditGraphFrm::edition().refusal(file.bytes); !reason.empty())
-            return refuseFile(name, reason);
-    shared::TextoDeArranque = file.bytes;
+void openFile(const std::string &name, FileContents file, int edition) {
+    const std::string reason = file.ok() ? editionOf(edition).refusal(file.bytes) : file.reason;
+    if (!reason.empty())
+        return refuseFile(name, reason);
+    shared::TextoDeArranque = std::move(file.bytes);
     openEdition(edition).showFile(name, shared::TextoDeArranque, DocumentFrm::BothPanes);
     shared::TextoDeArranque.clear();
 }
@@ -117,7 +114,7 @@ void openCommandLine() {
     for (const auto &[extension, edition] :
          {std::pair{&shared::ExtensãoTexto, kTextual}, std::pair{&shared::ExtensãoGráfico, kGraphical}})
         if (endsInExtension(name, *extension))
-            return openFile(name, file, edition);
+            return openFile(name, std::move(file), edition);
     frame.MostrarMensagemFrm();
 }
 

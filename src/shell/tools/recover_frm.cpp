@@ -14,6 +14,7 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace zolt {
 
@@ -63,17 +64,14 @@ RecoverFrm::RecoverFrm(QWidget *owner)
     resize(460, 280);
 }
 
-void RecoverFrm::list(What what) {
-    DocumentKeeper *keeper = documentKeeper();
-    if (!keeper)
-        return;
+void RecoverFrm::list(What what, std::vector<KeptDocuments::Entry> entries) {
     const bool afterCrash = what == LeftByCrash;
     Label1->setText(afterCrash ? QStringLiteral("The program ended before these documents were saved:")
                                : QStringLiteral("Documents that were thrown away in the last thirty days:"));
     Check1->setVisible(!afterCrash);
     Command3->setText(afterCrash ? QStringLiteral("&Later") : QStringLiteral("Close"));
-    Check1->setChecked(keeper->keepsThrownAway());
-    m_entries = afterCrash ? keeper->leftByCrashes() : keeper->thrownAway();
+    Check1->setChecked(documentKeeper()->keepsThrownAway());
+    m_entries = std::move(entries);
     fill();
 }
 

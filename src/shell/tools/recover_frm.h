@@ -22,7 +22,7 @@ public:
 
     /// What a crash has left, or what was thrown away on purpose.
     enum What { LeftByCrash, ThrownAway };
-    void list(What what);
+    void list(What what, std::vector<KeptDocuments::Entry> entries);
 
 public slots:
     /// Gives back the current document, and closes.

@@ -47,6 +47,7 @@ const Edition &EditGraphFrm::edition() {
 }
 
 EditGraphFrm::EditGraphFrm(QWidget *frame) : DocumentFrm(edition(), frame) {
+    gatherStyleButtons();
     for (const int number : {1, 2})
         for (const auto event : {&PaneEvents::Change, &PaneEvents::selectionMoved, &PaneEvents::keyDown})
             connect(&pane(number).events(), event, this, &EditGraphFrm::showStyleAtCaret);
@@ -78,8 +79,8 @@ void EditGraphFrm::fontChosen() {
     EscolherTamanhoDaLetra();
 }
 
-std::string EditGraphFrm::fileBytes() const {
-    return activeRichPane().TextRTF();
+std::string EditGraphFrm::fileOf(std::string stored) const {
+    return stored;
 }
 
 void EditGraphFrm::takeFileBytes(Pane &pane, std::string_view bytes) {

@@ -2,6 +2,9 @@
 
 #include "shell/document/document_frm.h"
 
+#include <QList>
+#include <utility>
+
 namespace zolt {
 
 class RichTextBox;
@@ -47,7 +50,7 @@ public slots:
     void EnviarCódigoFonteParaEdiçãoTextual();
 
 protected:
-    std::string fileBytes() const override;
+    std::string fileOf(std::string stored) const override;
     void takeFileBytes(Pane &pane, std::string_view bytes) override;
     std::string stored() const override;
     RichText printout(bool selection) const override;
@@ -68,7 +71,11 @@ private:
     void compile(const std::string &rtf, std::int16_t destination);
     /// Why the selection can't get a style's font; empty if it can.
     std::string_view refusal(const std::string &font) const;
+    void gatherStyleButtons();
     void showStyleAtCaret();
+
+    /// The format toolbar's buttons, by the fonts that they give.
+    QList<std::pair<std::string_view, QAction *>> m_styleButtons;
 };
 
 } // namespace zolt

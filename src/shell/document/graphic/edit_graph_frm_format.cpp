@@ -50,11 +50,16 @@ void EditGraphFrm::AplicarEstilosDeLetra() {
     showStyleAtCaret();
 }
 
-void EditGraphFrm::showStyleAtCaret() {
-    const std::string font = activeRichPane().SelFontName();
+void EditGraphFrm::gatherStyleButtons() {
     const QToolBar &bar = *frame().toolbar(edition().formatToolbar);
     for (const StyleButton &button : styleButtons())
-        bar.findChild<QAction *>(QString::fromUtf8(button.key))->setChecked(button.font == font);
+        m_styleButtons.emplace_back(button.font, bar.findChild<QAction *>(QString::fromUtf8(button.key)));
+}
+
+void EditGraphFrm::showStyleAtCaret() {
+    const std::string name = activeRichPane().SelFontName();
+    for (const auto &[font, button] : m_styleButtons)
+        button->setChecked(font == name);
 }
 
 void EditGraphFrm::EscolherTamanhoDaLetra() {
@@ -102,7 +107,7 @@ void EditGraphFrm::applyDefaultScheme() {
     // The pane without wrap follows the desktop until the next start.
     richPane(2).setBackColour(qtColour(kSystemWindow, QPalette::Base));
     // The styles' fonts are the document's, not the pane's.
-    activeRichPane().setPlainLook(settings.TFntSize, colourFromSetting(settings.TFntColr), isCalculatorFont);
+    activeRichPane().setPlainLook(settings.TFntSize, colourFromSetting(settings.TFntColr));
     updateStatus();
 }
 

@@ -59,8 +59,8 @@ void EditTextFrm::fontChosen() {
     applyPaneFont();
 }
 
-std::string EditTextFrm::fileBytes() const {
-    return fileFromDocument(activePane().Text());
+std::string EditTextFrm::fileOf(std::string stored) const {
+    return fileFromDocument(stored);
 }
 
 void EditTextFrm::takeFileBytes(Pane &pane, std::string_view bytes) {

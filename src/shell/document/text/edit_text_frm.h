@@ -26,8 +26,8 @@ public:
 
     /// Begins with a document that comes from elsewhere and is in no file.
     void begin(const std::string &text, const QString &caption);
-    /// What the panes' characters look like, all but the font's name.
-    static CharFormat characterLook();
+    /// A text as it looks in the panes.
+    static RichText inPaneLook(std::string_view text);
 
     void insertText(std::string_view bytes) override;
     void fontChosen() override;
@@ -57,7 +57,7 @@ public slots:
     void VerPrévisualizarselecçãoEstiloHP48();
 
 protected:
-    std::string fileBytes() const override;
+    std::string fileOf(std::string stored) const override;
     void takeFileBytes(Pane &pane, std::string_view bytes) override;
     std::string stored() const override;
     RichText printout(bool selection) const override;

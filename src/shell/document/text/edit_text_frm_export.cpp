@@ -62,10 +62,7 @@ std::string askForWebPage(QWidget *asker) {
 } // namespace
 
 RichText EditTextFrm::printout(bool selection) const {
-    const TextPane &pane = activeTextPane();
-    RichText text = richTextFromPlainText(selection ? pane.SelText() : pane.Text(), characterLook());
-    text.fonts = {pane.font().families().value(0).toLatin1().toStdString()};
-    return text;
+    return inPaneLook(selection ? activePane().SelText() : activePane().Text());
 }
 
 std::optional<std::string> EditTextFrm::buildWebPage() {

@@ -3,6 +3,7 @@
 
 #include "core/optimise.h"
 #include "core/styles.h"
+#include "graphic/rich_text_builder.h"
 #include "platform/colours.h"
 #include "platform/desktop.h"
 #include "platform/fonts.h"
@@ -71,7 +72,7 @@ QFont EditTextFrm::fontOfSettings() {
     return font;
 }
 
-CharFormat EditTextFrm::characterLook() {
+RichText EditTextFrm::inPaneLook(std::string_view plain) {
     const Settings &settings = shared::settings;
     CharFormat look;
     look.halfPoints = static_cast<std::uint16_t>(settings.TFntSize * 2);
@@ -80,7 +81,9 @@ CharFormat EditTextFrm::characterLook() {
     look.italic = isTrue(settings.TFntItal);
     look.underline = isTrue(settings.TFntUndl);
     look.strikeThru = isTrue(settings.TFntStrT);
-    return look;
+    RichText text = richTextFromPlainText(plain, look);
+    text.fonts = {settings.TFntName};
+    return text;
 }
 
 void EditTextFrm::applyPaneFont() {
