@@ -3,6 +3,7 @@
 #include "core/codes.h"
 #include "hp48/quotes.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zolt {
@@ -11,10 +12,10 @@ namespace {
 
 constexpr std::string_view kEmptyString = "\"\"";
 
-/// Gathers the lines of a report into larger pieces.
+/// Gathers the lines of a report into larger pieces, and counts its errors.
 class Report {
 public:
-    explicit Report(const ReportSink &sink) : m_sink(sink) {}
+    Report(const ReportSink &sink, std::size_t mostErrors) : m_sink(sink), m_mostErrors(mostErrors) {}
     ~Report() { m_sink(m_piece); }
     Report(const Report &) = delete;
     Report &operator=(const Report &) = delete;
@@ -27,21 +28,54 @@ public:
         m_piece.clear();
     }
 
+    /// The same line for each of `count` errors at the place `i`, from 0.
+    void addErrors(std::size_t count, std::string_view before, std::size_t i, std::string_view behind) {
+        for (std::size_t error = 0; error < count && m_errors + error < m_mostErrors; ++error)
+            addLine(std::string(before).append(std::to_string(i + 1)).append(behind));
+        m_errors += count;
+    }
+
+    std::size_t errors() const { return m_errors; }
+    std::size_t leftOut() const { return m_errors - std::min(m_errors, m_mostErrors); }
+
 private:
     static constexpr std::size_t kPiece = std::size_t{1} << 16;
 
     const ReportSink &m_sink;
+    std::size_t m_mostErrors;
+    std::size_t m_errors = 0;
     std::string m_piece;
 };
 
-void reportQuotes(const QuotedText &quotes, Report &report) {
+/// Calls a Progress after each so many errors; between them the test is quicker than any
+/// window needs.
+class Pace {
+public:
+    Pace(const Progress &progress, std::size_t total) : m_progress(progress), m_total(total) {}
+
+    bool goOn(std::size_t step) {
+        return ++m_calls % kCallsBetween != 0 || zolt::goOn(m_progress, step, m_total);
+    }
+
+private:
+    static constexpr std::size_t kCallsBetween = 1024;
+
+    const Progress &m_progress;
+    std::size_t m_total;
+    std::size_t m_calls = 0;
+};
+
+bool reportQuotes(const QuotedText &quotes, Report &report, Pace pace) {
     if (quotes.openingAdded)
         report.addLine("-Superior ('') character inserted ");
     if (quotes.closingAdded)
         report.addLine("-Inferior ('') character inserted ");
-    for (const std::size_t i : quotes.replaced)
-        report.addLine("-Ilegal character found (\") in position (" + std::to_string(i + 1) +
-                       "). Substituted by (')");
+    for (const std::size_t i : quotes.replaced) {
+        report.addErrors(1, "-Ilegal character found (\") in position (", i, "). Substituted by (')");
+        if (!pace.goOn(i))
+            return false;
+    }
+    return true;
 }
 
 /// The digits behind a cell mark that are none; digits behind the text's end are
@@ -53,16 +87,14 @@ std::size_t wrongDigits(std::string_view text, std::size_t mark) {
     return wrong;
 }
 
-std::size_t reportWrongCells(const std::string &text, Report &report) {
-    std::size_t errors = 0;
+bool reportWrongCells(const std::string &text, Report &report, Pace pace) {
     for (std::size_t i = text.find(kCellMark, 1); i != std::string::npos && i + 1 < text.size();
          i = text.find(kCellMark, i + 1)) {
-        const std::size_t wrong = wrongDigits(text, i);
-        for (std::size_t line = 0; line < wrong; ++line)
-            report.addLine("-Illegal graphical object found at (" + std::to_string(i + 1) + ").");
-        errors += wrong;
+        report.addErrors(wrongDigits(text, i), "-Illegal graphical object found at (", i, ").");
+        if (!pace.goOn(i))
+            return false;
     }
-    return errors;
+    return true;
 }
 
 } // namespace
@@ -71,20 +103,21 @@ std::string correctedDocument(std::string_view document) {
     return quoted(document.empty() ? kEmptyString : document).text;
 }
 
-IntegrityResult testIntegrity(std::string_view document, const ReportSink &sink) {
-    Report report(sink);
+IntegrityResult testIntegrity(std::string_view document, const ReportSink &sink, std::size_t mostErrors,
+                              const Progress &progress) {
+    Report report(sink, mostErrors);
     report.addLine("\r\n** Beginning verification **\r\n");
     if (document.empty())
         report.addLine("Empty document");
     QuotedText quotes = quoted(document.empty() ? kEmptyString : document);
-    reportQuotes(quotes, report);
-    IntegrityResult result;
-    result.NúmeroDeErros = quotes.replaced.size();
-    result.TextoCorrigido = std::move(quotes.text);
-    result.NúmeroDeErros += reportWrongCells(result.TextoCorrigido, report);
+    const Pace pace(progress, quotes.text.size());
+    if (!reportQuotes(quotes, report, pace) || !reportWrongCells(quotes.text, report, pace))
+        return {};
+    if (report.leftOut() > 0)
+        report.addLine("-And " + std::to_string(report.leftOut()) + " more");
     report.addLine("\r\n** Verification ended **");
-    report.addLine("\r\nNumber of errors found: " + std::to_string(result.NúmeroDeErros));
-    return result;
+    report.addLine("\r\nNumber of errors found: " + std::to_string(report.errors()));
+    return {{}, std::move(quotes.text), report.errors()};
 }
 
 IntegrityResult testIntegrity(std::string_view document) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "core/progress.h"
+
 #include <cstddef>
 #include <functional>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -27,7 +30,11 @@ std::string correctedDocument(std::string_view document);
 /// mark. Corrects the quotes; wrong cells stay as they are.
 IntegrityResult testIntegrity(std::string_view document);
 /// The same with the report handed on: a long one takes no memory, and `report` in the
-/// result stays empty.
-IntegrityResult testIntegrity(std::string_view document, const ReportSink &report);
+/// result stays empty. Behind `mostErrors` lines errors are only counted, and one line
+/// says how many those are. Reports the bytes tested; asked to stop, it gives up with a
+/// result that is none.
+IntegrityResult testIntegrity(std::string_view document, const ReportSink &report,
+                              std::size_t mostErrors = std::numeric_limits<std::size_t>::max(),
+                              const Progress &progress = {});
 
 } // namespace zolt

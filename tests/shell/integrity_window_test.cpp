@@ -5,6 +5,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
+#include <algorithm>
 
 namespace zolt {
 namespace {
@@ -108,6 +110,33 @@ TEST_F(IntegrityWindow, StaysWhenNothingWasSaved) {
     EXPECT_TRUE(window.isVisible());
     EXPECT_TRUE(statusMessage().startsWith(QStringLiteral("hello wasn't saved: ")));
     EXPECT_EQ(shared::settings.DfDirFHP, m_folder.path().toStdString());
+}
+
+TEST_F(IntegrityWindow, CutsAReportOfTooManyErrorsAndTellsTheNumberOfAll) {
+    auto &window = test(std::string(100'000, '\x9E'));
+    const std::string report = box(window, "Text2").Text();
+    EXPECT_EQ(std::count(report.begin(), report.end(), '.'), 100'000);
+    EXPECT_TRUE(report.ends_with("-And 500000 more\r\n\r\n** Verification ended **\r\n\r\n"
+                                 "Number of errors found: 600000\r\n"));
+}
+
+TEST_F(IntegrityWindow, LivesDuringALongTestAndEndsItAtCancel) {
+    // The first turn that the windows get is the one between their standing and the test.
+    pane().setText(std::string(300'000, '"'));
+    int turns = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, m_window, [&] {
+        auto *window = loaded<EditTextGuardarHPFrm>();
+        if (window && ++turns == 2) {
+            EXPECT_FALSE(control<QPushButton>(window, "Command3")->isEnabled());
+            QTest::mouseClick(control<QPushButton>(window, "Command2"), Qt::LeftButton);
+        }
+    });
+    timer.start(0);
+    call(m_window, "TesteDeIntegridade");
+    EXPECT_EQ(turns, 2);
+    EXPECT_EQ(loaded<EditTextGuardarHPFrm>(), nullptr);
+    EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
 }
 
 } // namespace

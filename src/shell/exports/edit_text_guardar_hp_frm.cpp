@@ -8,6 +8,7 @@
 #include "platform/message_box.h"
 #include "platform/text_pane.h"
 #include "shell/base/dialog_frm.h"
+#include "shell/base/long_work.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
 #include "shell/widgets/command_button.h"
@@ -21,6 +22,9 @@ namespace zolt {
 
 namespace {
 
+/// As many lines of errors as a user may look through; more would only take memory.
+constexpr std::size_t kMostErrorLines = 100'000;
+
 QLabel *label(const char *name, const QString &text, QWidget *buddy) {
     auto *label = new QLabel(text);
     label->setObjectName(QString::fromUtf8(name));
@@ -33,7 +37,10 @@ QLabel *label(const char *name, const QString &text, QWidget *buddy) {
 EditTextGuardarHPFrm::EditTextGuardarHPFrm(QWidget *owner)
     : ToolFrm(QStringLiteral("HP file integrity test"), DisablesTheFrame, owner),
       Text1(new TextPane(true)),
-      Text2(new TextPane(true)) {
+      Text2(new TextPane(true)),
+      Command1(newButton(this, "Command1", QStringLiteral("Save"), &EditTextGuardarHPFrm::save)),
+      Command3(newButton(this, "Command3", QStringLiteral("Correct main document"),
+                         &EditTextGuardarHPFrm::correctDocument)) {
     Text1->setObjectName(QStringLiteral("Text1"));
     Text2->setObjectName(QStringLiteral("Text2"));
     Text2->setReadOnly(true);
@@ -49,9 +56,8 @@ EditTextGuardarHPFrm::EditTextGuardarHPFrm(QWidget *owner)
     auto *buttons = new QHBoxLayout;
     QPushButton *ok = newButton(this, "Command4", QStringLiteral("OK"), &QWidget::close);
     ok->setDefault(true);
-    buttons->addWidget(newButton(this, "Command1", QStringLiteral("Save"), &EditTextGuardarHPFrm::save));
-    buttons->addWidget(newButton(this, "Command3", QStringLiteral("Correct main document"),
-                                 &EditTextGuardarHPFrm::correctDocument));
+    buttons->addWidget(Command1);
+    buttons->addWidget(Command3);
     buttons->addStretch();
     buttons->addWidget(ok);
     buttons->addWidget(newButton(this, "Command2", QStringLiteral("Cancel"), &QWidget::close));
@@ -72,12 +78,26 @@ void EditTextGuardarHPFrm::testDocument(TextPane &pane) {
         return;
     Text1->setPaneFont(pane.font());
     Text1->setColours(pane.palette().color(QPalette::Text), pane.palette().color(QPalette::Base));
-    const IntegrityResult result = testIntegrity(pane.Text());
-    Text2->setText(result.report);
+    std::string report;
+    const auto keep = [&report](std::string_view piece) { report.append(piece); };
+    const int run = ++m_run;
+    const auto stopped = [&self, run] { return !self || !self->isVisible() || self->m_run != run; };
+    enableCommands(false);
+    const IntegrityResult result =
+        testIntegrity(pane.Text(), keep, kMostErrorLines, livelyProgress({}, stopped));
+    if (stopped())
+        return;
+    enableCommands(true);
+    Text2->setText(report);
     if (result.NúmeroDeErros > 0)
         Text2->setColours(Qt::red, palette().color(QPalette::Base));
     Text2->setSelStart(Text2->length());
     Text1->setText(result.TextoCorrigido);
+}
+
+void EditTextGuardarHPFrm::enableCommands(bool enabled) {
+    Command1->setEnabled(enabled);
+    Command3->setEnabled(enabled);
 }
 
 bool EditTextGuardarHPFrm::nameIsAllowed(const std::string &title) {
