@@ -12,7 +12,10 @@ namespace {
 /// Walks a text and breaks its lines. Positions count from 0, columns from 1.
 class Folder {
 public:
-    explicit Folder(std::string_view text) : m_text(text) { m_folded.reserve(text.size() + text.size() / 8); }
+    Folder(std::string_view text, PlaceMap *places) : m_text(text), m_places(places) {
+        m_folded.reserve(text.size() + text.size() / 8);
+        notePlace();
+    }
 
     bool atEnd() const { return m_position >= m_text.size(); }
     std::size_t position() const { return m_position; }
@@ -84,9 +87,16 @@ private:
     void breakLine() {
         m_folded.append(m_text, m_copied, m_position - m_copied).append(kLineEnd);
         m_copied = m_position;
+        notePlace();
+    }
+
+    void notePlace() {
+        if (m_places)
+            m_places->add(m_copied, m_folded.size());
     }
 
     std::string_view m_text;
+    PlaceMap *m_places;
     std::string m_folded;
     std::size_t m_position = 0;
     std::size_t m_copied = 0;
@@ -96,8 +106,8 @@ private:
 
 } // namespace
 
-std::optional<std::string> foldLines(std::string_view text, const Progress &progress) {
-    Folder folder(text);
+std::optional<std::string> foldLines(std::string_view text, const Progress &progress, PlaceMap *places) {
+    Folder folder(text, places);
     Reporter reporter(progress, text.size());
     while (!folder.atEnd()) {
         if (!reporter.goOn(folder.position()))

@@ -11,11 +11,21 @@ namespace {
 
 constexpr std::size_t kLongestUncompiled = 2;
 
+/// Where each step put a document's characters; null where nobody asks.
+using Steps = std::vector<PlaceMap>;
+
+PlaceMap *newStep(Steps *steps) {
+    return steps ? &steps->emplace_back() : nullptr;
+}
+
 /// The document as the calculator shows it: without the quotes around it, those
 /// inside as apostrophes, and with a line end.
-std::string openedText(std::string_view text) {
-    if (text.starts_with('"'))
+std::string openedText(std::string_view text, PlaceMap *places) {
+    if (text.starts_with('"')) {
         text.remove_prefix(1);
+        if (places)
+            places->add(1, 0);
+    }
     if (text.ends_with('"'))
         text.remove_suffix(1);
     std::string opened;
@@ -46,6 +56,17 @@ Preview cancelled() {
     return preview;
 }
 
+/// The first two phases.
+std::optional<StyledPictures> foldedAndStyled(std::string_view text, PreviewFlavour flavour,
+                                              const PreviewProgress &progress, Steps *steps = nullptr) {
+    std::optional<std::string> lines = openedText(text, newStep(steps));
+    if (flavour != PreviewFlavour::Normal)
+        lines = foldLines(*lines, progressOfPhase(progress, 1), newStep(steps));
+    if (!lines)
+        return std::nullopt;
+    return compileStylesAndPictures(*lines, progressOfPhase(progress, 2), progress.picture, newStep(steps));
+}
+
 } // namespace
 
 std::string phaseLabel(int phase) {
@@ -60,16 +81,9 @@ std::string phaseLabel(int phase, std::size_t position, std::size_t length) {
 Preview compilePreview(std::string_view text, PreviewFlavour flavour, const PreviewProgress &progress) {
     if (text.size() <= kLongestUncompiled)
         return uncompiled(text);
-    std::optional<std::string> lines = openedText(text);
-    if (flavour != PreviewFlavour::Normal)
-        lines = foldLines(*lines, progressOfPhase(progress, 1));
-    if (!lines)
-        return cancelled();
-    auto compiled = compileStylesAndPictures(*lines, progressOfPhase(progress, 2), progress.picture);
+    auto compiled = foldedAndStyled(text, flavour, progress);
     if (!compiled)
         return cancelled();
-    // As long as the document; its memory serves the rich text.
-    lines.reset();
     auto rich = richTextOf(compiled->text, std::move(compiled->drawn), progressOfPhase(progress, 3));
     if (!rich)
         return cancelled();
@@ -77,6 +91,25 @@ Preview compilePreview(std::string_view text, PreviewFlavour flavour, const Prev
     if (!entries)
         return cancelled();
     return {std::move(*rich), std::move(compiled->text), std::move(*entries), false};
+}
+
+std::optional<CompiledScreen> compileScreen(std::string_view text, const Progress &progress) {
+    CompiledScreen screen;
+    if (text.size() <= kLongestUncompiled) {
+        screen.text.append(text, Style::Plain);
+    } else {
+        const auto inPhase = [&progress](int, std::size_t position, std::size_t length) {
+            return goOn(progress, position, length);
+        };
+        auto compiled = foldedAndStyled(text, PreviewFlavour::Hp48, {inPhase, progress}, &screen.places);
+        auto entries = compiled ? menuEntries(compiled->text.characters, progress) : std::nullopt;
+        if (!entries)
+            return std::nullopt;
+        screen.text = std::move(compiled->text);
+        screen.entries = std::move(*entries);
+    }
+    screen.lines = screenLines(screen.text);
+    return screen;
 }
 
 } // namespace zolt

@@ -3,10 +3,13 @@
 #include "core/progress.h"
 #include "graphic/rich_text.h"
 #include "hp48/menu_entries.h"
+#include "hp48/place_map.h"
+#include "hp48/screen.h"
 #include "hp48/styled_text.h"
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,5 +52,20 @@ struct Preview {
 /// become apostrophes, and a line end is added. A text of two characters or fewer
 /// stays as it is.
 Preview compilePreview(std::string_view text, PreviewFlavour flavour, const PreviewProgress &progress = {});
+
+/// A document on the calculator's screen, and where its characters went.
+struct CompiledScreen {
+    StyledText text;
+    /// Those of `text`.
+    std::vector<ScreenLine> lines;
+    std::vector<MenuEntry> entries;
+    /// From the document to `text.characters`.
+    std::vector<PlaceMap> places;
+};
+
+/// Compiles a document as compilePreview() does for the calculator's screen, for those
+/// who draw it dot by dot. No value when `progress` asked to stop; what it is told differs
+/// from step to step.
+std::optional<CompiledScreen> compileScreen(std::string_view text, const Progress &progress = {});
 
 } // namespace zolt

@@ -50,8 +50,8 @@ struct Coded {
 /// Puts the codes of the styles into a rich text.
 class StyleCoder {
 public:
-    StyleCoder(const RichText &text, const Progress &progress)
-        : m_text(text), m_total(lengthOf(text)), m_report(progress, m_total) {
+    StyleCoder(const RichText &text, const Progress &progress, PlaceMap &places)
+        : m_text(text), m_places(places), m_total(lengthOf(text)), m_report(progress, m_total) {
         for (const std::string &font : text.fonts)
             m_letters.push_back(letterOfFont(font));
         m_coded.text.reserve(m_total);
@@ -71,6 +71,7 @@ public:
 private:
     bool append(const Run &run) {
         goTo(m_letters[run.format.font]);
+        m_places.add(m_done, m_coded.text.size());
         if (const auto *picture = std::get_if<RichPicture>(&run.content)) {
             m_coded.pictures.push_back({m_coded.text.size(), picture});
             ++m_done;
@@ -84,6 +85,7 @@ private:
 
     void endLine() {
         goTo(kNoStyle);
+        m_places.add(m_done, m_coded.text.size());
         m_coded.text += kLineEnd;
         m_done += kLineEnd.size();
     }
@@ -99,6 +101,7 @@ private:
     }
 
     const RichText &m_text;
+    PlaceMap &m_places;
     std::size_t m_total;
     Reporter m_report;
     std::vector<char> m_letters; // by font
@@ -116,7 +119,7 @@ std::string cellsOf(const RichPicture &picture, const PictureReader &read, const
 
 /// The coded text with cells for its pictures, each behind a line end of its own.
 std::optional<std::string> withCells(const Coded &coded, const PictureReader &read,
-                                     const SourceProgress &progress) {
+                                     const SourceProgress &progress, PlaceMap &places) {
     Reporter report(progress.text, coded.text.size());
     bool stopped = false;
     const Progress dots = [&](std::size_t step, std::size_t total) {
@@ -133,12 +136,25 @@ std::optional<std::string> withCells(const Coded &coded, const PictureReader &re
         if (progress.image && !progress.image(i + 1))
             return std::nullopt;
         text += cellsOf(*picture, read, dots);
+        places.add(done, text.size());
         if (stopped || !goOn(progress.text, done, coded.text.size()))
             return std::nullopt;
     }
     text.append(coded.text, done);
     return goOn(progress.text, coded.text.size(), coded.text.size()) ? std::optional(std::move(text))
                                                                      : std::nullopt;
+}
+
+/// The text with its codes and cells, and no quotes yet.
+std::optional<PlacedSource> coded(const RichText &text, const PictureReader &read,
+                                  const SourceProgress &progress) {
+    PlacedSource placed{{}, std::vector<PlaceMap>(2)};
+    const std::optional<Coded> codes = StyleCoder(text, progress.styles, placed.places[0]).code();
+    auto source = codes ? withCells(*codes, read, progress, placed.places[1]) : std::nullopt;
+    if (!source)
+        return std::nullopt;
+    placed.source = std::move(*source);
+    return placed;
 }
 
 /// A text with nothing to see is a string of the calculator too.
@@ -159,17 +175,25 @@ std::string exchangeMarks(std::string text, char from, char to) {
 
 std::optional<std::string> compileSource(const RichText &text, SourceKind kind, const PictureReader &read,
                                          const SourceProgress &progress) {
-    std::optional<Coded> coded = StyleCoder(text, progress.styles).code();
-    if (!coded)
-        return std::nullopt;
-    std::optional<std::string> source = withCells(*coded, read, progress);
-    coded.reset();
-    if (!source || (progress.finish && !progress.finish()))
+    auto placed = coded(text, read, progress);
+    if (!placed || (progress.finish && !progress.finish()))
         return std::nullopt;
     if (kind != SourceKind::Normal)
-        source =
-            optimiseImages(*source, kind == SourceKind::Total ? Optimisation::Total : Optimisation::Partial);
-    return quotedSource(std::move(*source));
+        placed->source = optimiseImages(placed->source, kind == SourceKind::Total ? Optimisation::Total
+                                                                                  : Optimisation::Partial);
+    return quotedSource(std::move(placed->source));
+}
+
+std::optional<PlacedSource> compilePlacedSource(const RichText &text, const PictureReader &read,
+                                                const SourceProgress &progress) {
+    auto placed = coded(text, read, progress);
+    if (!placed || (progress.finish && !progress.finish()))
+        return std::nullopt;
+    const bool opens = placed->source.starts_with(kQuote);
+    placed->source = quotedSource(std::move(placed->source));
+    if (!opens && placed->source.starts_with(kQuote))
+        placed->places.emplace_back().add(0, 1);
+    return placed;
 }
 
 std::string withStyleMarks(std::string source) {

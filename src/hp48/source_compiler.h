@@ -2,12 +2,14 @@
 
 #include "core/progress.h"
 #include "graphic/rich_text.h"
+#include "hp48/place_map.h"
 #include "images/dot_surface.h"
 
 #include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zolt {
 
@@ -45,6 +47,15 @@ struct SourceProgress {
 /// stays open. Nothing if the progress asked to stop.
 std::optional<std::string> compileSource(const RichText &text, SourceKind kind, const PictureReader &read,
                                          const SourceProgress &progress = {});
+
+/// A Normal compilation, and the steps from the text to it. Places in the text count a
+/// line end as two characters and a picture as one.
+struct PlacedSource {
+    std::string source;
+    std::vector<PlaceMap> places;
+};
+std::optional<PlacedSource> compilePlacedSource(const RichText &text, const PictureReader &read,
+                                                const SourceProgress &progress = {});
 
 /// A compiled text as the calculator takes it: kStyleMark for kRichTextStyleMark in
 /// front of a style's letter.

@@ -13,8 +13,12 @@ namespace {
 
 class Compiler {
 public:
-    Compiler(std::string_view text, const Progress &pictureProgress)
-        : m_text(text), m_marks(text), m_ends(text.size()), m_pictureProgress(pictureProgress) {
+    Compiler(std::string_view text, const Progress &pictureProgress, PlaceMap *places)
+        : m_text(text),
+          m_marks(text),
+          m_ends(text.size()),
+          m_pictureProgress(pictureProgress),
+          m_places(places) {
         m_result.text.characters.reserve(text.size());
     }
 
@@ -80,7 +84,7 @@ private:
             return false;
         m_result.drawn.push_back(std::move(*drawn));
         m_result.text.pictures.push_back(std::move(block));
-        m_result.text.append({&kPicturePlace, 1}, styleHere());
+        append({&kPicturePlace, 1});
         m_at = end;
         return true;
     }
@@ -97,8 +101,15 @@ private:
 
     void copyUpTo(std::size_t end) {
         const std::size_t length = end - m_at.position;
-        m_result.text.append(m_text.substr(m_at.position, length), styleHere());
+        append(m_text.substr(m_at.position, length));
         m_at = m_marks.advance(m_at, length);
+    }
+
+    /// Adds what stands for the characters at the position.
+    void append(std::string_view characters) {
+        if (m_places)
+            m_places->add(m_at.position, m_result.text.characters.size());
+        m_result.text.append(characters, styleHere());
     }
 
     Style styleHere() {
@@ -111,6 +122,7 @@ private:
     StyleMarks m_marks;
     KnownEnds m_ends;
     const Progress &m_pictureProgress;
+    PlaceMap *m_places;
     StyleMarks::Place m_at;
     std::vector<OpenRun> m_openRuns;
     StyledPictures m_result;
@@ -119,8 +131,8 @@ private:
 } // namespace
 
 std::optional<StyledPictures> compileStylesAndPictures(std::string_view text, const Progress &progress,
-                                                       const Progress &pictureProgress) {
-    Compiler compiler(text, pictureProgress);
+                                                       const Progress &pictureProgress, PlaceMap *places) {
+    Compiler compiler(text, pictureProgress, places);
     Reporter reporter(progress, text.size());
     while (!compiler.atEnd())
         if (!reporter.goOn(compiler.position()) || !compiler.compileNext())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/progress.h"
+#include "hp48/place_map.h"
 #include "hp48/styled_text.h"
 
 #include <optional>
@@ -22,8 +23,10 @@ struct StyledPictures {
 /// kStyleCodes, so that a code whose turn has passed stays as two characters.
 /// Blocks of picture cells become pictures. `progress` counts the characters of the
 /// text, `pictureProgress` those of the picture in work. No value when one of the
-/// two asked to stop.
+/// two asked to stop. `places`, if given, gets where the text's characters stand in the
+/// compiled one.
 std::optional<StyledPictures> compileStylesAndPictures(std::string_view text, const Progress &progress = {},
-                                                       const Progress &pictureProgress = {});
+                                                       const Progress &pictureProgress = {},
+                                                       PlaceMap *places = nullptr);
 
 } // namespace zolt
