@@ -22,6 +22,7 @@ RichText RtfReader::read() {
         if (!m_reporter.goOn(m_tokens.position()))
             return {};
         handle(token);
+        m_previous = token.kind;
         const bool closed = m_states.size() == 1 && token.kind == RtfToken::Kind::GroupEnd;
         if (closed)
             break;
@@ -61,7 +62,6 @@ void RtfReader::handle(const RtfToken &token) {
 
 void RtfReader::startGroup() {
     m_fallbackLeft = 0;
-    m_optional = false;
     if (m_states.size() == kDeepestGroup)
         ++m_deeper;
     else
@@ -70,7 +70,6 @@ void RtfReader::startGroup() {
 
 void RtfReader::endGroup() {
     m_fallbackLeft = 0;
-    m_optional = false;
     if (m_deeper > 0) {
         --m_deeper;
         return;
@@ -93,7 +92,7 @@ void RtfReader::leave(const RtfState &inner) {
 }
 
 void RtfReader::word(const RtfToken &token) {
-    const bool optional = std::exchange(m_optional, false);
+    const Star star = m_previous == RtfToken::Kind::Symbol ? m_star : Star::None;
     if (skipping())
         return;
     if (const auto found = specialCharacters().find(token.text); found != specialCharacters().end()) {
@@ -103,16 +102,18 @@ void RtfReader::word(const RtfToken &token) {
     m_fallbackLeft = 0;
     if (const auto found = destinations().find(token.text); found != destinations().end())
         enter(found->second);
-    else if (optional)
-        enter(RtfDestination::Skip);
-    else if (const auto handler = words().find(token.text); handler != words().end())
+    else if (const auto handler = words().find(token.text);
+             handler != words().end() && star != Star::BehindBrace)
         handler->second(*this, token);
+    else if (star != Star::None)
+        enter(RtfDestination::Skip);
 }
 
 void RtfReader::symbol(const RtfToken &token) {
+    m_star = Star::None;
     switch (token.text.front()) {
     case '*':
-        m_optional = true;
+        m_star = m_previous == RtfToken::Kind::GroupStart ? Star::BehindBrace : Star::InText;
         break;
     case '\\':
     case '{':

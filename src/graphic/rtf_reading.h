@@ -71,6 +71,8 @@ public:
 
 private:
     using Handler = void (*)(RtfReader &, const RtfToken &);
+    /// Where the \* in front of a word stands.
+    enum class Star { None, BehindBrace, InText };
 
     void handle(const RtfToken &token);
     void startGroup();
@@ -121,8 +123,9 @@ private:
     std::size_t m_deeper = 0;
     int m_defaultFont = 0;
     int m_documentCodePage = kWindowsCodePage;
-    /// The next word stands behind \*.
-    bool m_optional = false;
+    /// What stood in front of the token that is handled.
+    RtfToken::Kind m_previous = RtfToken::Kind::End;
+    Star m_star = Star::None;
     /// Characters still to drop behind \u.
     int m_fallbackLeft = 0;
     bool m_cellEnded = false;

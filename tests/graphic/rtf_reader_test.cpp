@@ -154,6 +154,12 @@ TEST(RtfReader, DropsWhatStandsBehindAUnicodeCharacterForOldPrograms) {
     });
 }
 
+TEST(RtfReader, SkipsBehindAStarOnlyWhatItDoesNotKnow) {
+    EXPECT_EQ(describe(richTextFromRtf("{\\rtf1 a\\*\\b b{\\*\\i x}\\*c\\zz d{e\\*\\zz x}\\*\\~\\zz f}")),
+              "[a] ZOLT 12\n[bcde\xA0"
+              "f] ZOLT 12 bold\n");
+}
+
 TEST(RtfReader, EndsLinesWhereAReaderSeesThemEnd) {
     expectTexts({
         {"{\\rtf1 a\\par b\\line c\\\r\nd\\par}", "a\r\nb\r\nc\r\nd"},
