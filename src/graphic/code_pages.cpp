@@ -116,14 +116,47 @@ char32_t characterOfByte(int codePage, unsigned char byte) {
     return 0;
 }
 
+const char *converterOf(int codePage) {
+    struct Entry {
+        int codePage;
+        const char *name;
+    };
+    static constexpr Entry kEntries[] = {
+        {737, "CP737"},        {775, "CP775"},          {852, "CP852"},
+        {855, "CP855"},        {857, "CP857"},          {858, "CP858"},
+        {860, "CP860"},        {861, "CP861"},          {862, "CP862"},
+        {863, "CP863"},        {864, "CP864"},          {865, "CP865"},
+        {866, "CP866"},        {869, "CP869"},          {874, "CP874"},
+        {932, "CP932"},        {936, "CP936"},          {949, "CP949"},
+        {950, "CP950"},        {1255, "CP1255"},        {1256, "CP1256"},
+        {1257, "CP1257"},      {1258, "CP1258"},        {1361, "JOHAB"},
+        {10000, "MACINTOSH"},  {10007, "MAC-CYRILLIC"}, {10029, "MAC-CENTRALEUROPE"},
+        {20866, "KOI8-R"},     {21866, "KOI8-U"},       {28592, "ISO-8859-2"},
+        {28595, "ISO-8859-5"}, {28597, "ISO-8859-7"},   {28605, "ISO-8859-15"},
+    };
+    for (const Entry &entry : kEntries) {
+        if (entry.codePage == codePage)
+            return entry.name;
+    }
+    return nullptr;
+}
+
+int readableCodePage(int codePage) {
+    const bool known =
+        codePage == kUtf8CodePage || converterOf(codePage) || characterOfByte(codePage, 0xC4) != 0;
+    return known ? codePage : kWindowsCodePage;
+}
+
 int codePageOfCharset(int charset, int documentCodePage) {
     struct Entry {
         int charset;
         int codePage;
     };
     static constexpr Entry kEntries[] = {
-        {0, 1252},   {2, 1252},   {77, 10000}, {128, 932},  {129, 949},  {134, 936}, {136, 950},
-        {161, 1253}, {162, 1254}, {186, 1257}, {204, 1251}, {238, 1250}, {254, 437}, {255, 850},
+        {0, 1252},   {2, 1252},   {77, 10000}, {78, 932},   {79, 949},   {80, 936},   {81, 950},
+        {88, 10029}, {89, 10007}, {128, 932},  {129, 949},  {130, 1361}, {134, 936},  {136, 950},
+        {161, 1253}, {162, 1254}, {163, 1258}, {177, 1255}, {178, 1256}, {186, 1257}, {204, 1251},
+        {222, 874},  {238, 1250}, {254, 437},  {255, 850},
     };
     for (const Entry &entry : kEntries) {
         if (entry.charset == charset)

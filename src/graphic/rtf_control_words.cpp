@@ -12,6 +12,7 @@ const std::unordered_map<std::string_view, RtfReader::Handler> &RtfReader::words
         {"ansi", [](R r, T) { r.setDocumentCodePage(kWindowsCodePage); }},
         {"pc", [](R r, T) { r.setDocumentCodePage(437); }},
         {"pca", [](R r, T) { r.setDocumentCodePage(850); }},
+        {"mac", [](R r, T) { r.setDocumentCodePage(kMacRomanCodePage); }},
         {"ansicpg", [](R r, T t) { r.setDocumentCodePage(t.parameterOr(kWindowsCodePage)); }},
         {"deff", [](R r, T t) { r.setFont(r.m_defaultFont = t.parameterOr(0)); }},
         {"uc", [](R r, T t) { r.state().fallbackLength = std::clamp(t.parameterOr(1), 0, 255); }},

@@ -27,6 +27,7 @@ RichText RtfReader::read() {
         if (closed)
             break;
     }
+    endBegunCharacter();
     RichText &text = m_builder.text();
     if (m_builder.paragraphIsEmpty() && text.paragraphs.size() > 1)
         text.paragraphs.pop_back();
@@ -184,7 +185,7 @@ void RtfReader::finishPicture() {
     if (!picture || state().hidden)
         return;
     m_preferredPictureRead = true;
-    separateCells();
+    startContent();
     m_builder.append(std::move(*picture), format());
 }
 
@@ -238,15 +239,23 @@ void RtfReader::unicode(int value) {
 }
 
 void RtfReader::appendText(std::string_view bytes) {
+    if (state().hidden)
+        return;
     const bool isAscii = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
-    if (isAscii || state().fontKind == FontKind::Calculator)
+    if ((isAscii && m_begun.empty()) || state().fontKind == FontKind::Calculator)
         return append(bytes);
-    const RtfTranslations::Table &table = m_translations.of(state().codePage);
-    std::string translated;
-    translated.reserve(bytes.size());
-    for (const char c : bytes)
-        translated += table[static_cast<unsigned char>(c)];
-    append(translated);
+    if (m_begunCodePage != state().codePage)
+        endBegunCharacter();
+    m_begunCodePage = state().codePage;
+    std::string begun = std::exchange(m_begun, {});
+    append(m_translations.of(m_begunCodePage).translate(bytes, begun));
+    m_begun = std::move(begun);
+}
+
+/// A character whose last bytes are missing.
+void RtfReader::endBegunCharacter() {
+    if (!std::exchange(m_begun, {}).empty())
+        append("?");
 }
 
 void RtfReader::appendCharacter(char32_t character) {
@@ -275,7 +284,7 @@ void RtfReader::appendSoftHyphen() {
 void RtfReader::append(std::string_view bytes) {
     if (state().hidden || bytes.empty())
         return;
-    separateCells();
+    startContent();
     if (bytes.front() == '\n' && m_builder.takeBack('\r'))
         m_builder.endParagraph();
     else
@@ -285,7 +294,7 @@ void RtfReader::append(std::string_view bytes) {
 void RtfReader::endParagraph() {
     if (state().destination != RtfDestination::Text || state().hidden)
         return;
-    separateCells();
+    startContent();
     m_builder.endParagraph();
 }
 
@@ -298,15 +307,21 @@ void RtfReader::endLineIfBegun() {
 void RtfReader::endCell() {
     if (state().destination != RtfDestination::Text)
         return;
-    separateCells();
+    startContent();
     m_cellEnded = true;
 }
 
 void RtfReader::endRow() {
     if (state().destination != RtfDestination::Text)
         return;
+    endBegunCharacter();
     m_cellEnded = false;
     m_builder.endParagraph();
+}
+
+void RtfReader::startContent() {
+    endBegunCharacter();
+    separateCells();
 }
 
 void RtfReader::separateCells() {
@@ -332,7 +347,7 @@ void RtfReader::setFont(int number) {
 }
 
 void RtfReader::setDocumentCodePage(int codePage) {
-    m_documentCodePage = codePage;
+    m_documentCodePage = readableCodePage(codePage);
     setFont(state().font);
 }
 

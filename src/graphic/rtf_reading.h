@@ -91,6 +91,8 @@ private:
     void appendCharacter(char32_t character);
     void appendSoftHyphen();
     void append(std::string_view bytes);
+    void endBegunCharacter();
+    void startContent();
     void endParagraph();
     void endLineIfBegun();
     void endCell();
@@ -126,6 +128,9 @@ private:
     /// What stood in front of the token that is handled.
     RtfToken::Kind m_previous = RtfToken::Kind::End;
     Star m_star = Star::None;
+    /// The first bytes of a character of several bytes, and their code page.
+    std::string m_begun;
+    int m_begunCodePage = kWindowsCodePage;
     /// Characters still to drop behind \u.
     int m_fallbackLeft = 0;
     bool m_cellEnded = false;

@@ -58,7 +58,8 @@ int RtfFontTable::codePage(int number, int documentCodePage) const {
     if (found == m_entries.end())
         return documentCodePage;
     const Entry &entry = found->second;
-    return entry.codePage != 0 ? entry.codePage : codePageOfCharset(entry.charset, documentCodePage);
+    return entry.codePage != 0 ? readableCodePage(entry.codePage)
+                               : codePageOfCharset(entry.charset, documentCodePage);
 }
 
 std::vector<std::string> RtfFontTable::takeNames() {
@@ -84,19 +85,48 @@ Colour RtfColourTable::colour(int number) const {
     return number >= 0 && index < m_colours.size() ? m_colours[index] : kWindowText;
 }
 
-const RtfTranslations::Table &RtfTranslations::of(int codePage) {
-    const auto [found, isNew] = m_tables.try_emplace(codePage);
-    if (isNew) {
-        for (unsigned code = 0; code < 256; ++code) {
-            const auto byte = static_cast<unsigned char>(code);
-            const char32_t character = code < 128 ? 0 : characterOfByte(codePage, byte);
-            if (character != 0)
-                found->second[code] = bytesInFont(FontKind::Foreign, character);
-            else
-                found->second[code] = code < 128 ? static_cast<char>(byte) : '?';
-        }
+RtfTranslation::RtfTranslation(int codePage) : m_decoder(codePage) {
+    for (unsigned code = 0; code < 256; ++code) {
+        const auto byte = static_cast<char>(code);
+        m_lengths[code] = static_cast<std::uint8_t>(m_decoder.length(static_cast<unsigned char>(code)));
+        const char32_t character = code < 128 || m_lengths[code] > 1 ? 0 : m_decoder.character({&byte, 1});
+        if (character != 0)
+            m_singles[code] = bytesInFont(FontKind::Foreign, character);
+        else
+            m_singles[code] = code < 128 ? byte : '?';
     }
-    return found->second;
+}
+
+std::string RtfTranslation::translate(std::string_view bytes, std::string &begun) {
+    std::string translated;
+    translated.reserve(bytes.size());
+    for (const char byte : bytes)
+        append(byte, begun, translated);
+    return translated;
+}
+
+/// A sequence that is broken off, or that makes no character with an ASCII one at its
+/// end, is one character that there isn't, and what follows stands for itself.
+void RtfTranslation::append(char byte, std::string &begun, std::string &out) {
+    const auto code = static_cast<unsigned char>(byte);
+    if (!begun.empty() && m_decoder.mayFollow(code)) {
+        begun += byte;
+        if (begun.size() < m_lengths[static_cast<unsigned char>(begun.front())])
+            return;
+        const char32_t character = m_decoder.character(begun);
+        begun.clear();
+        out += character != 0 ? bytesInFont(FontKind::Foreign, character) : "?";
+        if (character == 0 && code < 128)
+            out += byte;
+        return;
+    }
+    if (!begun.empty())
+        out += '?';
+    begun.clear();
+    if (m_lengths[code] > 1)
+        begun = byte;
+    else
+        out += m_singles[code];
 }
 
 } // namespace zolt

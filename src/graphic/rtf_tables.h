@@ -1,10 +1,12 @@
 #pragma once
 
+#include "graphic/code_page_decoder.h"
 #include "graphic/code_pages.h"
 #include "graphic/font_characters.h"
 #include "graphic/rich_text.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -67,16 +69,32 @@ private:
     std::vector<Colour> m_colours;
 };
 
-/// How the bytes of a code page are to be stored in a foreign font.
-class RtfTranslations {
+/// How the characters of a code page are to be stored in a foreign font.
+class RtfTranslation {
 public:
-    /// What each byte becomes.
-    using Table = std::array<std::string, 256>;
+    explicit RtfTranslation(int codePage);
 
-    const Table &of(int codePage);
+    /// What bytes become that stand behind those of `begun`, and "?" for each character
+    /// that there isn't. The first bytes of a character whose others are still to come
+    /// are left in `begun`.
+    std::string translate(std::string_view bytes, std::string &begun);
 
 private:
-    std::unordered_map<int, Table> m_tables;
+    void append(char byte, std::string &begun, std::string &out);
+
+    CodePageDecoder m_decoder;
+    /// What each byte becomes that is a character; of others only the length counts.
+    std::array<std::string, 256> m_singles;
+    std::array<std::uint8_t, 256> m_lengths{};
+};
+
+/// The translations that a text needs, by code page.
+class RtfTranslations {
+public:
+    RtfTranslation &of(int codePage) { return m_pages.try_emplace(codePage, codePage).first->second; }
+
+private:
+    std::unordered_map<int, RtfTranslation> m_pages;
 };
 
 } // namespace zolt

@@ -120,7 +120,24 @@ TEST(RtfReader, TranslatesCharactersByCodePage) {
         {"{\\rtf1{\\fonttbl{\\f0\\fcharset161 Arial Greek;}}\\deff0\\plain \\'e1}", "\x8C"},
         {"{\\rtf1\\u945 ?\\u960\\'3f}", "\x8C\x87"},
         {"{\\rtf1 a\\'4", "a4"},
-        {"{\\rtf1\\ansicpg932 \\'83\\'41a}", "?Aa"},
+        {"{\\rtf1\\ansicpg932 \\'83\\'41a}", "?a"},
+        {"{\\rtf1\\mac \\'8e\\'b9\\'c9}", "\xE9\x87..."},
+        {"{\\rtf1\\ansicpg1257 \\'e0\\'b8}", "a\xF8"},
+        {"{\\rtf1\\ansicpg4711 \\'e9}", "\xE9"},
+        {"{\\rtf1{\\fonttbl\\f0\\fcharset163 A;\\f1\\fcharset177 B;\\f2\\fcharset178 C;\\f3\\fcharset222 D;}"
+         "\\f0\\'d0\\'e2\\f1\\'aa\\f2\\'aa\\f3\\'a1\\'93}",
+         "D\xE2\xD7??\""},
+        // One sign a character, whatever its bytes are and wherever they part.
+        {"{\\rtf1\\ansicpg932 \\'83\\'bf\\'b1\\'88\\'9f\\'83\\'5c\\'83\\\\\\'81\\'80a}", "\x8C????\xF7"
+                                                                                         "a"},
+        {"{\\rtf1\\ansicpg936 \\'a6\\'c1\\'c4\\'e3}", "\x8C?"},
+        {"{\\rtf1\\ansicpg949 \\'a5\\'e1\\'81A}", "\x8C?"},
+        {"{\\rtf1\\ansicpg950 \\'a3\\'5c\\'a4\\'40}", "\x8C?"},
+        {"{\\rtf1\\ansicpg932{\\b\\'83}{\\i\\'bf}\\'83 \\'83\\par\\'83{\\v\\'bf}\\'bf\\'83}",
+         "\x8C? ?\r\n\x8C?"},
+        {"{\\rtf1\\ansicpg65001 \\'ce\\'b1\xE2\x80\x9C\\'e2\\'82x\xE2\x82\xAC\xF0\x9F\x98\x80\x80}",
+         "\x8C\"?xEUR??"},
+        {"{\\rtf1\\ansicpg932\\uc2\\u945\\'83\\'bf\\u945\\'83\\'bf}", "\x8C\x8C"},
         // Signs that the calculator lacks become the nearest ones.
         {"{\\rtf1\\emdash\\endash\\bullet\\lquote\\rquote\\ldblquote\\rdblquote\\~\\_\\-\\emspace\\tab x}",
          "--\xB7''\"\"\xA0- \tx"},
