@@ -38,6 +38,17 @@ TEST(Charset, TakesTheNearestSignsForWhatTheCalculatorLacks) {
         {U"x\u2074 H\u2082 \u215B \uFB01", "x^4 H2 1/8 fi"},
         {U"\u2248\u27E8\u2A7D\u27F6", "~<\x89\x8D"},
         {U"\u250C\u2500\u253C\u2502\uFF21\uFF5E", "+-+|A~"},
+        {U"\u2000\u2007\u205F\u3000\u2028|\u2060\u061C\uFE0F\u0301\U000E0101|", "     ||"},
+        {U"\uFE58\uFE63\u2043\u05BE\u301C\u2E3A", "----~--"},
+        {U"\u201B\u2033\u2034\u2057\u02BC\u301D\u300C\u00AB\u300A", "'\"''''''''\"'\xAB\xAB"},
+        {U"\uFB00\uFB03\uFB06\u01C4\u0132", "ffffistDZIJ"},
+        {U"\u2102\u210F\u211D\u2113\u2121\u2163\u2179\u2464\u2776", "ChRlTELIVx(5)(1)"},
+        {U"\U0001D400\U0001D44E\U0001D6FC\U0001D7D7", "Aa\x8C"
+                                                      "9"},
+        {U"\u21A6\u21D0\u21D1\u27F5\u27F7\u2B07\u21E8\uFFE9", "\x8D<=\x90\x8E<->\x8F\x8D\x8E"},
+        {U"\u1EA5\u1EAD\u01A1\u1E9E\u01CE\u03AC\u1F60\u03CE", "\xE2\xE2o\xDF"
+                                                              "a\x8C\x9A\x9A"}, // less the accent
+        {U"\u2605\u2713\u27A2\u25AA\u2610", "*\x83\x86\xB7[ ]"},
         {U"\u4E2D\u0416\U0001F600", "???"},
     };
     for (const auto &c : cases) {
