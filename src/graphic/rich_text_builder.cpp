@@ -23,6 +23,12 @@ void RichTextBuilder::append(RichPicture picture, const CharFormat &format) {
     m_text.paragraphs.back().runs.push_back({format, std::move(picture)});
 }
 
+void RichTextBuilder::replacePicture(RichPicture picture) {
+    std::vector<Run> &runs = m_text.paragraphs.back().runs;
+    if (!runs.empty() && std::holds_alternative<RichPicture>(runs.back().content))
+        runs.back().content = std::move(picture);
+}
+
 void RichTextBuilder::endParagraph() {
     m_text.paragraphs.emplace_back();
 }

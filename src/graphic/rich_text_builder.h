@@ -13,6 +13,8 @@ public:
     /// Characters with no line end in them.
     void append(std::string_view characters, const CharFormat &format);
     void append(RichPicture picture, const CharFormat &format);
+    /// Puts this picture in the place of the last one, if that stands at the end.
+    void replacePicture(RichPicture picture);
     /// Ends the paragraph and begins the next one.
     void endParagraph();
 

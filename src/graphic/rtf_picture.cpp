@@ -12,6 +12,9 @@ using namespace std::string_view_literals;
 constexpr int kTwipsAPixel = 15;
 /// Larger sizes are noise: this is the side of 32767 dots of 30 twips, and more.
 constexpr std::int64_t kLargestTwips = 1 << 20;
+constexpr std::int64_t kTwipsAnInch = 1440;
+/// Metafiles are measured in hundredths of a millimetre.
+constexpr std::int64_t kHundredthsAnInch = 2540;
 
 constexpr std::string_view kPngSignature = "\x89PNG\r\n\x1A\n";
 constexpr std::string_view kJpegSignature = "\xFF\xD8";
@@ -112,6 +115,9 @@ void appendLittle32(std::string &out, std::size_t value) {
         out += static_cast<char>(value >> shift & 255);
 }
 
+/// What a metafile begins with that tells its size.
+constexpr std::uint32_t kPlaceable = 0x9AC6CDD7;
+
 /// Where the DIB begins in a metafile record that draws one.
 struct DibRecord {
     std::uint32_t function;
@@ -126,14 +132,65 @@ constexpr std::array<DibRecord, 4> kDibRecords{{
     {0x0940, kRecordHeader + 16}, // DIBBitBlt
 }};
 
-std::int32_t shownSize(int goal, int natural, std::int64_t fromFile, bool metafile, int scale) {
-    std::int64_t twips = goal;
-    if (twips <= 0)
-        twips = metafile ? std::int64_t{natural} * 1440 / 2540 : std::int64_t{natural} * kTwipsAPixel;
-    if (twips <= 0)
-        twips = fromFile * kTwipsAPixel;
+/// One side of a picture in twips, as \picwgoal, \picw and the picture itself tell it;
+/// 0 for what isn't told.
+struct Side {
+    std::int64_t goal;
+    std::int64_t natural;
+    std::int64_t fromFile;
+};
+
+std::int32_t shownSize(Side side, int scale) {
+    std::int64_t twips = kTwipsAnInch;
+    for (const std::int64_t told : {side.fromFile, side.natural, side.goal}) {
+        if (told > 0)
+            twips = told;
+    }
     twips = std::min(twips, kLargestTwips) * std::clamp(scale, 1, 10000) / 100;
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(twips, 1, kLargestTwips));
+}
+
+std::optional<RichPicture::Kind> metafileKind(RtfPicture::Kind kind) {
+    switch (kind) {
+    case RtfPicture::Kind::Wmf:
+        return RichPicture::Kind::Wmf;
+    case RtfPicture::Kind::Emf:
+        return RichPicture::Kind::Emf;
+    case RtfPicture::Kind::MacPict:
+        return RichPicture::Kind::MacPict;
+    default:
+        return std::nullopt;
+    }
+}
+
+PictureSize sizeInUnits(std::int64_t width, std::int64_t height, std::int64_t unitsAnInch) {
+    const auto twips = [unitsAnInch](std::int64_t units) {
+        return static_cast<std::int32_t>(
+            std::clamp<std::int64_t>(units * kTwipsAnInch / unitsAnInch, 0, kLargestTwips));
+    };
+    return {twips(width), twips(height)};
+}
+
+/// A metafile that draws no more than a picture is that picture.
+RichPicture fromMetafile(RichPicture::Kind kind, std::string bytes) {
+    if (kind == RichPicture::Kind::Wmf) {
+        if (std::string bmp = bmpFromDib(dibInMetafile(bytes)); !bmp.empty())
+            return {RichPicture::Kind::Bmp, std::move(bmp)};
+    }
+    return {kind, std::move(bytes)};
+}
+
+/// The picture without its size.
+RichPicture decoded(RtfPicture &picture) {
+    if (picture.kind == RtfPicture::Kind::Dib)
+        return {RichPicture::Kind::Bmp, bmpFromDib(picture.bytes)};
+    if (picture.bytes.starts_with(kPngSignature))
+        return {RichPicture::Kind::Png, std::move(picture.bytes)};
+    if (picture.bytes.starts_with(kJpegSignature))
+        return {RichPicture::Kind::Jpeg, std::move(picture.bytes)};
+    if (const auto kind = metafileKind(picture.kind))
+        return fromMetafile(*kind, std::move(picture.bytes));
+    return {};
 }
 
 } // namespace
@@ -179,8 +236,7 @@ std::string bmpFromDib(std::string_view dib) {
 
 std::string_view dibInMetafile(std::string_view metafile) {
     const Bytes bytes(metafile);
-    const bool placeable = bytes.little32(0) == 0x9AC6CDD7;
-    std::size_t at = placeable ? 22 : 0;
+    std::size_t at = bytes.little32(0) == kPlaceable ? 22 : 0;
     at += std::size_t{bytes.little16(at + 2)} * 2;
     while (at + kRecordHeader <= metafile.size()) {
         const std::size_t size = std::size_t{bytes.little32(at)} * 2;
@@ -197,23 +253,37 @@ std::string_view dibInMetafile(std::string_view metafile) {
     return {};
 }
 
+PictureSize metafileSize(std::string_view metafile) {
+    const Bytes bytes(metafile);
+    const auto between = [](std::uint32_t from, std::uint32_t to) {
+        return static_cast<std::int32_t>(to - from);
+    };
+    const bool enhanced = bytes.little32(0) == 1 && bytes.little32(40) == 0x464D4520;
+    if (enhanced)
+        return sizeInUnits(between(bytes.little32(24), bytes.little32(32)),
+                           between(bytes.little32(28), bytes.little32(36)), kHundredthsAnInch);
+    const std::uint32_t unitsAnInch = bytes.little16(14);
+    if (bytes.little32(0) != kPlaceable || unitsAnInch == 0)
+        return {};
+    const auto edge = [&bytes](std::size_t at) { return static_cast<std::int16_t>(bytes.little16(at)); };
+    return sizeInUnits(edge(10) - edge(6), edge(12) - edge(8), unitsAnInch);
+}
+
 std::optional<RichPicture> richPicture(RtfPicture picture) {
-    const bool metafile = picture.kind == RtfPicture::Kind::Metafile;
-    RichPicture result;
-    if (metafile || picture.kind == RtfPicture::Kind::Dib) {
-        result.kind = RichPicture::Kind::Bmp;
-        result.bytes = bmpFromDib(metafile ? dibInMetafile(picture.bytes) : std::string_view(picture.bytes));
-    } else if (picture.bytes.starts_with(kPngSignature)) {
-        result.bytes = std::move(picture.bytes);
-    } else if (picture.bytes.starts_with(kJpegSignature)) {
-        result.kind = RichPicture::Kind::Jpeg;
-        result.bytes = std::move(picture.bytes);
-    }
+    const bool inPixels = picture.kind != RtfPicture::Kind::Wmf && picture.kind != RtfPicture::Kind::Emf;
+    const auto twips = [inPixels](std::int64_t natural) {
+        return inPixels ? natural * kTwipsAPixel : natural * kTwipsAnInch / kHundredthsAnInch;
+    };
+    RichPicture result = decoded(picture);
     if (result.bytes.empty())
         return std::nullopt;
-    const PictureSize pixels = pictureSize(result.bytes);
-    result.width = shownSize(picture.goalWidth, picture.width, pixels.width, metafile, picture.scaleX);
-    result.height = shownSize(picture.goalHeight, picture.height, pixels.height, metafile, picture.scaleY);
+    PictureSize own = metafileSize(result.bytes);
+    if (!isMetafile(result.kind)) {
+        const PictureSize pixels = pictureSize(result.bytes);
+        own = {pixels.width * kTwipsAPixel, pixels.height * kTwipsAPixel};
+    }
+    result.width = shownSize({picture.goalWidth, twips(picture.width), own.width}, picture.scaleX);
+    result.height = shownSize({picture.goalHeight, twips(picture.height), own.height}, picture.scaleY);
     return result;
 }
 

@@ -28,6 +28,10 @@ std::string dibFromBmp(std::string_view file);
 /// the dots aren't all there.
 std::string bmpFromDib(std::string_view dib);
 
+/// The size in twips that the header of a metafile gives; 0 by 0 when it gives none.
+/// Sources: Microsoft's [MS-WMF] for placeable ones, and [MS-EMF].
+PictureSize metafileSize(std::string_view metafile);
+
 /// The picture that a Windows metafile draws, where that is all it does: the DIB in
 /// its first record that stretches or sets one. Empty without one.
 /// Source: Microsoft's [MS-WMF].
@@ -35,7 +39,7 @@ std::string_view dibInMetafile(std::string_view metafile);
 
 /// What a \pict group of RTF says.
 struct RtfPicture {
-    enum class Kind { Unknown, Png, Jpeg, Dib, Metafile };
+    enum class Kind { Unknown, Png, Jpeg, Dib, Wmf, Emf, MacPict };
     Kind kind = Kind::Unknown;
     std::string bytes;
     /// \picw and \pich: pixels, for a metafile hundredths of a millimetre.
@@ -49,7 +53,8 @@ struct RtfPicture {
     int scaleY = 100;
 };
 
-/// The picture of a \pict group; none when its bytes aren't what the group says.
+/// The picture of a \pict group; none when its bytes aren't what the group says. Any
+/// bytes may be a metafile: it has a frame's size, if it tells none a square inch.
 std::optional<RichPicture> richPicture(RtfPicture picture);
 
 } // namespace zolt

@@ -3,7 +3,6 @@
 #include "core/document.h"
 #include "graphic/rtf_reading.h"
 
-#include <optional>
 #include <utility>
 
 namespace zolt {
@@ -145,13 +144,11 @@ void RtfReader::symbol(const RtfToken &token) {
 void RtfReader::enter(RtfDestination destination) {
     switch (destination) {
     case RtfDestination::PreferredPicture:
-        m_preferredPictureRead = false;
+        m_preferred.reset();
+        state().picturePlace = RtfPicturePlace::Preferred;
         return;
     case RtfDestination::OtherPicture:
-        if (!std::exchange(m_preferredPictureRead, false))
-            return;
-        destination = RtfDestination::Skip;
-        break;
+        return enterOtherPicture();
     case RtfDestination::Picture:
         if (!takesShapePicture())
             destination = RtfDestination::Skip;
@@ -176,6 +173,16 @@ bool RtfReader::takesShapePicture() const {
            (around == RtfDestination::ShapePropertyValue && m_shapeProperty == "pib");
 }
 
+void RtfReader::enterOtherPicture() {
+    const std::optional<RichPicture::Kind> preferred = std::exchange(m_preferred, std::nullopt);
+    if (!preferred)
+        state().picturePlace = RtfPicturePlace::Other;
+    else if (isMetafile(*preferred))
+        state().picturePlace = RtfPicturePlace::OtherForFrame;
+    else
+        state().destination = RtfDestination::Skip;
+}
+
 void RtfReader::finishPicture() {
     if (state().destination == RtfDestination::ShapePropertyValue) {
         m_picture.goalWidth = m_shape.width();
@@ -184,7 +191,13 @@ void RtfReader::finishPicture() {
     std::optional<RichPicture> picture = richPicture(std::exchange(m_picture, {}));
     if (!picture || state().hidden)
         return;
-    m_preferredPictureRead = true;
+    if (state().picturePlace == RtfPicturePlace::OtherForFrame) {
+        if (!isMetafile(picture->kind))
+            m_builder.replacePicture(std::move(*picture));
+        return;
+    }
+    if (state().picturePlace == RtfPicturePlace::Preferred)
+        m_preferred = picture->kind;
     startContent();
     m_builder.append(std::move(*picture), format());
 }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -32,6 +33,10 @@ enum class RtfDestination {
     OtherPicture,
 };
 
+/// The places that \shppict and \nonshppict give to a picture; the second one counts
+/// where the first could not be read, or only as a frame.
+enum class RtfPicturePlace { Only, Preferred, Other, OtherForFrame };
+
 struct RtfState {
     RtfDestination destination = RtfDestination::Text;
     int font = 0;
@@ -40,6 +45,7 @@ struct RtfState {
     /// How many characters stand behind \u for programs without Unicode.
     int fallbackLength = 1;
     bool hidden = false;
+    RtfPicturePlace picturePlace = RtfPicturePlace::Only;
     CharFormat format{.font = 0, .halfPoints = 24};
 };
 
@@ -85,6 +91,7 @@ private:
     void unicode(int value);
     void enter(RtfDestination destination);
     bool takesShapePicture() const;
+    void enterOtherPicture();
     void finishPicture();
 
     void appendText(std::string_view bytes);
@@ -137,7 +144,8 @@ private:
 
     RtfPicture m_picture;
     int m_highDigit = -1;
-    bool m_preferredPictureRead = false;
+    /// The picture of the last \shppict.
+    std::optional<RichPicture::Kind> m_preferred;
     RtfShapeEdges m_shape;
     std::string m_shapeProperty;
 };

@@ -19,6 +19,21 @@ constexpr std::string_view kHex = "0123456789abcdef";
 /// Bytes of a picture on one line of the source.
 constexpr std::size_t kBytesALine = 64;
 
+/// By RichPicture::Kind. A metafile's number says that it fits itself to its place.
+constexpr std::array<std::string_view, 6> kPictureWords{"\\pngblip",    "\\jpegblip", "\\dibitmap0",
+                                                        "\\wmetafile8", "\\emfblip",  "\\macpict"};
+
+/// \picw and \pich: hundredths of a millimetre for Windows' metafiles, else pixels.
+PictureSize writtenSize(const RichPicture &picture) {
+    if (!isMetafile(picture.kind))
+        return pictureSize(picture.bytes);
+    const bool inPixels = picture.kind == RichPicture::Kind::MacPict;
+    const auto units = [inPixels](std::int64_t twips) {
+        return static_cast<std::int32_t>(inPixels ? twips / 15 : twips * 2540 / 1440);
+    };
+    return {units(picture.width), units(picture.height)};
+}
+
 bool isSystemColour(Colour colour) {
     return (colour & 0x80000000) != 0;
 }
@@ -235,25 +250,16 @@ bool RtfWriter::writeCharacters(std::string_view characters, FontKind kind) {
 }
 
 bool RtfWriter::writePicture(const RichPicture &picture) {
-    const PictureSize pixels = pictureSize(picture.bytes);
-    m_out += "{\\pict";
+    const PictureSize size = writtenSize(picture);
+    (m_out += "{\\pict") += kPictureWords[static_cast<std::size_t>(picture.kind)];
     std::string_view bytes = picture.bytes;
     std::string dib;
-    switch (picture.kind) {
-    case RichPicture::Kind::Png:
-        m_out += "\\pngblip";
-        break;
-    case RichPicture::Kind::Jpeg:
-        m_out += "\\jpegblip";
-        break;
-    case RichPicture::Kind::Bmp:
-        m_out += "\\dibitmap0";
+    if (picture.kind == RichPicture::Kind::Bmp) {
         dib = dibFromBmp(picture.bytes);
         bytes = dib;
-        break;
     }
-    number("\\picw", pixels.width);
-    number("\\pich", pixels.height);
+    number("\\picw", size.width);
+    number("\\pich", size.height);
     number("\\picwgoal", picture.width);
     number("\\pichgoal", picture.height);
     for (std::size_t i = 0; i < bytes.size(); i += kBytesALine) {

@@ -74,6 +74,10 @@ RichPicture samplePicture(RichPicture::Kind kind) {
                 135};
     case RichPicture::Kind::Bmp:
         return {kind, bmpFile(20, 12), 20 * 30, 12 * 30};
+    case RichPicture::Kind::Wmf:
+    case RichPicture::Kind::Emf:
+    case RichPicture::Kind::MacPict:
+        return {kind, "a drawing", 300, 601};
     }
     return {};
 }
@@ -109,7 +113,7 @@ RichText randomRichText(std::mt19937 &random) {
         if (what < 3)
             builder.endParagraph();
         else if (what < 5)
-            builder.append(samplePicture(static_cast<RichPicture::Kind>(below(random, 3))), format);
+            builder.append(samplePicture(static_cast<RichPicture::Kind>(below(random, 6))), format);
         else
             builder.append(randomCharacters(random), format);
     }

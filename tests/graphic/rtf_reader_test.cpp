@@ -206,6 +206,11 @@ TEST(RtfReader, ReadsPicturesOfEveryKindOnce) {
                                  "0c0014000000000018002800"
                                  "00000000" +
                                  dib + "030000000000";
+    const std::string drawing = bytesOfHex("0100090000030000000000000000000000000300000000000000");
+    const std::string placeable = bytesOfHex("d7cdc69a0000f6ff0000ea01e803e803000000000000");
+    std::string enhanced(44, '\0');
+    enhanced[0] = 1;
+    enhanced.replace(24, 20, bytesOfHex("0100000000000000ed090000fe00000020454d46"));
     struct Case {
         const char *what;
         std::string group;
@@ -240,6 +245,20 @@ TEST(RtfReader, ReadsPicturesOfEveryKindOnce) {
          "\\pichgoal15 " +
              dib + "}}}",
          {RichPicture::Kind::Bmp, bmp, 15, 15}},
+        // Drawings: kept, in their size by the group, else by the file, else an inch.
+        {"wmf",
+         "{\\pict\\wmetafile8\\picw2540\\pich1270\\picscaley50 " + hexOf(drawing) + "}",
+         {RichPicture::Kind::Wmf, drawing, 1440, 360}},
+        {"placeable wmf",
+         "{\\pict\\wmetafile8 " + hexOf(placeable + drawing) + "}",
+         {RichPicture::Kind::Wmf, placeable + drawing, 720, 1440}},
+        {"emf",
+         "{\\*\\shppict{\\pict\\emfblip " + hexOf(enhanced) + "}}{\\nonshppict{\\pict\\wmetafile8 00}}",
+         {RichPicture::Kind::Emf, enhanced, 1440, 144}},
+        {"macpict",
+         "{\\pict\\macpict\\picw10\\pich20 1101}",
+         {RichPicture::Kind::MacPict, "\x11\x01", 150, 300}},
+        {"no size", "{\\pict\\emfblip 01}", {RichPicture::Kind::Emf, "\x01", 1440, 1440}},
     };
     for (const Case &c : cases) {
         const std::vector<RichPicture> pictures = picturesOf("{\\rtf1 a" + c.group + "b}");
@@ -260,7 +279,7 @@ TEST(RtfReader, DropsPicturesThatDoNotHoldTogether) {
     for (const std::string &group :
          {std::string("\\pngblip 00112233"), std::string("\\dibitmap0 28000000"),
           "\\dibitmap0 " + hexOf(huge), "\\dibitmap0 " + hexOf(bmpFile(20, 12).substr(14, 90)),
-          std::string("\\wmetafile8 0100090000030000"), std::string("\\jpegblip"),
+          std::string("\\wmetafile8\\picwgoal9"), std::string("\\jpegblip"),
           std::string("\\bin2000000000 abc")})
         EXPECT_EQ(textOf("{\\rtf1 a{\\pict" + group + "}}"), "a") << group;
 }

@@ -56,6 +56,22 @@ TEST(RichTextBoxPictures, LetAColouredGroundShineThroughTheirWhite) {
     EXPECT_EQ(shown.box.TextRTF(), rtf);
 }
 
+TEST(RichTextBoxPictures, ShowADrawingAsAFrameOfItsSize) {
+    ShownBox shown;
+    shown.box.setTextRTF("{\\rtf1{\\pict\\wmetafile8\\picwgoal300\\pichgoal150 010009}}");
+    shown.box.setReadOnly(true);
+    shown.box.clearFocus();
+    const QImage shot = grab(shown.box);
+    for (int y = 0; y < 12; ++y) {
+        for (int x = 0; x < 22; ++x) {
+            const bool frame = x < 20 && y < 10 && (x == 0 || x == 19 || y == 0 || y == 9);
+            ASSERT_EQ(shot.pixelColor(2 + x, 2 + y) != QColor(Qt::white), frame) << x << " " << y;
+        }
+    }
+    EXPECT_NE(shown.box.TextRTF().find("\\wmetafile8\\picw529\\pich264\\picwgoal300\\pichgoal150\r\n010009}"),
+              std::string::npos);
+}
+
 TEST(RichTextBoxColours, TheSystemsTextCanBeReadOnAnyGround) {
     ASSERT_TRUE(loadFonts(installedDataFolder() + "/fonts"));
     QPalette dark;
