@@ -41,9 +41,12 @@ const std::unordered_map<std::string_view, RtfReader::Handler> &RtfReader::words
         {"strike", [](R r, T t) { r.format().strikeThru = isOn(t); }},
         {"striked", [](R r, T t) { r.format().strikeThru = isOn(t); }},
         {"v", [](R r, T t) { r.state().hidden = isOn(t); }},
+        {"deleted", [](R r, T t) { r.state().deleted = isOn(t); }},
+        {"field", [](R r, T) { r.state().symbolGiven = false; }},
 
         {"par", [](R r, T) { r.endParagraph(); }},
         {"line", [](R r, T) { r.endParagraph(); }},
+        {"lbr", [](R r, T) { r.endParagraph(); }},
         {"sect", [](R r, T) { r.endLineIfBegun(); }},
         {"page", [](R r, T) { r.endLineIfBegun(); }},
         {"column", [](R r, T) { r.endLineIfBegun(); }},
@@ -90,6 +93,9 @@ const std::unordered_map<std::string_view, RtfDestination> &RtfReader::destinati
         {"nonshppict", RtfDestination::OtherPicture},
         {"shpinst", RtfDestination::Shape},
         {"shptxt", RtfDestination::Text},
+        // The shapes of older programs.
+        {"do", RtfDestination::Shape},
+        {"dptxbxtext", RtfDestination::Text},
         {"sn", RtfDestination::ShapePropertyName},
         {"sv", RtfDestination::ShapePropertyValue},
         // The shape again, for programs that draw no shapes.
@@ -106,7 +112,17 @@ const std::unordered_map<std::string_view, RtfDestination> &RtfReader::destinati
         {"footerf", RtfDestination::Skip},
         {"footnote", RtfDestination::Skip},
         {"annotation", RtfDestination::Skip},
-        {"fldinst", RtfDestination::Skip},
+        {"fldinst", RtfDestination::FieldInstruction},
+        {"fldrslt", RtfDestination::FieldResult},
+        {"upr", RtfDestination::Alternatives},
+        {"ud", RtfDestination::UnicodeAlternative},
+        // A row's end in a table within a table, and a line end for programs without those.
+        {"nesttableprops", RtfDestination::Text},
+        {"nonesttables", RtfDestination::Skip},
+        // What stands around the numbers of a list, which are written as text too.
+        {"pntxta", RtfDestination::Skip},
+        {"pntxtb", RtfDestination::Skip},
+        {"generator", RtfDestination::Skip},
         {"filetbl", RtfDestination::Skip},
         {"revtbl", RtfDestination::Skip},
         {"listtable", RtfDestination::Skip},

@@ -1,8 +1,10 @@
 #include "graphic/rtf_reader.h"
 
+#include "core/charset.h"
 #include "core/document.h"
 #include "graphic/rtf_reading.h"
 
+#include <charconv>
 #include <utility>
 
 namespace zolt {
@@ -13,6 +15,22 @@ namespace {
 /// braces takes no memory.
 constexpr std::size_t kDeepestGroup = 4096;
 constexpr std::size_t kLongestPropertyName = 32;
+/// What is kept of a field's instruction: enough for the name of one that is a character.
+constexpr std::size_t kLongestInstruction = 32;
+
+/// The character of an instruction like SYMBOL 183 \f "Symbol": a byte of code page 1252,
+/// or a Unicode character. 0 for all others.
+char32_t symbolOf(std::string_view instruction) {
+    constexpr std::string_view kName = "SYMBOL ";
+    instruction.remove_prefix(std::min(instruction.find_first_not_of(' '), instruction.size()));
+    if (!instruction.starts_with(kName))
+        return 0;
+    instruction.remove_prefix(kName.size());
+    instruction.remove_prefix(std::min(instruction.find_first_not_of(' '), instruction.size()));
+    std::uint16_t number = 0;
+    std::from_chars(instruction.data(), instruction.data() + instruction.size(), number);
+    return number < 256 ? windowsCharacter(static_cast<unsigned char>(number)) : number;
+}
 
 } // namespace
 
@@ -85,6 +103,8 @@ void RtfReader::endGroup() {
 void RtfReader::leave(const RtfState &inner) {
     if (inner.destination == RtfDestination::Picture) {
         finishPicture();
+    } else if (inner.destination == RtfDestination::FieldInstruction) {
+        finishInstruction();
     } else if (inner.destination == RtfDestination::FontTable) {
         m_fonts.endEntry();
         setFont(state().font);
@@ -149,6 +169,22 @@ void RtfReader::enter(RtfDestination destination) {
         return;
     case RtfDestination::OtherPicture:
         return enterOtherPicture();
+    case RtfDestination::Alternatives:
+        if (state().destination != RtfDestination::Text)
+            return;
+        break;
+    case RtfDestination::UnicodeAlternative:
+        destination =
+            state().destination == RtfDestination::Alternatives ? RtfDestination::Text : RtfDestination::Skip;
+        break;
+    case RtfDestination::FieldInstruction:
+        m_instruction.clear();
+        break;
+    case RtfDestination::FieldResult:
+        if (!state().symbolGiven)
+            return;
+        destination = RtfDestination::Skip;
+        break;
     case RtfDestination::Picture:
         if (!takesShapePicture())
             destination = RtfDestination::Skip;
@@ -189,7 +225,7 @@ void RtfReader::finishPicture() {
         m_picture.goalHeight = m_shape.height();
     }
     std::optional<RichPicture> picture = richPicture(std::exchange(m_picture, {}));
-    if (!picture || state().hidden)
+    if (!picture || !isVisible())
         return;
     if (state().picturePlace == RtfPicturePlace::OtherForFrame) {
         if (!isMetafile(picture->kind))
@@ -200,6 +236,14 @@ void RtfReader::finishPicture() {
         m_preferred = picture->kind;
     startContent();
     m_builder.append(std::move(*picture), format());
+}
+
+/// An instruction stands beside its result in the group of their field.
+void RtfReader::finishInstruction() {
+    const char32_t character = symbolOf(m_instruction);
+    state().symbolGiven = character != 0;
+    if (character != 0)
+        appendCharacter(character);
 }
 
 void RtfReader::characters(std::string_view bytes) {
@@ -223,6 +267,10 @@ void RtfReader::characters(std::string_view bytes) {
         if (m_shapeProperty.size() < kLongestPropertyName)
             m_shapeProperty += bytes.substr(0, kLongestPropertyName);
         return;
+    case RtfDestination::FieldInstruction:
+        if (m_instruction.size() < kLongestInstruction)
+            m_instruction += bytes.substr(0, kLongestInstruction);
+        return;
     default:
         return;
     }
@@ -242,108 +290,9 @@ void RtfReader::hexDigits(std::string_view digits) {
     }
 }
 
-/// Characters beyond 65535 come as two values; the first of them shows nothing.
-void RtfReader::unicode(int value) {
-    const char32_t unit = static_cast<std::uint16_t>(value);
-    const bool firstOfTwo = unit >= 0xD800 && unit < 0xDC00;
-    if (!firstOfTwo)
-        appendCharacter(unit);
-    m_fallbackLeft = state().fallbackLength;
-}
-
-void RtfReader::appendText(std::string_view bytes) {
-    if (state().hidden)
-        return;
-    const bool isAscii = std::all_of(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) == 0; });
-    if ((isAscii && m_begun.empty()) || state().fontKind == FontKind::Calculator)
-        return append(bytes);
-    if (m_begunCodePage != state().codePage)
-        endBegunCharacter();
-    m_begunCodePage = state().codePage;
-    std::string begun = std::exchange(m_begun, {});
-    append(m_translations.of(m_begunCodePage).translate(bytes, begun));
-    m_begun = std::move(begun);
-}
-
-/// A character whose last bytes are missing.
-void RtfReader::endBegunCharacter() {
-    if (!std::exchange(m_begun, {}).empty())
-        append("?");
-}
-
-void RtfReader::appendCharacter(char32_t character) {
-    if (m_fallbackLeft > 0) {
-        --m_fallbackLeft;
-        return;
-    }
-    if (state().destination == RtfDestination::FontTable) {
-        // Names are held as bytes of Latin 1.
-        const char byte = character < 256 ? static_cast<char>(character) : '?';
-        m_fonts.appendToName({&byte, 1});
-    } else if (state().destination == RtfDestination::Text) {
-        append(bytesInFont(state().fontKind, character));
-    }
-}
-
-/// Word processors show it only where a line ends, the calculator's fonts always.
-void RtfReader::appendSoftHyphen() {
-    if (state().fontKind == FontKind::Calculator)
-        appendCharacter(U'\u00AD');
-    else if (m_fallbackLeft > 0)
-        --m_fallbackLeft;
-}
-
-/// A CR and the LF behind it end a line, however they were written.
-void RtfReader::append(std::string_view bytes) {
-    if (state().hidden || bytes.empty())
-        return;
-    startContent();
-    if (bytes.front() == '\n' && m_builder.takeBack('\r'))
-        m_builder.endParagraph();
-    else
-        m_builder.append(bytes, format());
-}
-
-void RtfReader::endParagraph() {
-    if (state().destination != RtfDestination::Text || state().hidden)
-        return;
-    startContent();
-    m_builder.endParagraph();
-}
-
-void RtfReader::endLineIfBegun() {
-    if (!m_builder.paragraphIsEmpty())
-        endParagraph();
-}
-
-/// A cell's end becomes a tab once another cell follows.
-void RtfReader::endCell() {
-    if (state().destination != RtfDestination::Text)
-        return;
-    startContent();
-    m_cellEnded = true;
-}
-
-void RtfReader::endRow() {
-    if (state().destination != RtfDestination::Text)
-        return;
-    endBegunCharacter();
-    m_cellEnded = false;
-    m_builder.endParagraph();
-}
-
-void RtfReader::startContent() {
-    endBegunCharacter();
-    separateCells();
-}
-
-void RtfReader::separateCells() {
-    if (std::exchange(m_cellEnded, false))
-        m_builder.append("\t", format());
-}
-
 void RtfReader::setPlain() {
     state().hidden = false;
+    state().deleted = false;
     format() = RtfState{}.format;
     setFont(m_defaultFont);
 }

@@ -7,11 +7,13 @@
 
 namespace zolt {
 
-/// The rich text in an RTF source, as WordPad, Word, LibreOffice or rtfFromRichText
-/// write it: characters, fonts, sizes, colours, the four attributes and pictures
-/// that are PNG, JPEG or a DIB (bare or in a metafile). Everything else is skipped:
-/// styles, headers and footers, notes, hidden text, what programs keep for
-/// themselves.
+/// The rich text in an RTF source, as WordPad, Word, LibreOffice, TextEdit or
+/// rtfFromRichText write it: characters, fonts, sizes, colours, the four attributes and
+/// pictures that are PNG, JPEG, a DIB (bare or in a metafile) or, as a frame, a metafile.
+/// The numbers and bullets of lists are text, and so are the results of fields and the
+/// text of boxes, where they are anchored. Left out are headers and footers, foot- and
+/// endnotes, comments, hidden text and what tracked changes delete, entries for indexes,
+/// formulas (but for their picture), styles and what programs keep for themselves.
 ///
 /// In the calculator's fonts a byte is a character as it stands; in others characters
 /// become bytes as bytesInFont() says, from the font's code page or Unicode. A \par at the very end ends the

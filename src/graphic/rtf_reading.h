@@ -31,6 +31,11 @@ enum class RtfDestination {
     /// A picture, and behind it the same picture for programs that can't read it.
     PreferredPicture,
     OtherPicture,
+    /// A text in the document's code page, and behind it the same in Unicode.
+    Alternatives,
+    UnicodeAlternative,
+    FieldInstruction,
+    FieldResult,
 };
 
 /// The places that \shppict and \nonshppict give to a picture; the second one counts
@@ -45,6 +50,10 @@ struct RtfState {
     /// How many characters stand behind \u for programs without Unicode.
     int fallbackLength = 1;
     bool hidden = false;
+    /// Struck out by somebody who keeps track of changes.
+    bool deleted = false;
+    /// The field's instruction has given the character that its result repeats.
+    bool symbolGiven = false;
     RtfPicturePlace picturePlace = RtfPicturePlace::Only;
     CharFormat format{.font = 0, .halfPoints = 24};
 };
@@ -93,6 +102,7 @@ private:
     bool takesShapePicture() const;
     void enterOtherPicture();
     void finishPicture();
+    void finishInstruction();
 
     void appendText(std::string_view bytes);
     void appendCharacter(char32_t character);
@@ -113,7 +123,11 @@ private:
 
     RtfState &state() { return m_states.back(); }
     CharFormat &format() { return state().format; }
-    bool skipping() const { return m_states.back().destination == RtfDestination::Skip; }
+    bool skipping() const {
+        const RtfDestination destination = m_states.back().destination;
+        return destination == RtfDestination::Skip || destination == RtfDestination::FieldInstruction;
+    }
+    bool isVisible() const { return !m_states.back().hidden && !m_states.back().deleted; }
 
     static const std::unordered_map<std::string_view, Handler> &words();
     static const std::unordered_map<std::string_view, char32_t> &specialCharacters();
@@ -138,6 +152,8 @@ private:
     /// The first bytes of a character of several bytes, and their code page.
     std::string m_begun;
     int m_begunCodePage = kWindowsCodePage;
+    /// The first half of a character beyond 65535, 0 without one.
+    char32_t m_firstHalf = 0;
     /// Characters still to drop behind \u.
     int m_fallbackLeft = 0;
     bool m_cellEnded = false;
@@ -148,6 +164,7 @@ private:
     std::optional<RichPicture::Kind> m_preferred;
     RtfShapeEdges m_shape;
     std::string m_shapeProperty;
+    std::string m_instruction;
 };
 
 } // namespace zolt

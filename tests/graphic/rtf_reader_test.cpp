@@ -96,8 +96,8 @@ TEST(RtfReader, ReadsAFileInWordsManner) {
         "{\\upr{ansi}{\\*\\ud{unicode}}}{\\footnote \\pard note}\\par }");
     EXPECT_EQ(describe(text), "[bold\xA0text] ZOLTBold 10 12611584\n['s ] Times New Roman 12\n"
                               "[in] Times New Roman 12 italic\n[ner] Times New Roman 12\n"
-                              "[link] Times New Roman 12 underline\n[ansi] Times New Roman 12\n");
-    EXPECT_EQ(plainText(text), "bold\xA0text's innerlink\r\nansi");
+                              "[link] Times New Roman 12 underline\n[unicode] Times New Roman 12\n");
+    EXPECT_EQ(plainText(text), "bold\xA0text's innerlink\r\nunicode");
 }
 
 TEST(RtfReader, TakesTheColourTableBeforeTheFontTable) {
@@ -166,7 +166,7 @@ TEST(RtfReader, DropsWhatStandsBehindAUnicodeCharacterForOldPrograms) {
         {"{\\rtf1{\\uc0\\u233}\\u233?x}", "\xE9\xE9x"},
         {"{\\rtf1{\\uc2\\u233 a}x}", "\xE9x"},
         {"{\\rtf1\\u233\\par x}", "\xE9\r\nx"},
-        {"{\\rtf1\\u-10179?\\u-8704?x}", "?x"},
+        {"{\\rtf1\\u-10179?\\u-8704?x\\u55349?\\u56320?\\u119808?}", "?xAA"},
         {"{\\rtf1\\u-3913?x}", "\xB7x"},
     });
 }
@@ -175,6 +175,47 @@ TEST(RtfReader, SkipsBehindAStarOnlyWhatItDoesNotKnow) {
     EXPECT_EQ(describe(richTextFromRtf("{\\rtf1 a\\*\\b b{\\*\\i x}\\*c\\zz d{e\\*\\zz x}\\*\\~\\zz f}")),
               "[a] ZOLT 12\n[bcde\xA0"
               "f] ZOLT 12 bold\n");
+}
+
+TEST(RtfReader, KeepsEveryWordThatAWordProcessorShows) {
+    expectTexts({
+        // Lists: numbers and bullets are text, the parts they are made of aren't.
+        {"{\\rtf1{\\*\\listtable{\\list{\\listlevel{\\leveltext\\'02\\'00.;}}{\\listname ;}}}"
+         "{\\listtext\\pard\\plain 1.\\tab}first\\par{\\pntext\\'b7\\tab}{\\pn{\\pntxtb (}{\\pntxta "
+         ")}}second\\par}",
+         "1.\tfirst\r\n\xB7\tsecond"},
+        // Fields: the result, or the character that the instruction names.
+        {"{\\rtf1{\\field{\\*\\fldinst{ HYPERLINK \"http://x\" }{\\*\\datafield 00}}{\\fldrslt{\\ul link}}}"
+         "{\\field{\\*\\fldinst{SYMBOL 183 \\\\f \"Symbol\" \\\\s 10}}{\\fldrslt\\f3\\'b7}}"
+         "{\\field{\\*\\fldinst SYMBOL 945 \\\\u}{\\fldrslt}}"
+         "{\\field{\\fldinst FORMTEXT{\\*\\formfield{\\*\\ffname N}}}{\\fldrslt filled}}}",
+         "link\xB7\x8C"
+         "filled"},
+        // A table in a table's cell.
+        {"{\\rtf1\\trowd\\intbl outer\\par\\itap2 a\\nestcell "
+         "b\\nestcell{\\*\\nesttableprops\\trowd\\cellx9\\nestrow}"
+         "{\\nonesttables\\par}c\\nestcell{\\*\\nesttableprops\\nestrow}{\\nonesttables\\par}\\itap1 d\\cell "
+         "e\\cell\\row f}",
+         "outer\r\na\tb\r\nc\r\nd\te\r\nf"},
+        // Boxes, old and new, alone and in groups; once, though written twice.
+        {"{\\rtf1 a{\\shp{\\*\\shpinst\\shpleft0{\\sp{\\sn shapeType}{\\sv 202}}{\\shptxt\\pard box\\par}}"
+         "{\\shprslt{\\*\\do\\dptxbx{\\dptxbxtext box\\par}}}}b{\\*\\do\\dptxbx{\\dptxbxtext\\plain "
+         "old\\par}\\dpx0}"
+         "{\\shpgrp{\\*\\shpinst{\\shp{\\*\\shpinst{\\shptxt in group\\par}}}}}c}",
+         "abox\r\nbold\r\nin group\r\nc"},
+        {"{\\rtf1 a{\\upr{??}{\\*\\ud{\\uc0\\u945 }}}{\\*\\bkmkstart{\\upr{x}{\\*\\ud{y}}}}b"
+         "{\\object\\objemb{\\*\\objclass E}{\\*\\objdata 01}{\\result{\\pard c}}}{\\unknown d}\\lbr1 e}",
+         "a\x8C"
+         "bcd\r\ne"},
+        // Mac's line ends, HTML carried along.
+        {"{\\rtf1\\mac\\cocoartf2{\\*\\expandedcolortbl;;}\\uc0\\u8220 a\\u8221 \\\n{\\*\\htmltag64 <p>}b}",
+         "\"a\"\r\nb"},
+        // Left out: hidden, deleted, notes, comments, heads, entries.
+        {"{\\rtf1{\\generator G;}{\\headerl h}{\\footerf f}a\\v x\\v0 b{\\deleted x}\\deleted x\\plain "
+         "c{\\footnote x}"
+         "{\\*\\annotation x}{\\xe x}{\\tc x}\\deleted x{\\pict\\emfblip 00}\\par\\deleted0 d}",
+         "abcd"},
+    });
 }
 
 TEST(RtfReader, EndsLinesWhereAReaderSeesThemEnd) {
