@@ -15,6 +15,8 @@ namespace {
 /// braces takes no memory.
 constexpr std::size_t kDeepestGroup = 4096;
 constexpr std::size_t kLongestPropertyName = 32;
+/// The property that is the text of a drawn one.
+constexpr std::string_view kWordArt = "gtextUNICODE";
 /// What is kept of a field's instruction: enough for the name of one that is a character.
 constexpr std::size_t kLongestInstruction = 32;
 
@@ -169,6 +171,10 @@ void RtfReader::enter(RtfDestination destination) {
         return;
     case RtfDestination::OtherPicture:
         return enterOtherPicture();
+    case RtfDestination::ShapePropertyValue:
+        if (m_shapeProperty == kWordArt)
+            destination = RtfDestination::Text;
+        break;
     case RtfDestination::Alternatives:
         if (state().destination != RtfDestination::Text)
             return;

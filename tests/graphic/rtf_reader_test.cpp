@@ -201,8 +201,9 @@ TEST(RtfReader, KeepsEveryWordThatAWordProcessorShows) {
         {"{\\rtf1 a{\\shp{\\*\\shpinst\\shpleft0{\\sp{\\sn shapeType}{\\sv 202}}{\\shptxt\\pard box\\par}}"
          "{\\shprslt{\\*\\do\\dptxbx{\\dptxbxtext box\\par}}}}b{\\*\\do\\dptxbx{\\dptxbxtext\\plain "
          "old\\par}\\dpx0}"
-         "{\\shpgrp{\\*\\shpinst{\\shp{\\*\\shpinst{\\shptxt in group\\par}}}}}c}",
-         "abox\r\nbold\r\nin group\r\nc"},
+         "{\\shpgrp{\\*\\shpinst{\\shp{\\*\\shpinst{\\shptxt in group\\par}}}}}{\\shp{\\*\\shpinst{\\sp{\\sn "
+         "gtextUNICODE}{\\sv art}}{\\sp{\\sn gtextFont}{\\sv F}}}} c}",
+         "abox\r\nbold\r\nin group\r\nart c"},
         {"{\\rtf1 a{\\upr{??}{\\*\\ud{\\uc0\\u945 }}}{\\*\\bkmkstart{\\upr{x}{\\*\\ud{y}}}}b"
          "{\\object\\objemb{\\*\\objclass E}{\\*\\objdata 01}{\\result{\\pard c}}}{\\unknown d}\\lbr1 e}",
          "a\x8C"
