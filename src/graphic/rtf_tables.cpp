@@ -3,13 +3,14 @@
 #include "core/codes.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace zolt {
 
 namespace {
 
 constexpr std::size_t kLongestName = 256;
+/// More fonts or colours than any program writes: a source of nothing else takes no memory.
+constexpr std::size_t kMostEntries = 65535;
 
 } // namespace
 
@@ -29,7 +30,7 @@ void RtfFontTable::appendToName(std::string_view bytes) {
 }
 
 void RtfFontTable::endEntry() {
-    if (m_open && !m_name.empty() && m_names.size() < std::numeric_limits<std::uint16_t>::max()) {
+    if (m_open && !m_name.empty() && m_names.size() < kMostEntries && m_entries.size() < kMostEntries) {
         const auto next = static_cast<std::uint16_t>(m_names.size());
         const auto [found, isNew] = m_indices.try_emplace(m_name, next);
         if (isNew)
@@ -76,7 +77,8 @@ void RtfColourTable::setComponent(int value, int shift) {
 }
 
 void RtfColourTable::endEntry() {
-    m_colours.push_back(m_colour);
+    if (m_colours.size() < kMostEntries)
+        m_colours.push_back(m_colour);
     m_colour = kWindowText;
 }
 
