@@ -8,6 +8,9 @@ namespace zolt {
 
 namespace {
 
+/// So that a long line, or a picture on one, doesn't keep the windows waiting.
+constexpr std::size_t kLongestText = 4096;
+
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
@@ -104,7 +107,8 @@ RtfToken RtfTokenizer::hexByte() {
 
 RtfToken RtfTokenizer::text() {
     const std::size_t start = m_position;
-    while (!atEnd() && !endsText(peek()))
+    const std::size_t end = std::min(m_source.size(), start + kLongestText);
+    while (m_position < end && !endsText(peek()))
         ++m_position;
     return {RtfToken::Kind::Text, m_source.substr(start, m_position - start)};
 }

@@ -16,7 +16,8 @@ struct RtfToken {
         Symbol,
         /// A character as \'hh: its value is the parameter.
         Byte,
-        /// Characters that stand for themselves, line ends of the source left out.
+        /// Characters that stand for themselves, line ends of the source left out; a
+        /// long row of them comes in pieces.
         Text,
         /// The raw bytes behind \bin.
         Binary,

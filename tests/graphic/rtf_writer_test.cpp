@@ -83,6 +83,10 @@ TEST(RtfRoundTrip, EndsAtOnceWhenTheProgressSaysSo) {
     EXPECT_EQ(rtfFromRichText(text, stop), "");
     EXPECT_EQ(calls, 3);
 
+    calls = 0;
+    EXPECT_EQ(plainText(richTextFromRtf(rtf, stop)), "");
+    EXPECT_EQ(calls, 3);
+
     const std::string pieces = "{\\rtf1 " + std::string(50'000, '\n') + std::string(50'000, '{');
     calls = 0;
     EXPECT_EQ(plainText(richTextFromRtf(pieces, stop)), "");
