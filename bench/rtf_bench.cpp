@@ -29,6 +29,14 @@ RichText document(std::size_t bytes) {
     return std::move(builder.text());
 }
 
+/// As another program may write it: a run for every few bytes.
+std::string alternatingRtf(std::size_t bytes) {
+    std::string rtf = "{\\rtf1\\ansi ";
+    while (rtf.size() < bytes)
+        rtf += "\\b x\\b0 y";
+    return rtf + "}";
+}
+
 template <class Work> void measure(const char *what, std::size_t bytes, Work work) {
     QElapsedTimer timer;
     timer.start();
@@ -43,6 +51,8 @@ void measureAll(std::size_t bytes) {
     std::string rtf;
     measure("write RTF", bytes, [&] { rtf = rtfFromRichText(text); });
     measure("read RTF", rtf.size(), [&] { richTextFromRtf(rtf); });
+    const std::string alternating = alternatingRtf(bytes);
+    measure("read alternating formats", alternating.size(), [&] { richTextFromRtf(alternating); });
     for (const bool wraps : {false, true}) {
         std::printf("control that %s\n", wraps ? "wraps" : "doesn't wrap");
         RichTextBox box(wraps);
