@@ -1,7 +1,9 @@
-// Times of the preview's compiler for ordinary documents and for documents made of
-// one thing only, with 1 MB and 10 MB: the second may take twelve times the first.
+// Times of the preview's compiler and of the wrap at words for ordinary documents and
+// for documents made of one thing only, with 1 MB and 10 MB: the second may take
+// twelve times the first.
 
 #include "hp48/preview_compiler.h"
+#include "hp48/word_wrap.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -32,19 +34,27 @@ std::string documentOf(const Kind &kind, std::size_t bytes) {
 }
 
 /// Processor time, since other programs may run beside this one.
-double seconds(const std::string &document, PreviewFlavour flavour) {
+double seconds(const std::string &document, bool (*work)(const std::string &)) {
     double best = 1e9;
     for (int i = 0; i < 3; ++i) {
         // Each run takes its memory afresh, as the first preview of a session does.
         malloc_trim(0);
         const std::clock_t begin = std::clock();
-        const zolt::Preview preview = zolt::compilePreview(document, flavour);
+        const bool done = work(document);
         const double time = static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
-        if (preview.cancelled)
+        if (!done)
             return 0;
         best = std::min(best, time);
     }
     return best;
+}
+
+template <PreviewFlavour flavour> bool preview(const std::string &document) {
+    return !zolt::compilePreview(document, flavour).cancelled;
+}
+
+template <bool reflow> bool wrap(const std::string &document) {
+    return zolt::wrapAtWords(document, {.reflow = reflow}).has_value();
 }
 
 std::string ordinaryPage() {
@@ -130,13 +140,24 @@ int main() {
          "Dabcdefghijklmnopqrstuvw",
          {}},
         {"menu entries", "\r\n*Entrada", {}},
+        {"words", "palavra a palavra ", {}},
+        {"words that begin no line", "*palavra ", {}},
+    };
+    const struct {
+        const char *name;
+        bool (*run)(const std::string &);
+    } works[] = {
+        {"HP48", preview<PreviewFlavour::Hp48>},
+        {"Normal", preview<PreviewFlavour::Normal>},
+        {"Wrap", wrap<false>},
+        {"Reflow", wrap<true>},
     };
     std::printf("%-26s %12s %10s %10s %8s\n", "", "1 MB, ms", "10 MB, ms", "MB/s", "growth");
-    for (const auto flavour : {PreviewFlavour::Hp48, PreviewFlavour::Normal}) {
-        std::printf("%s\n", flavour == PreviewFlavour::Hp48 ? "HP48" : "Normal");
+    for (const auto &work : works) {
+        std::printf("%s\n", work.name);
         for (const Kind &kind : kinds) {
-            const double small = seconds(documentOf(kind, 1'000'000), flavour);
-            const double large = seconds(documentOf(kind, 10'000'000), flavour);
+            const double small = seconds(documentOf(kind, 1'000'000), work.run);
+            const double large = seconds(documentOf(kind, 10'000'000), work.run);
             std::printf("%-26s %12.1f %10.1f %10.1f %8.1f\n", kind.name, small * 1e3, large * 1e3, 10 / large,
                         large / small);
         }

@@ -15,6 +15,8 @@ public:
     explicit KnownEnds(std::size_t textSize) : m_textSize(textSize) {}
 
     bool has(std::size_t lineEnd) const { return lineEnd < m_known.size() && m_known[lineEnd]; }
+    /// The last position that any search has looked at.
+    std::size_t searchedTo() const { return m_searchedTo; }
 
     /// `searchedTo` is the last position that was looked at.
     void add(const std::vector<std::size_t> &lineEnds, std::size_t searchedTo) {

@@ -4,8 +4,9 @@ namespace zolt::cli {
 
 const std::vector<Command> &commands() {
     static const std::vector<Command> table{
-        checkCommand(),    hpCommand(),      compileCommand(), previewCommand(), countCommand(),
-        optimiseCommand(), symbolsCommand(), pdfCommand(),     htmlCommand(),    imageCommand(),
+        checkCommand(), hpCommand(),       compileCommand(), previewCommand(),
+        countCommand(), optimiseCommand(), wrapCommand(),    symbolsCommand(),
+        pdfCommand(),   htmlCommand(),     imageCommand(),
     };
     return table;
 }

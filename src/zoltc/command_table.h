@@ -15,5 +15,6 @@ Command optimiseCommand();
 Command pdfCommand();
 Command previewCommand();
 Command symbolsCommand();
+Command wrapCommand();
 
 } // namespace zolt::cli

@@ -70,6 +70,21 @@ TEST_F(DocumentCommands, OptimiseWritesADocumentAndCountPrintsFourLines) {
               "Words: 2\nCharacters (excl. spaces): 2\nCharacters (incl. spaces): 4\nParagraphs: 0\n");
 }
 
+TEST_F(DocumentCommands, WrapBreaksLinesAtWordsForAnyWidth) {
+    const std::string input = document("one two three\r\nfour\r\n");
+    EXPECT_EQ(zoltc({"wrap", input, "@out", "--columns", "8"}), 0);
+    EXPECT_EQ(get("out"), "one two \r\nthree\r\nfour\r\n");
+    EXPECT_EQ(zoltc({"wrap", "--columns=5", "@out", "@out"}), 0);
+    EXPECT_EQ(get("out"), "one \r\ntwo \r\nthree\r\nfour\r\n");
+    EXPECT_EQ(zoltc({"wrap", "--reflow", "@out", "-"}), 0);
+    EXPECT_EQ(m_output, "one two three\r\nfour\r\n");
+    for (const std::string columns : {"0", "34", "x", ""}) {
+        EXPECT_EQ(zoltc({"wrap", input, "@none", "--columns", columns}), 2);
+        EXPECT_EQ(m_errors, "zoltc: --columns: not a number from 1 to 33\n");
+    }
+    EXPECT_FALSE(exists("none"));
+}
+
 TEST_F(DocumentCommands, SayWhichFileCannotBeUsed) {
     EXPECT_EQ(zoltc({"hp", path("none"), path("Out")}), 2);
     EXPECT_EQ(m_errors, "zoltc: " + path("none") + ": No such file or directory\n");
