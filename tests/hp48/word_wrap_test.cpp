@@ -211,6 +211,7 @@ TEST(WordWrap, BreaksWhereTheCalculatorWouldCut) {
         {"a run goes on over a line end", "@U" + seven + seven + seven + seven + "seven77@U",
          "@U" + seven + seven + seven + seven + "\r\nseven77@U"},
         {"double size", "@Da wide title of words@D", "@Da wide title \r\nof words@D"},
+        {"the fold's own line end at a blank", "@Dthirteenchars@D next", "@Dthirteenchars@D next"},
         {"a menu entry", "\r\n*" + seven + seven + seven + seven + seven,
          "\r\n*" + seven + seven + seven + seven + seven},
         {"the first line is none", "*" + seven + seven + seven + seven + seven,
@@ -224,6 +225,12 @@ TEST(WordWrap, BreaksWhereTheCalculatorWouldCut) {
     };
     for (const auto &[about, document, wrapped] : cases)
         EXPECT_EQ(wrap(withMarks(document)), withMarks(wrapped)) << about;
+}
+
+TEST(WordWrap, JoinsNoLinesThatAreNotAWraps) {
+    for (const char *document : {"a\r\nb", "a \r\n b", "a \r\n\r\nb", "a \r\n*b", "\r\n*a \r\nb",
+                                 "#000001 \r\n#000001 \r\nb", "a \r\n#000001", "a @I\r\n@Bb@B@I"})
+        EXPECT_EQ(reflow(withMarks(document)), withMarks(document));
 }
 
 TEST(WordWrap, TakesTheLinesThatASelectionTouches) {
