@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace zolt {
 
@@ -8,12 +9,19 @@ namespace zolt {
 struct ExtraSettings {
     /// Whether texts that are thrown away on purpose can be had back for a while.
     bool keepsThrownAway = true;
+    /// Whether the live preview shows, below the document or beside it, and how high or
+    /// wide it is, in pixels; 0 for the size that it likes.
+    bool showsLivePreview = false;
+    bool livePreviewIsBelow = false;
+    int livePreviewSize = 0;
+    /// The documents that were opened or saved last, newest first, as file system bytes.
+    std::vector<std::string> recentFiles;
 
     bool operator==(const ExtraSettings &) const = default;
 };
 
-/// From a file of lines "Name=True" or "Name=False"; what is missing or unknown there is
-/// as in a new ExtraSettings. A failure to write gives its reason.
+/// From a file of lines "Name=Value"; what is missing, unknown or no value there is as in
+/// a new ExtraSettings. A failure to write gives its reason.
 ExtraSettings readExtraSettings(const std::string &path);
 std::string writeExtraSettings(const std::string &path, const ExtraSettings &settings);
 

@@ -29,6 +29,24 @@ void RichTextBuilder::replacePicture(RichPicture picture) {
         runs.back().content = std::move(picture);
 }
 
+void RichTextBuilder::append(const RichText &text) {
+    std::vector<std::uint16_t> fonts;
+    for (const std::string &font : text.fonts)
+        fonts.push_back(m_text.fontIndex(font));
+    for (const Paragraph &paragraph : text.paragraphs) {
+        if (&paragraph != &text.paragraphs.front())
+            endParagraph();
+        for (const Run &run : paragraph.runs) {
+            CharFormat format = run.format;
+            format.font = fonts[format.font];
+            if (const auto *characters = std::get_if<std::string>(&run.content))
+                append(*characters, format);
+            else
+                append(std::get<RichPicture>(run.content), format);
+        }
+    }
+}
+
 void RichTextBuilder::endParagraph() {
     m_text.paragraphs.emplace_back();
 }

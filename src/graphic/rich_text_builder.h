@@ -15,6 +15,8 @@ public:
     void append(RichPicture picture, const CharFormat &format);
     /// Puts this picture in the place of the last one, if that stands at the end.
     void replacePicture(RichPicture picture);
+    /// A whole text, whose first paragraph goes on with the one at the end here.
+    void append(const RichText &text);
     /// Ends the paragraph and begins the next one.
     void endParagraph();
 

@@ -73,6 +73,27 @@ std::span<const ScreenLine> linesBetween(std::span<const ScreenLine> lines, std:
     return {first, last};
 }
 
+const ScreenLine &lineOfCharacter(std::span<const ScreenLine> lines, std::size_t position) {
+    const auto next =
+        std::partition_point(lines.begin(), lines.end(),
+                             [position](const ScreenLine &line) { return line.begin <= position; });
+    return next == lines.begin() ? *next : *std::prev(next);
+}
+
+std::size_t characterAt(const StyledText &text, const ScreenLine &line, std::int64_t x) {
+    PieceReader reader(text, line.begin);
+    while (reader.position() < line.end) {
+        const PieceReader::Piece piece = reader.next(line.end);
+        const std::int64_t width = widthOf(piece);
+        if (x < width)
+            return piece.picture ? piece.begin
+                                 : piece.begin + static_cast<std::size_t>(std::max<std::int64_t>(x, 0) /
+                                                                          glyphWidth(piece.style));
+        x -= width;
+    }
+    return line.end;
+}
+
 void drawLines(DotSurface &surface, const StyledText &text, std::span<const ScreenLine> lines,
                GlyphSource glyphs, std::int64_t top) {
     if (lines.empty())

@@ -38,6 +38,13 @@ std::int64_t screenWidth(std::span<const ScreenLine> lines);
 std::span<const ScreenLine> linesBetween(std::span<const ScreenLine> lines, std::int64_t top,
                                          std::int64_t bottom);
 
+/// The line in which a position of the text's characters stands; one behind the text is in
+/// the last line.
+const ScreenLine &lineOfCharacter(std::span<const ScreenLine> lines, std::size_t position);
+
+/// The character of a line that stands so many dots from its left, or the line's end.
+std::size_t characterAt(const StyledText &text, const ScreenLine &line, std::int64_t x);
+
 /// Draws lines of `text`, characters and pictures on the line's foot. The surface
 /// shows the screen from the height `top` on; what stands outside is left out.
 void drawLines(DotSurface &surface, const StyledText &text, std::span<const ScreenLine> lines,

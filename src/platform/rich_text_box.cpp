@@ -116,6 +116,14 @@ RichText RichTextBox::richText() const {
     return m_document->richText();
 }
 
+RichText RichTextBox::richText(int from, int to) const {
+    return m_document->richText(from, std::min(to, positionCount()));
+}
+
+int RichTextBox::positionCount() const {
+    return m_document->characterCount() - 1;
+}
+
 bool RichTextBox::setRichText(const RichText &text, const Progress &progress) {
     std::unique_ptr<RichTextDocument> made = RichTextDocument::make(text, progress);
     if (!made)

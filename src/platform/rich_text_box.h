@@ -36,6 +36,11 @@ public:
     ~RichTextBox() override;
 
     RichText richText() const;
+    /// The rich text of a stretch, in positions from 0 of which each character and each
+    /// line end is one; `to` may lie behind the text. Stretches that follow each other give
+    /// the whole text, put together by a RichTextBuilder.
+    RichText richText(int from, int to) const;
+    int positionCount() const;
     /// Replaces all and clears the undo history; the caret goes to 0. False, with
     /// nothing changed, when `progress` asks to stop; it is told the paragraphs done.
     bool setRichText(const RichText &text, const Progress &progress = {});

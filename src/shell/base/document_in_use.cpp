@@ -12,12 +12,20 @@ DocumentInUse *theDocument = nullptr;
 
 } // namespace
 
+DocumentInUseEvents &documentInUseEvents() {
+    static DocumentInUseEvents events;
+    return events;
+}
+
 DocumentInUse *documentInUse() {
     return theDocument;
 }
 
 void setDocumentInUse(DocumentInUse *document) {
     theDocument = document;
+    // A new one says so itself once its panes stand.
+    if (!document)
+        emit documentInUseEvents().paneChanged();
 }
 
 Pane *activePane() {

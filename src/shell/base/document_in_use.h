@@ -1,7 +1,10 @@
 #pragma once
 
 #include "shell/base/document_keeper.h"
+#include "shell/base/source_snapshot.h"
 
+#include <QObject>
+#include <memory>
 #include <string_view>
 
 class QMdiSubWindow;
@@ -31,6 +34,8 @@ public:
     virtual bool wouldAsk() const = 0;
     /// Puts the menus, the pop-up menu and the edition's toolbars out of reach, or back.
     virtual void setCommandsEnabled(bool enabled) = 0;
+    /// The calculator's text of the document.
+    virtual std::unique_ptr<SourceSnapshot> sourceSnapshot() const = 0;
     /// The document as it would be kept, with the text of `pane`.
     virtual KeptSnapshot snapshotOf(const Pane &pane) const = 0;
     /// Whoever kept the document in another pane gives it back.
@@ -38,6 +43,17 @@ public:
     /// The settings have a new font name or size: the panes take it.
     virtual void fontChosen() = 0;
 };
+
+/// Says what becomes of the document in use.
+class DocumentInUseEvents : public QObject {
+    Q_OBJECT
+
+signals:
+    /// Another pane shows the document, or another document is in use, or none.
+    void paneChanged();
+};
+
+DocumentInUseEvents &documentInUseEvents();
 
 /// Null while no document is open.
 DocumentInUse *documentInUse();

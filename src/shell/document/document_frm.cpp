@@ -151,6 +151,7 @@ void DocumentFrm::showActivePane() {
     m_frame->toolbar(m_edition.standardToolbar)
         ->findChild<QAction *>(QStringLiteral("Translinear palavras"))
         ->setChecked(wraps);
+    emit documentInUseEvents().paneChanged();
 }
 
 QAction *DocumentFrm::menuItem(const char *name) const {

@@ -161,6 +161,7 @@ QList<MenuRow> viewRows() {
         {1, "MnuVerSeparador1", "-"},
         {1, "MnuVerSemprenotopo", "Always on Top", "MnuVerSemprenotopo", nullptr, nullptr,
          MenuRow::Unchecked},
+        {1, "MnuVerLivePreview", "&Live preview", "MnuVerLivePreview", nullptr, nullptr, MenuRow::Unchecked},
         {1, "MnuVerSeparador2", "-"},
     };
 }

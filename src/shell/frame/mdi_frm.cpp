@@ -89,6 +89,7 @@ MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) 
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     buildQuickBar();
+    buildLivePreview();
     buildToolbars();
     m_ownMenus = buildMenus(
         frameMenuTable(), [this] { return QList<QObject *>{this}; }, this);
@@ -178,6 +179,7 @@ void MDIFrm::showMenus(const QList<QMenu *> &menus) {
     for (QMenu *menu : m_ownMenus)
         for (QAction *action : menu->actions())
             action->setShortcutContext(menus.isEmpty() ? Qt::WindowShortcut : Qt::WidgetShortcut);
+    checkLivePreview();
 }
 
 QToolBar *MDIFrm::toolbar(int number) const {

@@ -8,6 +8,7 @@
 #include <QMainWindow>
 
 class QComboBox;
+class QDockWidget;
 class QMdiArea;
 class QMenu;
 class QToolBar;
@@ -105,6 +106,8 @@ public slots:
     void MnuFicheiroSair();
     void MnuVerBarradeferramentas();
     void MnuVerSemprenotopo();
+    /// Shows the live preview, or puts it away.
+    void MnuVerLivePreview();
     void MnuAjudadozolt();
     void MnuAjudaAcercadoZOLT();
 
@@ -134,6 +137,10 @@ private:
     void buildCombos();
     QComboBox *addCombo(int toolbarNumber, const char *name, const char *toolTip);
     void buildQuickBar();
+    void buildLivePreview();
+    /// Checks the menu items of the live preview as it shows.
+    void checkLivePreview();
+    void keepLivePreviewsPlace();
     void tile(Qt::Orientation orientation);
 
     /// Shows the one window of a class before the frame and gives it the focus.
@@ -174,6 +181,7 @@ private:
     QComboBox *Combo3;
     QWidget *Picture3;
     QWidget *Picture4;
+    QDockWidget *m_livePreview;
 };
 
 } // namespace zolt

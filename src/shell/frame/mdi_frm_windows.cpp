@@ -185,6 +185,7 @@ void MDIFrm::closeEvent(QCloseEvent *event) {
             event->ignore();
             return;
         }
+    keepLivePreviewsPlace();
     // A failure is silent: the settings of the last run then stand.
     writeSettings(shared::programFolder + "/ZOLT.ini", shared::settings);
     if (isVisible())

@@ -1,6 +1,5 @@
 #include "shell/start/start_up.h"
 
-#include "core/extra_settings.h"
 #include "core/file.h"
 #include "core/settings.h"
 #include "platform/desktop.h"
@@ -11,6 +10,7 @@
 #include "shell/base/dialog_frm.h"
 #include "shell/base/document_in_use.h"
 #include "shell/base/document_keeper.h"
+#include "shell/base/more_settings.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/graphic/edit_graph_frm_tables.h"
 #include "shell/document/text/edit_text_frm_tables.h"
@@ -61,6 +61,7 @@ void readSettingsOfThisRun() {
     shared::settings = readSettings(shared::programFolder + "/ZOLT.ini", shared::programFolder);
     if (!areSound(shared::settings))
         shared::settings = defaultSettings(shared::programFolder);
+    loadExtraSettings();
 }
 
 void nameFileTypes() {
@@ -76,8 +77,7 @@ void nameFileTypes() {
 /// From here on, and until the frame closes, no text is lost.
 void keepDocuments() {
     keepDocumentsIn(keptDocumentsFolder());
-    documentKeeper()->setKeepsThrownAway(
-        readExtraSettings(shared::programFolder + "/ZOLT.more").keepsThrownAway);
+    documentKeeper()->setKeepsThrownAway(extraSettings().keepsThrownAway);
     keepDocumentAtSessionEnd();
 }
 

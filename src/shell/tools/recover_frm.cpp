@@ -1,10 +1,8 @@
 #include "shell/tools/recover_frm.h"
 
-#include "core/extra_settings.h"
 #include "platform/desktop.h"
 #include "shell/base/document_keeper.h"
-#include "shell/base/shared_values.h"
-#include "shell/base/status_line.h"
+#include "shell/base/more_settings.h"
 #include "shell/widgets/command_button.h"
 
 #include <QCheckBox>
@@ -122,8 +120,8 @@ void RecoverFrm::takeOption() {
     if (!keeper || Check1->isHidden() || Check1->isChecked() == keeper->keepsThrownAway())
         return;
     keeper->setKeepsThrownAway(Check1->isChecked());
-    const std::string path = shared::programFolder + "/ZOLT.more";
-    savedOrSaid(path, writeExtraSettings(path, {.keepsThrownAway = Check1->isChecked()}));
+    changeExtraSettings(
+        [on = Check1->isChecked()](ExtraSettings &settings) { settings.keepsThrownAway = on; });
 }
 
 } // namespace zolt

@@ -31,6 +31,7 @@ public:
 
     void insertText(std::string_view bytes) override;
     void fontChosen() override;
+    std::unique_ptr<SourceSnapshot> sourceSnapshot() const override;
 
 public slots:
     /// Gives the selection the font FonteDeEstilo, or says why it can't have it. With no

@@ -31,6 +31,7 @@ public:
 
     void insertText(std::string_view bytes) override;
     void fontChosen() override;
+    std::unique_ptr<SourceSnapshot> sourceSnapshot() const override;
 
 public slots:
     /// Sends the document to the graphical edition.

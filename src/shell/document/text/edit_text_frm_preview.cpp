@@ -1,11 +1,34 @@
 // The text edition's previews, of the whole document and of the selection.
 
-#include "platform/pane.h"
+#include "platform/held_text.h"
+#include "platform/text_pane.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/text/edit_text_frm.h"
 #include "shell/frame/mdi_frm.h"
 
 namespace zolt {
+
+namespace {
+
+/// The text as the pane holds it, which is copied in no time.
+class HeldSnapshot : public SourceSnapshot {
+public:
+    explicit HeldSnapshot(const TextPane &pane) : m_held(pane.held()) {}
+
+    bool takeMore() override { return false; }
+    std::optional<PlacedSource> source(const Progress &) override {
+        return PlacedSource{bytesOfHeldText(m_held), {}};
+    }
+
+private:
+    QString m_held;
+};
+
+} // namespace
+
+std::unique_ptr<SourceSnapshot> EditTextFrm::sourceSnapshot() const {
+    return std::make_unique<HeldSnapshot>(activeTextPane());
+}
 
 void EditTextFrm::preview(const std::string &text, void (MDIFrm::*open)()) {
     shared::TextoPrevisualizar = text;
