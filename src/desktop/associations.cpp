@@ -73,7 +73,7 @@ std::vector<Place> placesOf(const Folders &folders) {
 
 /// The file of an entry: a "-" in its name may be a subfolder.
 std::string entryIn(const std::string &folder, std::string name) {
-    for (std::size_t dash = 0; dash != std::string::npos; dash = name.find('-', dash)) {
+    for (std::size_t dash = 0; dash != std::string::npos; dash = name.find('-', dash + 1)) {
         if (dash > 0)
             name[dash] = '/';
         if (isThere(folder + "/" + name))

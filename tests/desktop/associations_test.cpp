@@ -90,7 +90,7 @@ TEST_F(Associations, AreFoundInTheOrderOfTheDesktop) {
     EXPECT_EQ(name("a"), "plain");
     put("home/applications/mimeapps.list", "[Default Applications]\ntext/x-a=base.desktop;\n");
     EXPECT_EQ(name("a"), "base");
-    put("config/mimeapps.list", "[Default Applications]\ntext/x-a=gone.desktop;second.desktop;\n");
+    put("config/mimeapps.list", "[Default Applications]\ntext/x-a=-gone.desktop;second.desktop;\n");
     EXPECT_EQ(name("a"), "second");
     put("config/lxde-mimeapps.list", "[Default Applications]\ntext/x-a=first.desktop;\n");
     EXPECT_EQ(name("a"), "first");
