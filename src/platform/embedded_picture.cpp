@@ -1,10 +1,10 @@
 #include "platform/embedded_picture.h"
 
 #include "hp48/source_compiler.h"
+#include "platform/pictures.h"
 
 #include <QImage>
 #include <cstdint>
-#include <limits>
 
 namespace zolt {
 
@@ -12,12 +12,6 @@ namespace {
 
 constexpr std::int64_t kTwipsADot = 30;
 constexpr std::int64_t kTwipsAPixel = 15;
-
-QImage decoded(const std::string &bytes) {
-    if (bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
-        return {};
-    return QImage::fromData(reinterpret_cast<const uchar *>(bytes.data()), static_cast<int>(bytes.size()));
-}
 
 /// The pixel of a side of `pixels`, shown in `twips`, at the corner of a dot; beyond the
 /// side it's none of the picture's.
@@ -30,7 +24,7 @@ int pixelAtDot(int dot, int pixels, std::int64_t twips) {
 } // namespace
 
 DotSurface dotsOfEmbeddedPicture(const RichPicture &picture, int width, int height) {
-    const QImage image = decoded(picture.bytes);
+    const QImage image = decodeEmbedded(picture.bytes).image;
     if (image.isNull())
         return {};
     DotSurface surface(width, height);

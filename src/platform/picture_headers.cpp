@@ -35,6 +35,8 @@ QByteArray formatOf(const QByteArray &start) {
         return "gif";
     if (start.startsWith("\xFF\xD8\xFF"))
         return "jpeg";
+    if (start.startsWith("\x89PNG"))
+        return "png";
     if (start.startsWith(QByteArray("\0\0\1\0", 4)))
         return "ico";
     if (start.startsWith(QByteArray("\0\0\2\0", 4)))
@@ -72,6 +74,26 @@ bool holdsAllRows(QIODevice &device, qint64 start) {
     const qint64 beforeLast = rows > 0 ? (rowBits + 31) / 32 * 4 : 0;
     const qint64 pixels = device.size() - start - little32(bytes, 10) - (rowBits + 7) / 8;
     return pixels >= 0 && (beforeLast == 0 || rows - 1 <= pixels / beforeLast);
+}
+
+/// What a PNG's texts and colour profile may take once they are unpacked. Deflate packs
+/// 1032 bytes into one at best, and the decoder unpacks no more than 8 MB of each.
+std::int64_t bytesOfPngTexts(QIODevice &device, qint64 start) {
+    constexpr int kMostChunks = 1 << 16;
+    constexpr std::int64_t kMostOfAByte = 1032;
+    constexpr std::int64_t kMostOfAText = 8'000'000;
+    std::int64_t bytes = 0;
+    qint64 position = start + 8;
+    for (int i = 0; i < kMostChunks; ++i) {
+        const QByteArray chunk = bytesAt(device, position, 8);
+        if (chunk.size() < 8)
+            return bytes;
+        const std::int64_t length = big32(chunk, 0);
+        if (chunk.endsWith("zTXt") || chunk.endsWith("iTXt") || chunk.endsWith("iCCP"))
+            bytes += std::min(length * kMostOfAByte, kMostOfAText);
+        position += 8 + length + 4;
+    }
+    return std::numeric_limits<qint32>::max();
 }
 
 /// The size that an image inside an icon has by its own header: a PNG, or a bitmap
@@ -117,6 +139,8 @@ void chooseIconImage(QIODevice &device, qint64 start, PictureHeader &header) {
     }
     if (largestArea > 0)
         header.size = sizeOfIconImage(device, header.imagePosition);
+    if (formatOf(bytesAt(device, header.imagePosition, 6)) == "png")
+        header.keptBytes = bytesOfPngTexts(device, header.imagePosition);
     if (!header.size.isValid())
         header.format.clear();
 }
@@ -144,24 +168,44 @@ int coefficientBits(QIODevice &device, qint64 frame) {
     return (samples * kBits + widest * highest - 1) / (widest * highest);
 }
 
-/// Walks a JPEG's segments up to its frame header, which tells how it is stored: the
-/// bits that decoding it keeps, or 0 if it isn't stored in passes.
-int keptBitsOf(QIODevice &device, qint64 start) {
+/// How many scans begin behind a position. Within a scan every byte 255 has a zero or a
+/// mark of its own behind it, so that its beginning can't stand there.
+std::int64_t scansBehind(QIODevice &device, qint64 position) {
+    constexpr qint64 kStretch = 1 << 16;
+    constexpr char kScan[] = "\xFF\xDA";
+    std::int64_t scans = 0;
+    // The last byte of a stretch is looked at again: a scan may begin with it.
+    for (QByteArray bytes; (bytes = bytesAt(device, position, kStretch)).size() > 1;
+         position += bytes.size() - 1)
+        scans += bytes.count(kScan);
+    return scans;
+}
+
+/// Walks a JPEG's segments up to its first scan. Its frame header tells how it is stored.
+void readJpegHeader(QIODevice &device, qint64 start, PictureHeader &header) {
     constexpr int kMostSegments = 4096;
+    constexpr qint64 kColoursOfFrame = 9;
+    constexpr qint64 kColoursOfScan = 4;
     qint64 position = start + 2;
+    qint64 frame = 0;
+    bool inPasses = false;
     for (int i = 0; i < kMostSegments; ++i) {
         const QByteArray segment = bytesAt(device, position, 4);
         if (segment.size() < 4 || segment[0] != '\xFF')
-            return 0;
+            break;
         const auto marker = static_cast<uchar>(segment[1]);
-        const bool fill = marker == 0xFF;
-        const bool frame =
-            marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
-        if (frame)
-            return marker == 0xC2 ? coefficientBits(device, position) : 0;
-        position += fill ? 1 : 2 + big16(segment, 2);
+        if (marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC) {
+            frame = position;
+            inPasses = marker == 0xC2 || marker == 0xCA;
+        } else if (marker == 0xDA) {
+            inPasses |=
+                bytesAt(device, position + kColoursOfScan, 1) < bytesAt(device, frame + kColoursOfFrame, 1);
+            header.scans = scansBehind(device, position);
+            break;
+        }
+        position += marker == 0xFF ? 1 : 2 + big16(segment, 2);
     }
-    return 0;
+    header.keptBits = inPasses ? coefficientBits(device, frame) : 0;
 }
 
 } // namespace
@@ -173,11 +217,12 @@ PictureHeader readPictureHeader(QIODevice &device) {
     if (header.format == "ico" || header.format == "cur")
         chooseIconImage(device, start, header);
     else if (header.format == "jpeg")
-        header.keptBits = keptBitsOf(device, start);
+        readJpegHeader(device, start, header);
+    else if (header.format == "png")
+        header.keptBytes = bytesOfPngTexts(device, start);
     else if (header.format == "bmp") {
         header.size = sizeOfBitmap(device, start);
-        if (!holdsAllRows(device, start))
-            header.format.clear();
+        header.isWhole = holdsAllRows(device, start);
     }
     device.seek(start);
     return header;

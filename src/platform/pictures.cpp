@@ -3,6 +3,7 @@
 #include "platform/icon_masks.h"
 #include "platform/picture_headers.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -23,13 +24,13 @@ LoadedPicture refused(std::string reason) {
 
 /// The memory that decoding takes, in bytes, with the sides divided by `scale`. What
 /// the decoder keeps until its last pass, it keeps at full size.
-std::int64_t memoryOf(const QImageReader &reader, QSize size, int keptBits, int scale) {
+std::int64_t memoryOf(const QImageReader &reader, const PictureHeader &header, QSize size, int scale) {
     const QImage::Format format = reader.imageFormat();
     const int bits = format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
     const bool turned = reader.transformation() != QImageIOHandler::TransformationNone;
     const std::int64_t pixels = std::int64_t{size.width() / scale} * (size.height() / scale);
     const std::int64_t full = std::int64_t{size.width()} * size.height();
-    return (pixels * bits * (turned ? 2 : 1) + full * keptBits) / 8;
+    return (pixels * bits * (turned ? 2 : 1) + full * header.keptBits) / 8 + header.keptBytes;
 }
 
 /// By how much the sides of a picture have to be divided while it is decoded; 0 if it
@@ -38,13 +39,17 @@ int scaleThatFits(const QImageReader &reader, const PictureHeader &header, QSize
                   std::int64_t mostBytes) {
     // Above what any camera makes a file would keep the program busy without a sense.
     constexpr std::int64_t kMostPixelsOfAPhotograph = std::int64_t{1} << 28;
+    // Each scan goes over all pixels; a photograph in colours has ten at the most.
+    constexpr std::int64_t kMostPixelsOfAllScans = std::int64_t{1} << 32;
     const std::int64_t pixels = std::int64_t{size.width()} * size.height();
+    if (header.scans > kMostPixelsOfAllScans / pixels)
+        return 0;
     // Not even at one bit to the pixel and an eighth of the sides; reckoning with its
     // bits might pass 64 bits.
     if (pixels > mostBytes * 8 * (8 * 8))
         return 0;
     for (const int scale : {1, 2, 4, 8}) {
-        if (memoryOf(reader, size, header.keptBits, scale) <= mostBytes)
+        if (memoryOf(reader, header, size, scale) <= mostBytes)
             return scale;
         if (header.format != "jpeg" || pixels > kMostPixelsOfAPhotograph)
             break;
@@ -136,18 +141,29 @@ QRgb overWhite(QRgb colour) {
     return qRgb(mixed(qRed(colour)), mixed(qGreen(colour)), mixed(qBlue(colour)));
 }
 
-} // namespace
+/// While one stands, the decoders refuse a picture that turns out larger than its header
+/// says. Their limit is in megabytes, and takes fewer than 32 bits to the pixel for as many.
+class NoLargerThan {
+public:
+    explicit NoLargerThan(QSize size) {
+        constexpr std::int64_t kMostBytesOfAPixel = 8;
+        const std::int64_t bytes = std::int64_t{size.width()} * size.height() * kMostBytesOfAPixel;
+        QImageReader::setAllocationLimit(static_cast<int>(bytes >> 20) + 1);
+    }
+    ~NoLargerThan() { QImageReader::setAllocationLimit(m_before); }
+    NoLargerThan(const NoLargerThan &) = delete;
+    NoLargerThan &operator=(const NoLargerThan &) = delete;
 
-LoadedPicture decodePicture(QIODevice &device, std::int64_t mostBytes) {
-    const PictureHeader header = readPictureHeader(device);
-    if (header.format.isEmpty())
-        return refused(std::string(kPictureNotRecognised));
-    if (QImage masked = maskedIconImage(device, header); !masked.isNull())
-        return {std::move(masked), {}};
-    QImageReader::setAllocationLimit(static_cast<int>(kMostPictureBytes >> 20) + 1);
-    QImageReader reader(&device, header.format);
+private:
+    int m_before = QImageReader::allocationLimit();
+};
+
+/// Decodes a picture whose header has been read, within the limits.
+LoadedPicture decodeWithin(QImageReader &reader, const PictureHeader &header, std::int64_t mostBytes) {
     reader.setAutoDetectImageFormat(false);
-    reader.setAutoTransform(true);
+    // Asked for its size, a decoder unpacks the texts.
+    if (header.keptBytes > mostBytes)
+        return refused(std::string(kPictureTooLarge));
     if (header.image > 0 && !reader.jumpToImage(header.image))
         return refused(std::string(kPictureNotRecognised));
     const QSize size = header.size.isValid() ? header.size : reader.size();
@@ -155,14 +171,39 @@ LoadedPicture decodePicture(QIODevice &device, std::int64_t mostBytes) {
         return refused(std::string(kPictureNotRecognised));
     const int scale = scaleThatFits(reader, header, size, mostBytes);
     if (scale == 0)
-        return refused("the picture is too large");
+        return refused(std::string(kPictureTooLarge));
     if (scale > 1)
         decodeScaled(reader, size, scale);
+    const NoLargerThan limit(size / scale);
     QImage image = reader.read();
     if (image.isNull())
         return refused(std::string(kPictureNotRecognised));
     completeColourTable(image);
     return {std::move(image), {}};
+}
+
+} // namespace
+
+LoadedPicture decodePicture(QIODevice &device, std::int64_t mostBytes) {
+    const PictureHeader header = readPictureHeader(device);
+    if (header.format.isEmpty() || header.format == "png" || !header.isWhole)
+        return refused(std::string(kPictureNotRecognised));
+    if (QImage masked = maskedIconImage(device, header); !masked.isNull())
+        return {std::move(masked), {}};
+    QImageReader reader(&device, header.format);
+    reader.setAutoTransform(true);
+    return decodeWithin(reader, header, mostBytes);
+}
+
+LoadedPicture decodeEmbedded(std::string_view bytes, std::int64_t mostBytes) {
+    QByteArray held = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer buffer(&held);
+    buffer.open(QIODevice::ReadOnly);
+    const PictureHeader header = readPictureHeader(buffer);
+    if (header.format != "png" && header.format != "jpeg" && header.format != "bmp")
+        return refused(std::string(kPictureNotRecognised));
+    QImageReader reader(&buffer, header.format);
+    return decodeWithin(reader, header, mostBytes);
 }
 
 LoadedPicture loadPicture(const std::string &path) {

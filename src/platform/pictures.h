@@ -4,7 +4,9 @@
 
 #include <QImage>
 #include <QRectF>
+#include <cstdint>
 #include <string>
+#include <string_view>
 
 class QIODevice;
 
@@ -12,6 +14,9 @@ namespace zolt {
 
 /// The message for a file that isn't one of the pictures that can be read.
 inline constexpr std::string_view kPictureNotRecognised = "Image format not recognized.";
+
+/// Why a picture is refused that would take more memory or time than any needs.
+inline constexpr std::string_view kPictureTooLarge = "the picture is too large";
 
 /// The most memory that one decoded picture may take.
 inline constexpr std::int64_t kMostPictureBytes = std::int64_t{200} << 20;
@@ -29,8 +34,12 @@ struct LoadedPicture {
 /// cursor the largest image, of an animation the first. Photographs are turned
 /// upright. Sizes are checked before memory is taken: a photograph whose decoding would
 /// take more than `mostBytes` is decoded at a half, a quarter or an eighth of its size,
-/// any other picture is refused. Needs no application object.
+/// any other picture is refused. So is a photograph of more scans than a few seconds are
+/// enough for. Needs no application object.
 LoadedPicture decodePicture(QIODevice &device, std::int64_t mostBytes = kMostPictureBytes);
+/// The same for the PNG, JPEG or BMP file that stands in a rich text: turned as it is
+/// stored, and as far as its bytes go.
+LoadedPicture decodeEmbedded(std::string_view bytes, std::int64_t mostBytes = kMostPictureBytes);
 /// The same from a file. `path` holds the bytes that the file system uses.
 LoadedPicture loadPicture(const std::string &path);
 

@@ -2,6 +2,7 @@
 
 #include "core/codes.h"
 #include "graphic/rich_text_builder.h"
+#include "platform/pictures.h"
 #include "platform/rich_layout.h"
 #include "platform/rich_text_characters.h"
 
@@ -209,8 +210,7 @@ std::string RichTextDocument::plainBytes(int from, int to) const {
 const QImage &RichTextDocument::image(int number) {
     if (!m_images.contains(number)) {
         const std::string &bytes = m_pictures[static_cast<std::size_t>(number)].bytes;
-        auto *decoded = new QImage(
-            QImage::fromData(reinterpret_cast<const uchar *>(bytes.data()), static_cast<int>(bytes.size())));
+        auto *decoded = new QImage(decodeEmbedded(bytes).image);
         // A picture larger than the whole cache is not kept at all by QCache.
         const qsizetype cost = std::min(decoded->sizeInBytes() / 1024 + 1, m_images.maxCost());
         m_images.insert(number, decoded, cost);

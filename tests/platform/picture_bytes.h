@@ -94,6 +94,36 @@ inline std::string blackIconHalfHidden(std::uint32_t type, int bits) {
            little(static_cast<std::uint32_t>(image.size()), 4) + little(6 + 16, 4) + image;
 }
 
+/// The front of a JPEG: its frame header, of a mark and some colours, and scans of one
+/// colour each without a byte in them.
+inline std::string jpegFront(int width, int height, char frame, int colours, int scans) {
+    const auto big16 = [](int value) { return std::string{char(value >> 8), char(value)}; };
+    std::string bytes = "\xFF\xD8\xFF" + std::string(1, frame) + big16(8 + 3 * colours) + '\x08' +
+                        big16(height) + big16(width) + char(colours);
+    for (int colour = 1; colour <= colours; ++colour)
+        bytes += std::string{char(colour), '\x11', '\0'};
+    for (int scan = 0; scan < scans; ++scan)
+        bytes += std::string("\xFF\xDA\0\x08\x01\x01\0\0\0\0", 10);
+    return bytes;
+}
+
+/// An icon of a PNG image with packed texts.
+inline std::string iconOfPngWithTexts(int texts) {
+    std::string png("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\x08\0\0\0\x08\x08\x02\0\0\0\0\0\0\0", 33);
+    for (int i = 0; i < texts; ++i)
+        png += std::string("\0\0\x20\0zTXt", 8) + std::string(0x2000 + 4, '\0');
+    return little(0, 2) + little(1, 2) + little(1, 2) + little(8, 1) + little(8, 1) + little(0, 2) +
+           little(1, 2) + little(24, 2) + little(static_cast<std::uint32_t>(png.size()), 4) +
+           little(6 + 16, 4) + png;
+}
+
+/// Small files that would take their decoders gigabytes or minutes.
+inline std::vector<std::string> bombs() {
+    return {jpegFront(16384, 16384, '\xC0', 3, 1), jpegFront(16384, 16384, '\xC2', 3, 1),
+            jpegFront(8000, 8000, '\xC2', 1, 1000), iconOfPngWithTexts(300),
+            std::string("GIF89a\xFF\xFF\xFF\xFF\0\0\0,\0\0\0\0\xFF\xFF\xFF\xFF\0\x02\x01\x04\0;", 28)};
+}
+
 /// An icon (`type` 1) or cursor (`type` 2) of several images.
 inline std::string iconOf(std::uint32_t type, const std::vector<QImage> &images) {
     std::string directory =

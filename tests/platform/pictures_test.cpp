@@ -278,6 +278,21 @@ TEST(Pictures, HeadersThatLieAreRefused) {
     }
 }
 
+TEST(Pictures, SmallFilesThatTakeGigabytesOrMinutesAreRefused) {
+    for (const std::string &bytes : test::bombs())
+        EXPECT_EQ(decoded(bytes).reason, "the picture is too large") << bytes.substr(0, 4);
+    const std::string icon = test::bombs()[3];
+    for (const std::string &bytes : {test::bombs()[2], icon.substr(6 + 16)})
+        EXPECT_EQ(decodeEmbedded(bytes).reason, "the picture is too large") << bytes.substr(0, 4);
+    // As many scans as a photograph has, and texts that one can have.
+    for (const std::string &bytes : {test::jpegFront(8000, 8000, '\xC2', 1, 10), test::iconOfPngWithTexts(3)})
+        EXPECT_NE(decoded(bytes).reason, "the picture is too large") << bytes.substr(0, 4);
+    // Large only if each of its dots took four bytes.
+    QImage page(8000, 8000, QImage::Format_Mono);
+    page.fill(0);
+    EXPECT_EQ(decoded(test::writtenByQt(page, "BMP")).image.size(), page.size());
+}
+
 TEST(Pictures, TheWindowsPictureKeepsColoursAndLeavesWhiteAround) {
     QImage picture = filled(2, 1, Qt::red);
     picture.setPixelColor(1, 0, QColor(0, 0, 255, 0));
