@@ -4,14 +4,14 @@
 #include "images/gif_file.h"
 #include "images/grob.h"
 #include "images/image_text.h"
-#include "platform/pictures.h"
 #include "zoltc/command_table.h"
+#include "zoltc/guarded_picture.h"
 
-#include <QLoggingCategory>
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 namespace zolt::cli {
 
@@ -87,15 +87,6 @@ std::optional<std::string_view> readOptions(const Arguments &arguments, Settings
     return std::nullopt;
 }
 
-/// Reads a PC picture. The decoders' own words would come before the command's.
-PictureOfText readPicture(const std::string &file, const Settings &settings) {
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
-    const LoadedPicture picture = loadPicture(file);
-    if (!picture.ok())
-        return {{}, picture.reason};
-    return {dotsOfPicture(picture.image, settings.width, settings.height), {}};
-}
-
 PictureOfText readGrob(const std::string &file, std::string_view text) {
     PictureOfText picture = VerGrob(text);
     if (picture.reason.empty() && readGrobHeader(text)->tooWide())
@@ -129,7 +120,12 @@ int convert(const std::string &input, Form from, const std::string &output, Form
         picture = from == Form::Grob ? readGrob(input, text) : VerVelda(text);
         grobSize = grobSizeOfImageText(measureImageText(text));
     } else {
-        picture = readPicture(input, settings);
+        GuardedPicture read = readGuardedPicture(input, settings.width, settings.height);
+        if (read.exit != Done) {
+            unusable(input, read.picture.reason);
+            return read.exit;
+        }
+        picture = std::move(read.picture);
         grobSize = grobSizeOfSurface(picture.surface);
     }
     if (picture.surface.isEmpty())
@@ -160,7 +156,7 @@ Command imageCommand() {
             "Converts a picture: PC pictures, ASCII GROB (.gro, .grb) and image files (.zli).\n"
             "The extensions decide: PC picture to .zli or GROB; .zli to GROB, .bmp or .gif; GROB to .zli,\n"
             ".bmp or .gif. PC pictures read: .bmp .gif .jpg .jpeg .jpe .jfif .ico .cur. Only pixels that\n"
-            "are exactly black become dots.",
+            "are exactly black become dots. A PC picture that takes too much time or memory ends with 1.",
             {{"width", "W", "dots that a PC picture is stretched to, 1 to 132 (132)"},
              {"height", "H", "the same for its height, 1 to 1090 (65)"},
              {"bits", "N", "bits to the pixel of a .bmp: 1, 4, 8 or 24 (1)"}},

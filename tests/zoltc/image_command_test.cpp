@@ -3,8 +3,10 @@
 #include "images/gif_file.h"
 #include "images/grob.h"
 #include "images/image_text.h"
+#include "platform/picture_bytes.h"
 #include "support/converter.h"
 #include "zoltc/command_line.h"
+#include "zoltc/guarded_picture.h"
 
 #include <algorithm>
 
@@ -77,6 +79,26 @@ TEST_F(ImageCommand, WhatCantBeDecodedLeavesNoOutput) {
             EXPECT_EQ(std::count(m_errors.begin(), m_errors.end(), '\n'), 1) << m_errors;
             EXPECT_FALSE(exists(output));
         }
+}
+
+TEST_F(ImageCommand, WhatTakesTooMuchTimeOrMemoryIsRefused) {
+    for (const std::string &bytes : test::bombs())
+        for (const char *input : {"a.jpg", "a.bmp"}) {
+            put(input, bytes);
+            EXPECT_EQ(convert(input, "out.zli"), Refused) << bytes.substr(0, 4);
+            EXPECT_EQ(m_errors, "zoltc: " + path(input) + ": the picture is too large\n");
+            EXPECT_FALSE(exists("out.zli"));
+        }
+}
+
+TEST_F(ImageCommand, ADecoderThatTakesMoreThanItsMemoryIsEnded) {
+    put("in.bmp", bitmapFile(DotSurface(2000, 2000), 24));
+    EXPECT_EQ(readGuardedPicture(path("in.bmp"), 132, 65).exit, Done);
+    const GuardedPicture picture = readGuardedPicture(path("in.bmp"), 132, 65, 1 << 20);
+    if (picture.exit == Done)
+        GTEST_SKIP() << "a sanitizer leaves no limit";
+    EXPECT_TRUE(picture.picture.surface.isEmpty());
+    EXPECT_NE(picture.picture.reason, "");
 }
 
 TEST_F(ImageCommand, OptionsOutOfRangeAndOtherConversionsAreRefused) {
