@@ -63,6 +63,8 @@ void EditGraphFrm::showStyleAtCaret() {
 }
 
 void EditGraphFrm::EscolherTamanhoDaLetra() {
+    if (shared::TamanhoDaLetra <= 0) // nobody has chosen one
+        return;
     shared::settings.TFntSize = shared::TamanhoDaLetra;
     activeRichPane().setFontSize(shared::TamanhoDaLetra);
     frame().showFont(QString::fromStdString(shared::settings.TFntName), shared::TamanhoDaLetra);
