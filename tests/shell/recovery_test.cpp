@@ -9,6 +9,7 @@
 #include "shell/document/text/edit_text_fullscreen_frm.h"
 #include "shell/tools/question_frm.h"
 #include "shell/tools/recover_frm.h"
+#include "support/full_disk.h"
 #include "support/program.h"
 
 #include <QAction>
@@ -93,7 +94,12 @@ TEST_P(Recovery, AChangedDocumentIsKeptUntilItIsSaved) {
     write("abc");
     EXPECT_TRUE(keeps("abc"));
     type("d");
-    documentKeeper()->keepNow();
+    {
+        const FullDisk disk;
+        EXPECT_FALSE(documentKeeper()->keepNow());
+        EXPECT_EQ(keptText(), "abc");
+    }
+    EXPECT_TRUE(documentKeeper()->keepNow()); // without another change
     EXPECT_EQ(keptText(), "abcd");
     answerFileDialog(path("saved"));
     call(m_window, "FicheiroGuardarComo");

@@ -54,7 +54,14 @@ void DocumentKeeper::keep() {
     // A failure is silent: the document itself stands in its pane.
     m_work.run([this, kept = m_kept, snapshot = m_take()]() mutable {
         m_hasFailed = !kept->keep(finished(snapshot)).empty();
+        if (m_hasFailed)
+            QMetaObject::invokeMethod(this, &DocumentKeeper::tryAgainLater, Qt::QueuedConnection);
     });
+}
+
+void DocumentKeeper::tryAgainLater() {
+    if (m_isKept && !m_deadline->isActive())
+        m_deadline->start();
 }
 
 void DocumentKeeper::drop() {
@@ -65,7 +72,8 @@ void DocumentKeeper::drop() {
 }
 
 bool DocumentKeeper::keepNow() {
-    if (m_rest->isActive() || m_deadline->isActive())
+    m_work.finish();
+    if (m_rest->isActive() || m_deadline->isActive() || (m_isKept && m_hasFailed))
         keep();
     m_work.finish();
     return m_isKept && !m_hasFailed;

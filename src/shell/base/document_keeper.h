@@ -53,6 +53,8 @@ public:
 
 private:
     void keep();
+    /// The disk may have room by then, though nobody types.
+    void tryAgainLater();
 
     std::shared_ptr<KeptDocuments> m_kept;
     std::function<KeptSnapshot()> m_take;
