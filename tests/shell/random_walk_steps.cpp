@@ -332,8 +332,8 @@ void RandomWalk::fillClipboard() {
     auto mime = std::make_unique<QMimeData>();
     const unsigned kind = random(20);
     note("clipboard " + std::to_string(kind));
-    if (kind == 0)
-        mime->setText(QString::fromUtf8(someText()).repeated(4000));
+    if (kind < 2) // what is made of it takes long enough to be disturbed
+        mime->setText(QString::fromUtf8(someText()).repeated(3000));
     else if (kind < 4)
         mime->setImageData(QImage(m_folder.filePath(QStringLiteral("some.png"))));
     else if (kind < 8)
@@ -341,6 +341,8 @@ void RandomWalk::fillClipboard() {
     else
         mime->setText(QString::fromUtf8(someText()));
     QGuiApplication::clipboard()->setMimeData(mime.release());
+    if (kind < 2 && document() && isAtHand(loaded<MDIFrm>()))
+        call(document(), "EditarColar");
 }
 
 void RandomWalk::drop() {

@@ -2,6 +2,7 @@
 // undone, saved, cut and pasted, kept.
 //
 // ZOLT_WALK_STEPS and ZOLT_WALK_SEED make the walk long, or another one;
+// what comes in between depends on the clock and differs from run to run.
 // ZOLT_WALK_TRACE=1 names each step on the error output before it is taken.
 
 #include "core/file.h"
