@@ -39,7 +39,8 @@ template <class Visitor> bool RichTextBox::eachFormat(int from, int to, Visitor 
 template <class Value, class Getter> Value RichTextBox::common(Getter get, Value mixed) const {
     const Value first = get(firstFormat());
     const QTextCursor cursor = textCursor();
-    const bool same = eachFormat(cursor.selectionStart(), cursor.selectionEnd(),
+    const bool same = !cursor.hasSelection() ||
+                      eachFormat(cursor.selectionStart(), cursor.selectionEnd(),
                                  [&](const QTextCharFormat &format) { return get(format) == first; });
     return same ? first : mixed;
 }

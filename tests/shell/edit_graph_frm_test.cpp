@@ -1,4 +1,5 @@
 #include "shell/document/graphic/edit_graph_frm.h"
+#include "shell/document/graphic/edit_graph_fullscreen_frm.h"
 
 #include "core/codes.h"
 #include "graphic/rich_text_builder.h"
@@ -206,6 +207,16 @@ TEST_F(GraphicalEdition, AStyleWithoutASelectionIsThatOfWhatIsTypedNext) {
     pressTool("Normal");
     QTest::keyClicks(&pane(), QStringLiteral("y"));
     EXPECT_EQ(shown(), text + "<Double:x>y");
+    // So it is inside a word, and on the whole screen.
+    put("ab", 1, 0);
+    pressTool("Bold");
+    EXPECT_TRUE(tool("Bold")->isChecked());
+    call(m_window, "MnuVerEcrainteiro");
+    auto *screen = loaded<EditGraphFullscreenFrm>();
+    QTest::keyClicks(control<QWidget>(screen, "Text1"), QStringLiteral("x"));
+    screen->close();
+    deleteClosed();
+    EXPECT_EQ(shown(), "a<Bold:x>b");
     // Another document begins in its own look.
     pressTool("Bold");
     open("other.zlg", "{\\rtf1{\\fonttbl{\\f0 ZOLTInverse;}}\\f0 z}");
