@@ -154,6 +154,7 @@ TEST_P(LivePreviewTest, GoesWithTheDocumentAndItsPanes) {
     // The window goes while its document is copied and compiled.
     put(std::string(200'000, 'x') + "\r\n");
     QTest::qWait(55);
+    Answer discard(QMessageBox::No);
     m_document->close();
     EXPECT_TRUE(screen().screen().lines.empty());
 }
