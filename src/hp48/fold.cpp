@@ -3,22 +3,26 @@
 #include "core/codes.h"
 #include "core/reporter.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace zolt {
 
 namespace {
 
-/// Walks a text and breaks its lines. Positions count from 0, columns from 1.
-class Folder {
+constexpr std::ptrdiff_t kFirstColumn = 1;
+
+/// Walks a text and calls `onBreak` with each position in front of which a line is
+/// broken. Positions count from 0, columns from 1.
+template <class OnBreak> class FoldWalk {
 public:
-    Folder(std::string_view text, PlaceMap *places) : m_text(text), m_places(places) {
-        m_folded.reserve(text.size() + text.size() / 8);
-        notePlace();
-    }
+    FoldWalk(std::string_view text, std::ptrdiff_t column, OnBreak onBreak)
+        : m_text(text), m_onBreak(std::move(onBreak)), m_column(column) {}
 
     bool atEnd() const { return m_position >= m_text.size(); }
     std::size_t position() const { return m_position; }
+    std::ptrdiff_t column() const { return m_column; }
 
     /// Takes the character at the position, and the one behind it if the line
     /// breaks between the two.
@@ -28,16 +32,11 @@ public:
             m_column -= 2;
         if (m_column == kColumns) {
             ++m_position;
-            breakLine();
-            m_column = 1;
+            m_onBreak(m_position);
+            m_column = kFirstColumn;
         }
         ++m_column;
         ++m_position;
-    }
-
-    std::string finish() {
-        m_folded.append(m_text, m_copied);
-        return std::move(m_folded);
     }
 
 private:
@@ -73,7 +72,7 @@ private:
         if (nextLineEnd() < end)
             return;
         m_position = end;
-        breakLine();
+        m_onBreak(m_position);
     }
 
     /// Where the first line end at or behind the position stands.
@@ -83,38 +82,65 @@ private:
         return m_lineEnd;
     }
 
-    /// Puts a line end in front of the character at the position.
-    void breakLine() {
-        m_folded.append(m_text, m_copied, m_position - m_copied).append(kLineEnd);
-        m_copied = m_position;
-        notePlace();
-    }
-
-    void notePlace() {
-        if (m_places)
-            m_places->add(m_copied, m_folded.size());
-    }
-
     std::string_view m_text;
-    PlaceMap *m_places;
-    std::string m_folded;
+    OnBreak m_onBreak;
     std::size_t m_position = 0;
-    std::size_t m_copied = 0;
     std::size_t m_lineEnd = std::string_view::npos;
-    std::ptrdiff_t m_column = 1;
+    std::ptrdiff_t m_column;
 };
 
 } // namespace
 
 std::optional<std::string> foldLines(std::string_view text, const Progress &progress, PlaceMap *places) {
-    Folder folder(text, places);
+    std::string folded;
+    folded.reserve(text.size() + text.size() / 8);
+    std::size_t copied = 0;
+    FoldWalk walk(text, kFirstColumn, [&](std::size_t place) {
+        folded.append(text, copied, place - copied).append(kLineEnd);
+        copied = place;
+        if (places)
+            places->add(copied, folded.size());
+    });
     Reporter reporter(progress, text.size());
-    while (!folder.atEnd()) {
-        if (!reporter.goOn(folder.position()))
+    while (!walk.atEnd()) {
+        if (!reporter.goOn(walk.position()))
             return std::nullopt;
-        folder.takeCharacter();
+        walk.takeCharacter();
     }
-    return folder.finish();
+    folded.append(text, copied);
+    return folded;
+}
+
+LineFolds foldsOfLine(std::string_view line, std::ptrdiff_t column) {
+    LineFolds folds;
+    // Marks without digits take columns back, so that the next fold is further away.
+    const auto marks = static_cast<std::size_t>(std::count(line.begin(), line.end(), kCellMark));
+    const std::string longer = std::string(line) + std::string(2 * kColumns + kCellLength * marks, ' ');
+    FoldWalk walk(longer, column, [&](std::size_t place) { folds.places.push_back(place); });
+    while (!walk.atEnd() && (folds.places.empty() || folds.places.back() < line.size()))
+        walk.takeCharacter();
+
+    const std::string ended = std::string(line).append(kLineEnd);
+    FoldWalk whole(ended, column, [](std::size_t) {});
+    while (!whole.atEnd())
+        whole.takeCharacter();
+    folds.columnBehind = whole.column();
+    return folds;
+}
+
+std::size_t visibleColumns(std::string_view line) {
+    std::size_t columns = 0;
+    for (std::size_t i = 0; i < line.size();) {
+        if (line[i] == kCellMark) {
+            i += kCellLength;
+        } else if (line[i] == kStyleMark && i + 1 < line.size() && styleOfLetter(line[i + 1])) {
+            i += 2;
+        } else {
+            ++columns;
+            ++i;
+        }
+    }
+    return columns;
 }
 
 } // namespace zolt
