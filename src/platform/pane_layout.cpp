@@ -2,12 +2,15 @@
 
 #include "platform/held_text.h"
 
+#include <QPalette>
+#include <QScopedValueRollback>
 #include <QTextDocument>
 #include <QTextLayout>
 #include <QWidget>
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <utility>
 
 namespace zolt {
 
@@ -30,15 +33,73 @@ QString shownText(const QTextBlock &block) {
     return text;
 }
 
+/// Qt counts a ligature as one column.
+void setCharacters(QTextLine &line, int characters, qreal width) {
+    int columns = characters;
+    do
+        line.setNumColumns(columns, width);
+    while (line.textLength() > characters && --columns > 0);
+}
+
 } // namespace
 
 PaneLayout::PaneLayout(QTextDocument *document, const QWidget *view, bool wraps)
-    : QPlainTextDocumentLayout(document), m_view(view), m_wraps(wraps) {}
+    : QPlainTextDocumentLayout(document), m_view(view), m_wraps(wraps), m_look(*document) {
+    connect(document, &QTextDocument::contentsChange, this, &PaneLayout::noteContents);
+}
+
+void PaneLayout::setShows(const PaneShows &shows) {
+    m_look.setShows(shows);
+    countAllLines();
+}
 
 void PaneLayout::layOut(const QTextBlock &block) const {
-    QTextLayout *layout = block.layout();
-    if (layout->lineCount() > 0)
+    if (block.layout()->lineCount() > 0)
         return;
+    for (const auto width : {PaneLook::Natural, PaneLook::Squeezed, PaneLook::Plain}) {
+        setFormats(block, lookOf(block, width));
+        if (makeLines(block))
+            break;
+    }
+    if (!m_wraps)
+        noteLookWidth(block);
+}
+
+void PaneLayout::refresh(QTextBlock block) const {
+    const PaneLook::Formats formats = block.layout()->formats();
+    for (const auto width : {PaneLook::Natural, PaneLook::Squeezed, PaneLook::Plain}) {
+        if (formats == lookOf(block, width))
+            return;
+        if (!m_wraps)
+            break;
+    }
+    block.clearLayout();
+    layOut(block);
+}
+
+PaneLook::Formats PaneLayout::lookOf(const QTextBlock &block, PaneLook::Width width) const {
+    // An input method has formats of its own there; an edit under way isn't known yet.
+    if (!block.layout()->preeditAreaText().isEmpty() || !m_look.isUpToDate())
+        return block.layout()->formats();
+    const QPalette &colours = m_view->palette();
+    m_look.setGround(document()->defaultFont(), colours.color(QPalette::Text), colours.color(QPalette::Base));
+    return m_look.formatsOf(block, width);
+}
+
+void PaneLayout::setFormats(const QTextBlock &block, const PaneLook::Formats &formats) const {
+    if (block.layout()->formats() == formats)
+        return;
+    block.layout()->setFormats(formats);
+    // Qt takes that for a change, which would add itself to the next one that it tells of.
+    if (m_isInChange)
+        return;
+    const QScopedValueRollback marking(m_marked,
+                                       std::optional(PaneStretch{block.position(), block.length()}));
+    document()->markContentsDirty(block.position(), block.length());
+}
+
+bool PaneLayout::makeLines(const QTextBlock &block) const {
+    QTextLayout *layout = block.layout();
     QTextOption option = document()->defaultTextOption();
     option.setWrapMode(m_wraps ? QTextOption::WrapAnywhere : QTextOption::NoWrap);
     option.setTextDirection(Qt::LeftToRight);
@@ -48,20 +109,32 @@ void PaneLayout::layOut(const QTextBlock &block) const {
     const qreal width = availableWidth() / kUnitsPerPixel;
     QPointF place(document()->documentMargin(), 0);
     qsizetype start = 0;
+    bool fits = true;
     // Qt shapes a paragraph anew for each drawing, or keeps the shapes in memory.
     layout->setCacheEnabled(block.length() > kLongParagraph);
     layout->beginLayout();
     for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
         line.setLeadingIncluded(true);
-        if (m_wraps)
-            line.setNumColumns(static_cast<int>(std::max<qsizetype>(1, lineEnd(text, start) - start)), width);
-        else
+        if (m_wraps) {
+            const int columns = static_cast<int>(std::max<qsizetype>(1, lineEnd(text, start) - start));
+            setCharacters(line, columns, width);
+            fits = fits && (line.textLength() == columns || text.isEmpty());
+        } else {
             line.setLineWidth(kUnlimited);
+        }
         line.setPosition(place);
         place.ry() += line.height();
         start = line.textStart() + line.textLength();
     }
     layout->endLayout();
+    return fits;
+}
+
+void PaneLayout::noteLookWidth(const QTextBlock &block) const {
+    if (block.layout()->formats().isEmpty())
+        return;
+    const auto width = static_cast<qint64>(toUnits(block.layout()->lineAt(0).naturalTextWidth()));
+    m_widestLine = std::max(m_widestLine, width);
 }
 
 void PaneLayout::countAllLines() {
@@ -70,6 +143,22 @@ void PaneLayout::countAllLines() {
         count(block);
     m_reportedSize = documentSize();
     emit documentSizeChanged(m_reportedSize);
+}
+
+bool PaneLayout::hasGrown() const {
+    return documentSize() != m_reportedSize;
+}
+
+bool PaneLayout::reportSize() {
+    if (!hasGrown())
+        return false;
+    m_reportedSize = documentSize();
+    emit documentSizeChanged(m_reportedSize);
+    return true;
+}
+
+qreal PaneLayout::columnWidth() const {
+    return widthOf(u'0') / kUnitsPerPixel;
 }
 
 QRectF PaneLayout::blockBoundingRect(const QTextBlock &block) const {
@@ -89,7 +178,14 @@ QRectF PaneLayout::frameBoundingRect(QTextFrame *) const {
     return QRectF(0, 0, std::max<qreal>(m_view->width(), documentSize().width()), qreal(INT_MAX));
 }
 
-void PaneLayout::documentChanged(int from, int /*removed*/, int added) {
+void PaneLayout::noteContents(int from, int removed, int added) {
+    m_isInChange = true;
+    m_lookChanged = m_look.followChange(from, removed, added);
+}
+
+void PaneLayout::documentChanged(int from, int removed, int added) {
+    if (m_marked == PaneStretch{from, added} && removed == added)
+        return;
     if (m_font != document()->defaultFont())
         measureFont();
 
@@ -104,15 +200,12 @@ void PaneLayout::documentChanged(int from, int /*removed*/, int added) {
         count(last);
     }
 
-    if (const QSizeF size = documentSize(); size != m_reportedSize) {
-        m_reportedSize = size;
-        emit documentSizeChanged(size);
+    const bool changedLook = std::exchange(m_lookChanged, false);
+    if (reportSize() || first != last || changedLook)
         requestUpdate();
-    } else if (first == last) {
+    else
         emit updateBlock(first);
-    } else {
-        requestUpdate();
-    }
+    m_isInChange = false;
 }
 
 void PaneLayout::measureFont() {

@@ -3,11 +3,14 @@
 #include "core/find.h"
 #include "platform/byte_mime.h"
 #include "platform/held_text.h"
+#include "platform/pane_drawing.h"
 #include "platform/pane_layout.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QMimeData>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QResizeEvent>
 #include <QScrollBar>
 #include <QTextBlock>
@@ -50,6 +53,8 @@ TextPane::TextPane(bool wraps, QWidget *parent) : PaneControl(parent) {
     setPaneFont(font());
 
     followDocument();
+    connect(this, &TextPane::cursorPositionChanged, this, &TextPane::followCaret);
+    connect(this, &TextPane::selectionChanged, this, &TextPane::followCaret);
 }
 
 std::string TextPane::bytesBetween(int from, int to) const {
@@ -129,6 +134,13 @@ void TextPane::setColours(const QColor &text, const QColor &background) {
     setPalette(colours);
 }
 
+void TextPane::setShows(const PaneShows &shows) {
+    if (shows == m_layout->look().shows())
+        return;
+    m_layout->setShows(shows);
+    viewport()->update();
+}
+
 QTextLine TextPane::lineOfBlock(const QTextBlock &block, int position) const {
     m_layout->layOut(block);
     const QTextLayout *layout = block.layout();
@@ -159,6 +171,43 @@ void TextPane::resizeEvent(QResizeEvent *event) {
         return;
     m_layout->countAllLines();
     verticalScrollBar()->setValue(lineOfPosition(top));
+}
+
+void TextPane::paintEvent(QPaintEvent *event) {
+    if (m_layout->look().shows() != PaneShows{})
+        drawBeneath(event->rect());
+    QPlainTextEdit::paintEvent(event);
+    if (m_layout->hasGrown())
+        QMetaObject::invokeMethod(m_layout, &PaneLayout::reportSize, Qt::QueuedConnection);
+}
+
+void TextPane::drawBeneath(const QRect &part) {
+    m_layout->setSelection({textCursor().selectionStart(), textCursor().selectionEnd()});
+    if (part.contains(viewport()->rect()))
+        m_showsCells = false;
+    QPainter painter(viewport());
+    PaneDrawing drawing(painter, *m_layout, palette().color(QPalette::Text), part);
+    QPointF place = contentOffset();
+    for (QTextBlock block = firstVisibleBlock(); block.isValid() && place.y() <= part.bottom();
+         block = block.next()) {
+        const qreal bottom = place.y() + blockBoundingRect(block).height();
+        if (bottom >= part.top()) {
+            m_layout->refresh(block);
+            drawing.draw(block, place);
+            m_showsCells = m_showsCells || PaneLook::hasCells(block);
+        }
+        place.setY(bottom);
+    }
+}
+
+void TextPane::followCaret() {
+    if (m_showsCells && m_layout->look().shows().pictures)
+        viewport()->update(); // the cells around the caret show as characters
+    if (!m_layout->wraps() && m_layout->look().shows().styles) {
+        m_layout->layOut(textCursor().block());
+        if (m_layout->reportSize())
+            ensureCursorVisible();
+    }
 }
 
 void TextPane::noteContents(int from, int end) {

@@ -12,6 +12,7 @@ class QTextLine;
 namespace zolt {
 
 class PaneLayout;
+struct PaneShows;
 
 /// The plain text box of the windows. Pasted and dropped characters become bytes as typed
 /// ones do; any line end from outside gives CR LF. Files, dropped or pasted, are not taken.
@@ -50,6 +51,9 @@ public:
     /// characters, is taken from the font ZOLT.
     void setPaneFont(const QFont &font);
     void setColours(const QColor &text, const QColor &background);
+    /// What shows beside the characters, nothing at first. It moves none of them to another
+    /// display line.
+    void setShows(const PaneShows &shows);
 
 protected:
     std::string bytesBetween(int from, int to) const override;
@@ -59,6 +63,7 @@ protected:
     void finishChange() override;
 
     void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     QMimeData *createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
@@ -70,6 +75,10 @@ private:
     QTextLine lineOfBlock(const QTextBlock &block, int position) const;
     int lineOfPosition(int position) const;
 
+    /// Gives what is in a part of the view its look, and draws what stands beneath the text.
+    void drawBeneath(const QRect &part);
+    void followCaret();
+
     /// One undo step; the caret goes behind the new bytes if no place is given.
     void replaceRange(int from, int to, std::string_view bytes, std::optional<int> caret);
     /// Makes line ends of the lone CRs at the positions and the lone LFs that a
@@ -77,6 +86,7 @@ private:
     void joinLineEnds(const std::vector<int> &positions);
 
     PaneLayout *m_layout;             // the document's
+    bool m_showsCells = false;        // the view has picture cells
     std::vector<int> m_splitLineEnds; // positions of such CRs in the change under way
 };
 

@@ -1,3 +1,4 @@
+#include "platform/pane_look.h"
 #include "platform/text_pane.h"
 
 #include "platform/shown.h"
@@ -27,7 +28,9 @@ std::string randomLines(std::mt19937 &random, int pieces) {
                                           "longlonglonglonglong",
                                           "f-i/x ",
                                           "\r",
-                                          "(fi ffl AV) "};
+                                          "(fi ffl AV) ",
+                                          "\vBbold",
+                                          "\vDdouble size "};
     std::string text;
     for (int i = 0; i < pieces; ++i)
         text += kPieces[random() % std::size(kPieces)];
@@ -71,10 +74,16 @@ TEST(TextPaneLines, AreThoseThatAreDrawnInEitherPaneAndAnyFont) {
     std::mt19937 random(4);
     for (const bool wraps : {true, false}) {
         for (const char *family : {kFixedFont, kProportionalFont}) {
+            TallPane plain(wraps, family);
             TallPane tall(wraps, family);
+            tall.pane.setShows({.styles = true, .pictures = true, .limit = true});
             for (int round = 0; round < 4; ++round) {
                 tall.pane.setText(randomLines(random, 60));
                 expectLinesAsDrawn(tall.pane);
+                plain.pane.setText(tall.pane.Text());
+                EXPECT_EQ(tall.pane.displayLineCount(), plain.pane.displayLineCount());
+                for (qsizetype offset = 0; offset <= plain.pane.length(); ++offset)
+                    ASSERT_EQ(tall.pane.lineOfOffset(offset), plain.pane.lineOfOffset(offset));
             }
         }
     }
@@ -117,6 +126,7 @@ TEST(TextPaneLines, StayRightThroughEditsUndoResizesAndFonts) {
     std::mt19937 random(5);
     zolt::test::Shown<TextPane> shown(randomLines(random, 40));
     TextPane &pane = shown.box;
+    pane.setShows({.styles = true, .pictures = true, .limit = true});
     pane.resize(240, 6000);
     const auto caretNow = [&] {
         return std::tuple{pane.length(), pane.lineOfOffset(pane.selEnd()), pane.lineStartOfCaret()};

@@ -1,0 +1,198 @@
+#include "platform/pane_look.h"
+
+#include "platform/colours.h"
+#include "platform/held_text.h"
+
+#include <QFontMetricsF>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <algorithm>
+
+namespace zolt {
+
+namespace {
+
+constexpr int kLongestLook = 20'000;      // characters of a paragraph
+constexpr qsizetype kMostFormats = 2'000; // of a paragraph
+constexpr double kDimPart = 0.45;         // of the text's colour
+constexpr double kLimitPart = 0.3;
+
+constexpr QRgb kWarningOnLight = 0xFFC00020;
+constexpr QRgb kWarningOnDark = 0xFFFF8A80;
+constexpr int kIsPicture = QTextFormat::UserProperty;
+
+QColor mixed(const QColor &over, const QColor &under, double part) {
+    const auto mix = [part](float one, float other) {
+        return static_cast<float>(part * one + (1 - part) * other);
+    };
+    return QColor::fromRgbF(mix(over.redF(), under.redF()), mix(over.greenF(), under.greenF()),
+                            mix(over.blueF(), under.blueF()));
+}
+
+/// The bytes of a part of the document, a line end being one character.
+std::string bytesOf(const QTextDocument &document, int from, int to) {
+    std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(std::max(0, to - from)));
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < to;
+         block = block.next()) {
+        const QString text = block.text();
+        const qsizetype begin = std::max(0, from - block.position());
+        const qsizetype end = std::min<qsizetype>(text.size(), to - block.position());
+        for (qsizetype i = begin; i < end; ++i)
+            bytes += static_cast<char>(byteOfHeldCharacter(text[i]));
+        if (to - block.position() > text.size())
+            bytes += '\n';
+    }
+    return bytes;
+}
+
+char byteAt(const QTextDocument &document, int position) {
+    if (position < 0 || position >= document.characterCount() - 1)
+        return '\0';
+    const QChar character = document.characterAt(position);
+    return character == QChar::ParagraphSeparator ? '\n' : static_cast<char>(byteOfHeldCharacter(character));
+}
+
+bool isCell(QStringView text) {
+    return text.size() >= qsizetype(kCellLength) &&
+           byteOfHeldCharacter(text.front()) == static_cast<unsigned char>(kCellMark) &&
+           std::all_of(text.begin() + 1, text.begin() + kCellLength, [](QChar digit) {
+               return hexDigitValue(static_cast<char>(byteOfHeldCharacter(digit))) >= 0;
+           });
+}
+
+/// With all of the font: Qt takes up kerning where a format says nothing of it.
+QTextCharFormat coloured(const QFont &font, const QColor &colour) {
+    QTextCharFormat format;
+    format.setFont(font);
+    format.setForeground(colour);
+    return format;
+}
+
+} // namespace
+
+void PaneLook::setShows(const PaneShows &shows) {
+    m_shows = shows;
+    readAll();
+}
+
+bool PaneLook::followChange(int from, int removed, int added) {
+    const int length = m_document.characterCount();
+    const bool fits = m_length - removed + added == length && from + added <= length;
+    m_length = length;
+    if (!m_shows.styles)
+        return false;
+    // Qt counts the last line end into a change that reaches it.
+    const int end = std::min(from + added, length - 1);
+    const int gone = std::min(removed, static_cast<int>(m_runs.size()) - from);
+    if (!fits || gone < 0) {
+        readAll();
+        return true;
+    }
+    return m_runs.replaced(static_cast<std::size_t>(from), static_cast<std::size_t>(gone),
+                           bytesOf(m_document, from, end), byteAt(m_document, from - 1),
+                           byteAt(m_document, end));
+}
+
+bool PaneLook::isUpToDate() const {
+    return m_length == m_document.characterCount();
+}
+
+void PaneLook::readAll() {
+    m_length = m_document.characterCount();
+    m_runs = StyleRuns();
+    if (m_shows.styles)
+        m_runs.replaced(0, 0, bytesOf(m_document, 0, m_length - 1), '\0', '\0');
+}
+
+void PaneLook::setGround(const QFont &font, const QColor &text, const QColor &background) {
+    if (m_font == font && m_text == text && m_background == background)
+        return;
+    m_font = font;
+    m_text = text;
+    m_background = background;
+    makeFormats();
+}
+
+void PaneLook::makeFormats() {
+    m_limit = mixed(m_text, m_background, kLimitPart);
+    m_codeFormat = coloured(*m_font, mixed(m_text, m_background, kDimPart));
+    m_warningFormat =
+        coloured(*m_font, QColor(readableOn(m_background) == Qt::black ? kWarningOnLight : kWarningOnDark));
+    m_pictureFormat = coloured(*m_font, Qt::transparent);
+    m_pictureFormat.setProperty(kIsPicture, true);
+    for (const StyleCode &code : kStyleCodes)
+        for (const Width width : {Natural, Squeezed})
+            m_styleFormats[width][static_cast<std::size_t>(code.style)] = formatOfStyle(code.style, width);
+}
+
+QTextCharFormat PaneLook::formatOfStyle(Style style, Width width) const {
+    const std::string_view name = fontOfStyle(style);
+    QFont font = *m_font;
+    font.setFamilies(QStringList(QString::fromLatin1(name.data(), qsizetype(name.size()))) +
+                     m_font->families());
+    const auto advance = [](const QFont &of) { return QFontMetricsF(of).horizontalAdvance(u'0'); };
+    if (const double part = advance(*m_font) / advance(font); width == Squeezed && part < 1)
+        font.setStretch(std::max(1, static_cast<int>(100 * part)));
+    QTextCharFormat format;
+    format.setFont(font);
+    return format;
+}
+
+bool PaneLook::isShort(const QTextBlock &block) {
+    return block.length() <= kLongestLook;
+}
+
+PaneLook::Formats PaneLook::formatsOf(const QTextBlock &block, Width width) const {
+    Formats formats;
+    if (!isShort(block))
+        return formats;
+    const auto add = [&](std::size_t begin, std::size_t end, const QTextCharFormat &format) {
+        formats.append({static_cast<int>(begin), static_cast<int>(end - begin), format});
+    };
+    const auto start = static_cast<std::size_t>(block.position());
+    if (m_shows.styles) {
+        const std::size_t end = start + static_cast<std::size_t>(block.length() - 1);
+        for (const StyleRuns::Span &span : m_runs.between(start, end)) {
+            if (span.kind == StyleRuns::Span::Codes)
+                add(span.begin - start, span.end - start, m_codeFormat);
+            else if (span.kind != StyleRuns::Span::Text)
+                add(span.begin - start, span.end - start, m_warningFormat);
+            else if (span.style != Style::Plain && width != Plain)
+                add(span.begin - start, span.end - start,
+                    m_styleFormats[width][static_cast<std::size_t>(span.style)]);
+        }
+    }
+    for (const PaneStretch &run : m_shows.pictures ? cellRuns(block) : std::vector<PaneStretch>())
+        if (!isInUse(block, run))
+            add(static_cast<std::size_t>(run.begin), static_cast<std::size_t>(run.end), m_pictureFormat);
+    if (formats.size() > kMostFormats)
+        formats.clear();
+    return formats;
+}
+
+bool PaneLook::isPicture(const QTextLayout::FormatRange &range) {
+    return range.format.hasProperty(kIsPicture);
+}
+
+bool PaneLook::isInUse(const QTextBlock &block, PaneStretch run) const {
+    return m_selection.begin <= block.position() + run.end && m_selection.end >= block.position() + run.begin;
+}
+
+std::vector<PaneStretch> PaneLook::cellRuns(const QTextBlock &block) {
+    static const QChar kMark = heldText(std::string(1, kCellMark)).front();
+    std::vector<PaneStretch> runs;
+    const QString text = block.text();
+    for (qsizetype i = text.indexOf(kMark); i >= 0; i = text.indexOf(kMark, i + 1)) {
+        qsizetype end = i;
+        while (isCell(QStringView(text).sliced(end)))
+            end += qsizetype(kCellLength);
+        if (end == i)
+            continue;
+        runs.push_back({static_cast<int>(i), static_cast<int>(end)});
+        i = end - 1;
+    }
+    return runs;
+}
+
+} // namespace zolt
