@@ -25,6 +25,9 @@ constexpr Flag kFlags[] = {
     {"KeepThrownAway", &ExtraSettings::keepsThrownAway},
     {"LivePreview", &ExtraSettings::showsLivePreview},
     {"LivePreviewBelow", &ExtraSettings::livePreviewIsBelow},
+    {"ShowStyles", &ExtraSettings::showsStyles},
+    {"ShowPictures", &ExtraSettings::showsPictures},
+    {"ShowColumnLimit", &ExtraSettings::showsColumnLimit},
 };
 
 constexpr Number kNumbers[] = {

@@ -16,6 +16,11 @@ struct ExtraSettings {
     int livePreviewSize = 0;
     /// The documents that were opened or saved last, newest first, as file system bytes.
     std::vector<std::string> recentFiles;
+    /// What the panes of the textual edition show beside the characters: styles, pictures
+    /// as dots, and where the calculator breaks lines.
+    bool showsStyles = true;
+    bool showsPictures = true;
+    bool showsColumnLimit = true;
 
     bool operator==(const ExtraSettings &) const = default;
 };

@@ -1,4 +1,5 @@
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -83,6 +84,36 @@ TEST_F(TextWindow, TheToolbarsListsGiveTheKeyboardBack) {
             EXPECT_TRUE(waitFor([&] { return pane().hasFocus(); })) << name;
         }
     }
+}
+
+TEST_F(TextWindow, ShowsStylesPicturesAndTheLimitUntilTheMenuSaysNo) {
+    const auto shown = [&](int number) {
+        // Only one pane shows; the other one is drawn all the same.
+        TextPane &each = m_window->textPane(number);
+        each.setCursorWidth(0);
+        each.setText(withMarks("@Bbold@B\r\n#123456\r\nplain\r\n"));
+        each.setSelStart(each.length());
+        return each.viewport()->grab().toImage().copy(0, 0, 300, 80);
+    };
+    const auto isOn = [&](const char *item) { return m_window->menuItem(item)->isChecked(); };
+    std::string kept = "KeepThrownAway=True\n";
+    for (const auto &[item, line] : {std::pair{"MnuVerMostrarestilos", "ShowStyles=False\n"},
+                                     std::pair{"MnuVerMostrarfiguras", "ShowPictures=False\n"},
+                                     std::pair{"MnuVerMostrarlimite", "ShowColumnLimit=False\n"}}) {
+        EXPECT_TRUE(isOn(item));
+        const QImage before[] = {shown(1), shown(2)};
+        m_window->menuItem(item)->trigger();
+        EXPECT_NE(shown(1), before[0]) << item;
+        EXPECT_NE(shown(2), before[1]) << item;
+        kept += line;
+    }
+    EXPECT_EQ(fileBytes("ZOLT.more"), kept);
+    const QImage bare = shown(1);
+    restart();
+    EXPECT_EQ(shown(1), bare);
+    m_window->menuItem("MnuVerMostrarlimite")->trigger();
+    EXPECT_TRUE(isOn("MnuVerMostrarlimite"));
+    EXPECT_NE(shown(1), bare);
 }
 
 } // namespace

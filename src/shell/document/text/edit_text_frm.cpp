@@ -1,9 +1,12 @@
 #include "shell/document/text/edit_text_frm.h"
 
 #include "core/document.h"
+#include "core/extra_settings.h"
 #include "platform/held_text.h"
+#include "platform/pane_look.h"
 #include "platform/text_pane.h"
 #include "shell/base/shared_values.h"
+#include "shell/base/status_line.h"
 #include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/document/text/edit_text_fullscreen_frm.h"
 #include "shell/exports/edit_text_guardar_hp_frm.h"
@@ -11,6 +14,27 @@
 #include "shell/symbols/symbol_frm.h"
 
 namespace zolt {
+
+namespace {
+
+/// A thing that the panes show or don't, by its item in the menu.
+struct Show {
+    const char *item;
+    bool ExtraSettings::*setting;
+    bool PaneShows::*inPane;
+};
+
+constexpr Show kShows[] = {
+    {"MnuVerMostrarestilos", &ExtraSettings::showsStyles, &PaneShows::styles},
+    {"MnuVerMostrarfiguras", &ExtraSettings::showsPictures, &PaneShows::pictures},
+    {"MnuVerMostrarlimite", &ExtraSettings::showsColumnLimit, &PaneShows::limit},
+};
+
+std::string extraSettingsPath() {
+    return shared::programFolder + "/ZOLT.more";
+}
+
+} // namespace
 
 const Edition &EditTextFrm::edition() {
     static const Edition text{
@@ -30,6 +54,7 @@ const Edition &EditTextFrm::edition() {
 
 EditTextFrm::EditTextFrm(QWidget *frame) : DocumentFrm(edition(), frame) {
     DocumentFrm::begin();
+    readShows();
 }
 
 void EditTextFrm::begin(const std::string &text, const QString &caption) {
@@ -85,6 +110,39 @@ void EditTextFrm::copyDocument(const Pane &from, Pane &to) {
 
 FullscreenFrm &EditTextFrm::loadFullscreen() {
     return load<EditTextFullscreenFrm>(&frame());
+}
+
+void EditTextFrm::readShows() {
+    const ExtraSettings settings = readExtraSettings(extraSettingsPath());
+    for (const Show &show : kShows)
+        menuItem(show.item)->setChecked(settings.*show.setting);
+    applyShows();
+}
+
+void EditTextFrm::keepShows() {
+    ExtraSettings settings = readExtraSettings(extraSettingsPath());
+    for (const Show &show : kShows)
+        settings.*show.setting = menuItem(show.item)->isChecked();
+    savedOrSaid(extraSettingsPath(), writeExtraSettings(extraSettingsPath(), settings));
+    applyShows();
+}
+
+void EditTextFrm::applyShows() {
+    PaneShows shows;
+    for (const Show &show : kShows)
+        shows.*show.inPane = menuItem(show.item)->isChecked();
+    for (const int number : {1, 2})
+        textPane(number).setShows(shows);
+}
+
+void EditTextFrm::MnuVerMostrarestilos() {
+    keepShows();
+}
+void EditTextFrm::MnuVerMostrarfiguras() {
+    keepShows();
+}
+void EditTextFrm::MnuVerMostrarlimite() {
+    keepShows();
 }
 
 void EditTextFrm::TesteDeIntegridade() {

@@ -57,6 +57,11 @@ public slots:
     void VerPrévisualizarselecçãoComquebrasdelinha();
     void VerPrévisualizarselecçãoEstiloHP48();
 
+    /// What the panes show beside the characters follows the items' checks, and is kept.
+    void MnuVerMostrarestilos();
+    void MnuVerMostrarfiguras();
+    void MnuVerMostrarlimite();
+
 protected:
     std::string fileOf(std::string stored) const override;
     void takeFileBytes(Pane &pane, std::string_view bytes) override;
@@ -76,6 +81,11 @@ private:
     /// The panes' font as the settings have it.
     static QFont fontOfSettings();
     void applyPaneFont();
+    /// What the panes show beside the characters: as the settings have it, and kept in
+    /// them and shown as the menu's checks have it.
+    void readShows();
+    void keepShows();
+    void applyShows();
     /// Takes a font into the settings, both panes and the frame's lists.
     void chooseFont(const QFont &font);
 

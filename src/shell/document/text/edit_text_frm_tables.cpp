@@ -61,6 +61,14 @@ const QList<MenuRow> kPopUpPreviewRows{
      nullptr, "preview-hp48"},
 };
 
+const QList<MenuRow> kShowRows{
+    {1, "MnuVerSeparador3", "-"},
+    {1, "MnuVerMostrarestilos", "Show st&yles", "MnuVerMostrarestilos", nullptr, nullptr, MenuRow::Checked},
+    {1, "MnuVerMostrarfiguras", "Show &pictures", "MnuVerMostrarfiguras", nullptr, nullptr, MenuRow::Checked},
+    {1, "MnuVerMostrarlimite", "Show column &limit", "MnuVerMostrarlimite", nullptr, nullptr,
+     MenuRow::Checked},
+};
+
 const QList<MenuRow> kInsertRows =
     QList<MenuRow>{
         {0, "MnuInserir", "&Insert"},
@@ -107,7 +115,7 @@ const QList<MenuRow> kToolRows{
 const QList<MenuRow> &textMenuTable() {
     static const QList<MenuRow> table = fileRows() + kExportRows + printRows() + kSendRows + kIntegrityRows +
                                         exitRows() + editRows() + viewRows() + kPreviewRows +
-                                        fullScreenRows() + kInsertRows + kFormatRows + kToolRows +
+                                        fullScreenRows() + kShowRows + kInsertRows + kFormatRows + kToolRows +
                                         optionsRows() + windowMenuRows(true) + helpRows();
     return table;
 }
