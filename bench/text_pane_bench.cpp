@@ -1,12 +1,16 @@
 // Times of the text pane in long documents: until one is shown, and until a
-// typed key has been painted and the status bar's questions are answered.
+// typed key has been painted and the status bar's questions are answered; with all
+// that the pane can show beside the characters, and without.
+// An argument is what the names of the documents wanted hold.
 // Runs on any Qt platform; without a display: QT_QPA_PLATFORM=offscreen.
 
+#include "platform/pane_look.h"
 #include "platform/text_pane.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QWindow>
 #include <algorithm>
 #include <cstdio>
@@ -29,25 +33,66 @@ std::string documentOfLines(std::size_t columns) {
     return text;
 }
 
+std::string documentOf(const std::string &line) {
+    std::string text;
+    text.reserve(kDocumentBytes + line.size());
+    while (text.size() < kDocumentBytes)
+        text += line;
+    return text;
+}
+
+const std::string kStyled = "Some \x0B"
+                            "Bbold\x0B"
+                            "B, \x0BVinverse\x0BV and \x0BUopen words\r\n"
+                            "\x9E"
+                            "F99F00\x9E"
+                            "0000F1\x9E"
+                            "123456\x9E"
+                            "ABCDEF\r\n";
+const std::string kCodes = "\x0B"
+                           "B\x0BV\x0BU\x0BI\x0B"
+                           "E\x0BV\x0BU\x0BI\x0B"
+                           "E\x0B/\x0B|\x0B|\x0B/\x0BU\x0BU\x0BU\r\n";
+
+std::string longLine(std::size_t length) {
+    std::string line;
+    while (line.size() < length)
+        line.append(kStyled, 0, kStyled.find('\r'));
+    return line.substr(0, length) + "\r\n";
+}
+
 double milliseconds(const QElapsedTimer &timer) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
 qsizetype g_answers = 0; // so that no question is left out
+std::string g_wanted;    // in the names of the documents that are measured
 
-double keyTime(zolt::TextPane &pane) {
+double pageTime(zolt::TextPane &pane) {
     QElapsedTimer timer;
     timer.start();
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+    pane.verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+    pane.viewport()->repaint();
+    return milliseconds(timer);
+}
+
+double keyTime(zolt::TextPane &pane, const QString &typed) {
+    QElapsedTimer timer;
+    timer.start();
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, typed);
     QApplication::sendEvent(&pane, &press);
     g_answers += pane.lineOfOffset(pane.selEnd()) + pane.lineStartOfCaret() + pane.length();
     pane.viewport()->repaint(); // all of the view, more than a key asks for
     return milliseconds(timer);
 }
 
-void measure(const char *name, const std::string &text, bool wraps) {
+void measure(const std::string &name, const std::string &text, bool wraps,
+             const zolt::PaneShows &shows = {}) {
+    if (name.find(g_wanted) == std::string::npos)
+        return;
     zolt::TextPane pane(wraps);
     pane.resize(800, 600);
+    pane.setShows(shows);
     pane.setPaneFont(QFont(QStringLiteral("Liberation Mono"), 10));
     QElapsedTimer timer;
     timer.start();
@@ -61,8 +106,9 @@ void measure(const char *name, const std::string &text, bool wraps) {
     timer.restart();
     const int lines = pane.displayLineCount();
     const double counted = milliseconds(timer);
-    std::printf("%-22s %-7s set %6.0f ms, shown %6.0f ms, %d lines counted %6.1f ms\n", name,
-                wraps ? "wraps" : "doesn't", set, shown, lines, counted);
+    std::printf("%s%-22s %-7s set %6.0f ms, shown %6.0f ms, %d lines counted %6.1f ms\n",
+                shows.styles ? "with looks: " : "", name.c_str(), wraps ? "wraps" : "doesn't", set, shown,
+                lines, counted);
 
     const struct {
         const char *name;
@@ -75,12 +121,19 @@ void measure(const char *name, const std::string &text, bool wraps) {
         const double jump = milliseconds(timer);
         std::vector<double> times;
         for (int i = 0; i < 30; ++i)
-            times.push_back(keyTime(pane));
+            times.push_back(keyTime(pane, i % 2 ? QStringLiteral("B") : QString(QChar(0xE00B))));
         const double first = times.front();
         std::sort(times.begin(), times.end());
         std::printf("    key at the %-7s jump %7.2f ms, first %7.2f ms, median %6.2f ms, worst %7.2f ms\n",
                     place.name, jump, first, times[times.size() / 2], times.back());
     }
+    std::vector<double> pages;
+    pane.setSelStart(pane.length() / 2);
+    for (int i = 0; i < 30; ++i)
+        pages.push_back(pageTime(pane));
+    std::sort(pages.begin(), pages.end());
+    std::printf("    a page in the middle: median %6.2f ms, worst %7.2f ms\n", pages[pages.size() / 2],
+                pages.back());
     timer.restart();
     pane.resize(700, 600);
     QApplication::processEvents(); // the view's own resize comes by an event
@@ -107,9 +160,17 @@ void measure(const char *name, const std::string &text, bool wraps) {
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
+    g_wanted = argc > 1 ? argv[1] : "";
     for (const bool wraps : {false, true}) {
         measure("10 MB, 33 columns", documentOfLines(33), wraps);
         measure("10 MB, 300 columns", documentOfLines(300), wraps);
         measure("one line of 1 MB", std::string(1'000'000, 'x'), wraps);
+        for (const zolt::PaneShows &shows : {zolt::PaneShows{}, zolt::PaneShows{true, true, true}}) {
+            measure("10 MB, 33 columns", documentOfLines(33), wraps, shows);
+            measure("10 MB of styles, cells", documentOf(kStyled), wraps, shows);
+            measure("10 MB of codes", documentOf(kCodes), wraps, shows);
+            for (const std::size_t length : {2'000, 19'000})
+                measure("lines of " + std::to_string(length), documentOf(longLine(length)), wraps, shows);
+        }
     }
 }

@@ -19,6 +19,7 @@ namespace {
 constexpr qreal kUnitsPerPixel = 64; // the precision of Qt's own layout
 constexpr qreal kUnlimited = INT_MAX;
 constexpr int kLongParagraph = 10'000; // characters
+constexpr qsizetype kManyFormats = 50; // of a paragraph
 
 int toUnits(qreal pixels) {
     return static_cast<int>(std::lround(pixels * kUnitsPerPixel));
@@ -111,7 +112,7 @@ bool PaneLayout::makeLines(const QTextBlock &block) const {
     qsizetype start = 0;
     bool fits = true;
     // Qt shapes a paragraph anew for each drawing, or keeps the shapes in memory.
-    layout->setCacheEnabled(block.length() > kLongParagraph);
+    layout->setCacheEnabled(block.length() > kLongParagraph || layout->formats().size() > kManyFormats);
     layout->beginLayout();
     for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
         line.setLeadingIncluded(true);

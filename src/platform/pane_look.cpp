@@ -12,9 +12,9 @@ namespace zolt {
 
 namespace {
 
-constexpr int kLongestLook = 20'000;      // characters of a paragraph
-constexpr qsizetype kMostFormats = 2'000; // of a paragraph
-constexpr double kDimPart = 0.45;         // of the text's colour
+constexpr int kLongestLook = 20'000;    // characters of a paragraph
+constexpr qsizetype kMostFormats = 500; // of a paragraph
+constexpr double kDimPart = 0.45;       // of the text's colour
 constexpr double kLimitPart = 0.3;
 
 constexpr QRgb kWarningOnLight = 0xFFC00020;
