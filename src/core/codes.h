@@ -76,6 +76,16 @@ constexpr int hexDigitValue(char c) {
     return -1;
 }
 
+/// Whether a whole picture cell stands at the start of a text.
+constexpr bool beginsWithCell(std::string_view text) {
+    if (text.size() < kCellLength || text.front() != kCellMark)
+        return false;
+    for (const char digit : text.substr(1, kCellLength - 1))
+        if (hexDigitValue(digit) < 0)
+            return false;
+    return true;
+}
+
 inline constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
 } // namespace zolt

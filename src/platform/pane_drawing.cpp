@@ -27,26 +27,20 @@ bool hasDoubleSize(std::string_view line) {
     return line.find(std::string{kStyleMark, 'D'}) != std::string_view::npos;
 }
 
-bool isCell(std::string_view text) {
-    return text.size() >= kCellLength && text.front() == kCellMark &&
-           std::all_of(text.begin() + 1, text.begin() + kCellLength,
-                       [](char digit) { return hexDigitValue(digit) >= 0; });
-}
-
 /// Whether a line is a picture's: cells side by side, or cells and blanks alone. A symbol
 /// in a text is a cell too.
 bool isPictureRow(std::string_view line) {
     bool hasCells = false;
     bool hasText = false;
     for (std::size_t i = 0; i < line.size();) {
-        if (!isCell(line.substr(i))) {
+        if (!beginsWithCell(line.substr(i))) {
             hasText = hasText || line[i] != ' ';
             ++i;
             continue;
         }
         hasCells = true;
         i += kCellLength;
-        if (isCell(line.substr(i)))
+        if (beginsWithCell(line.substr(i)))
             return true;
     }
     return hasCells && !hasText;

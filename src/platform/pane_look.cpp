@@ -53,14 +53,6 @@ char byteAt(const QTextDocument &document, int position) {
     return character == QChar::ParagraphSeparator ? '\n' : static_cast<char>(byteOfHeldCharacter(character));
 }
 
-bool isCell(QStringView text) {
-    return text.size() >= qsizetype(kCellLength) &&
-           byteOfHeldCharacter(text.front()) == static_cast<unsigned char>(kCellMark) &&
-           std::all_of(text.begin() + 1, text.begin() + kCellLength, [](QChar digit) {
-               return hexDigitValue(static_cast<char>(byteOfHeldCharacter(digit))) >= 0;
-           });
-}
-
 /// With all of the font: Qt takes up kerning where a format says nothing of it.
 QTextCharFormat coloured(const QFont &font, const QColor &colour) {
     QTextCharFormat format;
@@ -77,15 +69,14 @@ void PaneLook::setShows(const PaneShows &shows) {
 }
 
 bool PaneLook::followChange(int from, int removed, int added) {
-    const int length = m_document.characterCount();
-    const bool fits = m_length - removed + added == length && from + added <= length;
-    m_length = length;
+    m_length = m_document.characterCount();
     if (!m_shows.styles)
         return false;
     // Qt counts the last line end into a change that reaches it.
-    const int end = std::min(from + added, length - 1);
-    const int gone = std::min(removed, static_cast<int>(m_runs.size()) - from);
-    if (!fits || gone < 0) {
+    const int size = static_cast<int>(m_runs.size());
+    const int end = std::min(from + added, m_length - 1);
+    const int gone = std::min(removed, size - from);
+    if (gone < 0 || end < from || size - gone + (end - from) != m_length - 1) {
         readAll();
         return true;
     }
@@ -181,16 +172,19 @@ bool PaneLook::isInUse(const QTextBlock &block, PaneStretch run) const {
 
 std::vector<PaneStretch> PaneLook::cellRuns(const QTextBlock &block) {
     static const QChar kMark = heldText(std::string(1, kCellMark)).front();
-    std::vector<PaneStretch> runs;
     const QString text = block.text();
-    for (qsizetype i = text.indexOf(kMark); i >= 0; i = text.indexOf(kMark, i + 1)) {
-        qsizetype end = i;
-        while (isCell(QStringView(text).sliced(end)))
-            end += qsizetype(kCellLength);
-        if (end == i)
-            continue;
-        runs.push_back({static_cast<int>(i), static_cast<int>(end)});
-        i = end - 1;
+    if (!text.contains(kMark))
+        return {};
+    const std::string bytes = bytesOfHeldText(text);
+    const std::string_view view = bytes;
+    std::vector<PaneStretch> runs;
+    for (std::size_t i = view.find(kCellMark); i != std::string_view::npos; i = view.find(kCellMark, i)) {
+        std::size_t end = i;
+        while (beginsWithCell(view.substr(end)))
+            end += kCellLength;
+        if (end > i)
+            runs.push_back({static_cast<int>(i), static_cast<int>(end)});
+        i = std::max(end, i + 1);
     }
     return runs;
 }
