@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QTest>
 #include <QTextCursor>
+#include <QWidget>
 #include <functional>
 #include <random>
 #include <string_view>
