@@ -97,9 +97,9 @@ TEST_F(TextWindow, ShowsStylesPicturesAndTheLimitUntilTheMenuSaysNo) {
     };
     const auto isOn = [&](const char *item) { return m_window->menuItem(item)->isChecked(); };
     std::string kept = "KeepThrownAway=True\n";
-    for (const auto &[item, line] : {std::pair{"MnuVerMostrarestilos", "ShowStyles=False\n"},
-                                     std::pair{"MnuVerMostrarfiguras", "ShowPictures=False\n"},
-                                     std::pair{"MnuVerMostrarlimite", "ShowColumnLimit=False\n"}}) {
+    for (const auto &[item, line] : {std::pair{"MnuVerShowStyles", "ShowStyles=False\n"},
+                                     std::pair{"MnuVerShowPictures", "ShowPictures=False\n"},
+                                     std::pair{"MnuVerShowColumnLimit", "ShowColumnLimit=False\n"}}) {
         EXPECT_TRUE(isOn(item));
         const QImage before[] = {shown(1), shown(2)};
         m_window->menuItem(item)->trigger();
@@ -111,8 +111,8 @@ TEST_F(TextWindow, ShowsStylesPicturesAndTheLimitUntilTheMenuSaysNo) {
     const QImage bare = shown(1);
     restart();
     EXPECT_EQ(shown(1), bare);
-    m_window->menuItem("MnuVerMostrarlimite")->trigger();
-    EXPECT_TRUE(isOn("MnuVerMostrarlimite"));
+    m_window->menuItem("MnuVerShowColumnLimit")->trigger();
+    EXPECT_TRUE(isOn("MnuVerShowColumnLimit"));
     EXPECT_NE(shown(1), bare);
 }
 

@@ -1,12 +1,10 @@
 #include "shell/document/text/edit_text_frm.h"
 
 #include "core/document.h"
-#include "core/extra_settings.h"
 #include "platform/held_text.h"
 #include "platform/pane_look.h"
 #include "platform/text_pane.h"
-#include "shell/base/shared_values.h"
-#include "shell/base/status_line.h"
+#include "shell/base/more_settings.h"
 #include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/document/text/edit_text_fullscreen_frm.h"
 #include "shell/exports/edit_text_guardar_hp_frm.h"
@@ -25,14 +23,10 @@ struct Show {
 };
 
 constexpr Show kShows[] = {
-    {"MnuVerMostrarestilos", &ExtraSettings::showsStyles, &PaneShows::styles},
-    {"MnuVerMostrarfiguras", &ExtraSettings::showsPictures, &PaneShows::pictures},
-    {"MnuVerMostrarlimite", &ExtraSettings::showsColumnLimit, &PaneShows::limit},
+    {"MnuVerShowStyles", &ExtraSettings::showsStyles, &PaneShows::styles},
+    {"MnuVerShowPictures", &ExtraSettings::showsPictures, &PaneShows::pictures},
+    {"MnuVerShowColumnLimit", &ExtraSettings::showsColumnLimit, &PaneShows::limit},
 };
-
-std::string extraSettingsPath() {
-    return shared::programFolder + "/ZOLT.more";
-}
 
 } // namespace
 
@@ -113,17 +107,16 @@ FullscreenFrm &EditTextFrm::loadFullscreen() {
 }
 
 void EditTextFrm::readShows() {
-    const ExtraSettings settings = readExtraSettings(extraSettingsPath());
     for (const Show &show : kShows)
-        menuItem(show.item)->setChecked(settings.*show.setting);
+        menuItem(show.item)->setChecked(extraSettings().*show.setting);
     applyShows();
 }
 
 void EditTextFrm::keepShows() {
-    ExtraSettings settings = readExtraSettings(extraSettingsPath());
-    for (const Show &show : kShows)
-        settings.*show.setting = menuItem(show.item)->isChecked();
-    savedOrSaid(extraSettingsPath(), writeExtraSettings(extraSettingsPath(), settings));
+    changeExtraSettings([this](ExtraSettings &settings) {
+        for (const Show &show : kShows)
+            settings.*show.setting = menuItem(show.item)->isChecked();
+    });
     applyShows();
 }
 
@@ -135,13 +128,13 @@ void EditTextFrm::applyShows() {
         textPane(number).setShows(shows);
 }
 
-void EditTextFrm::MnuVerMostrarestilos() {
+void EditTextFrm::MnuVerShowStyles() {
     keepShows();
 }
-void EditTextFrm::MnuVerMostrarfiguras() {
+void EditTextFrm::MnuVerShowPictures() {
     keepShows();
 }
-void EditTextFrm::MnuVerMostrarlimite() {
+void EditTextFrm::MnuVerShowColumnLimit() {
     keepShows();
 }
 

@@ -58,9 +58,9 @@ public slots:
     void VerPrévisualizarselecçãoEstiloHP48();
 
     /// What the panes show beside the characters follows the items' checks, and is kept.
-    void MnuVerMostrarestilos();
-    void MnuVerMostrarfiguras();
-    void MnuVerMostrarlimite();
+    void MnuVerShowStyles();
+    void MnuVerShowPictures();
+    void MnuVerShowColumnLimit();
 
 protected:
     std::string fileOf(std::string stored) const override;

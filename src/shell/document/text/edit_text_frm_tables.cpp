@@ -63,9 +63,9 @@ const QList<MenuRow> kPopUpPreviewRows{
 
 const QList<MenuRow> kShowRows{
     {1, "MnuVerSeparador3", "-"},
-    {1, "MnuVerMostrarestilos", "Show st&yles", "MnuVerMostrarestilos", nullptr, nullptr, MenuRow::Checked},
-    {1, "MnuVerMostrarfiguras", "Show &pictures", "MnuVerMostrarfiguras", nullptr, nullptr, MenuRow::Checked},
-    {1, "MnuVerMostrarlimite", "Show column &limit", "MnuVerMostrarlimite", nullptr, nullptr,
+    {1, "MnuVerShowStyles", "Show st&yles", "MnuVerShowStyles", nullptr, nullptr, MenuRow::Checked},
+    {1, "MnuVerShowPictures", "Show &pictures", "MnuVerShowPictures", nullptr, nullptr, MenuRow::Checked},
+    {1, "MnuVerShowColumnLimit", "Show column &limit", "MnuVerShowColumnLimit", nullptr, nullptr,
      MenuRow::Checked},
 };
 
