@@ -4,6 +4,9 @@
 
 namespace zolt {
 
+// 100 MB of RTF may be 30 million runs, and a growing vector holds them twice.
+static_assert(sizeof(Run) == 24);
+
 std::uint16_t RichText::fontIndex(std::string_view name) {
     const auto found = std::find(fonts.begin(), fonts.end(), name);
     if (found != fonts.end())
@@ -19,12 +22,8 @@ std::string charactersOf(const RichText &text, std::string_view forPicture) {
     for (const Paragraph &paragraph : text.paragraphs) {
         if (&paragraph != &text.paragraphs.front())
             plain += "\r\n";
-        for (const Run &run : paragraph.runs) {
-            if (const auto *characters = std::get_if<std::string>(&run.content))
-                plain += *characters;
-            else
-                plain += forPicture;
-        }
+        for (const Run &run : paragraph.runs)
+            plain += run.content.picture() ? forPicture : run.content.characters();
     }
     return plain;
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "core/colour.h"
+#include "graphic/run_content.h"
 
 #include <cstdint>
 #include <string>
-#include <variant>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zolt {
@@ -24,31 +26,14 @@ struct CharFormat {
     bool operator==(const CharFormat &) const = default;
 };
 
-/// An embedded picture. It takes one character position of the text.
-struct RichPicture {
-    /// Wmf and Emf are Windows' metafiles, MacPict the Macintosh's. Their drawings are
-    /// kept, but nobody here draws them: an empty frame shows where they stand.
-    enum class Kind { Png, Jpeg, Bmp, Wmf, Emf, MacPict };
-    Kind kind = Kind::Png;
-    /// The encoded picture: a whole file of that kind, for MacPict without its header of
-    /// 512 bytes.
-    std::string bytes;
-    /// The size in which it is shown, in twips.
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-
-    bool operator==(const RichPicture &) const = default;
-};
-
-constexpr bool isMetafile(RichPicture::Kind kind) {
-    using Kind = RichPicture::Kind;
-    return kind == Kind::Wmf || kind == Kind::Emf || kind == Kind::MacPict;
-}
-
 struct Run {
+    Run() = default;
+    Run(const CharFormat &runFormat, RunContent runContent)
+        : content(std::move(runContent)), format(runFormat) {}
+
+    // It comes first so that the format can stand in its padding.
+    [[no_unique_address]] RunContent content;
     CharFormat format;
-    /// Characters as bytes, with no line end in them, or one picture.
-    std::variant<std::string, RichPicture> content;
 
     bool operator==(const Run &) const = default;
 };

@@ -10,22 +10,19 @@ void RichTextBuilder::append(std::string_view characters, const CharFormat &form
     if (characters.empty())
         return;
     std::vector<Run> &runs = m_text.paragraphs.back().runs;
-    if (!runs.empty() && runs.back().format == format) {
-        if (auto *last = std::get_if<std::string>(&runs.back().content)) {
-            *last += characters;
-            return;
-        }
-    }
-    runs.push_back({format, std::string(characters)});
+    if (!runs.empty() && runs.back().format == format && !runs.back().content.picture())
+        runs.back().content.append(characters);
+    else
+        runs.emplace_back(format, characters);
 }
 
 void RichTextBuilder::append(RichPicture picture, const CharFormat &format) {
-    m_text.paragraphs.back().runs.push_back({format, std::move(picture)});
+    m_text.paragraphs.back().runs.emplace_back(format, std::move(picture));
 }
 
 void RichTextBuilder::replacePicture(RichPicture picture) {
     std::vector<Run> &runs = m_text.paragraphs.back().runs;
-    if (!runs.empty() && std::holds_alternative<RichPicture>(runs.back().content))
+    if (!runs.empty() && runs.back().content.picture())
         runs.back().content = std::move(picture);
 }
 
@@ -39,10 +36,10 @@ void RichTextBuilder::append(const RichText &text) {
         for (const Run &run : paragraph.runs) {
             CharFormat format = run.format;
             format.font = fonts[format.font];
-            if (const auto *characters = std::get_if<std::string>(&run.content))
-                append(*characters, format);
+            if (const RichPicture *picture = run.content.picture())
+                append(*picture, format);
             else
-                append(std::get<RichPicture>(run.content), format);
+                append(run.content.characters(), format);
         }
     }
 }
@@ -55,11 +52,11 @@ bool RichTextBuilder::takeBack(char character) {
     std::vector<Run> &runs = m_text.paragraphs.back().runs;
     if (runs.empty())
         return false;
-    auto *last = std::get_if<std::string>(&runs.back().content);
-    if (!last || last->back() != character)
+    RunContent &last = runs.back().content;
+    if (!last.characters().ends_with(character))
         return false;
-    last->pop_back();
-    if (last->empty())
+    last.dropLast();
+    if (last.characters().empty())
         runs.pop_back();
     return true;
 }

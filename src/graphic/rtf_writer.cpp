@@ -81,9 +81,8 @@ const std::array<std::string, 256> &writtenForms(FontKind kind) {
 }
 
 std::size_t sizeOf(const Run &run) {
-    if (const auto *characters = std::get_if<std::string>(&run.content))
-        return characters->size();
-    return std::get<RichPicture>(run.content).bytes.size();
+    const RichPicture *picture = run.content.picture();
+    return picture ? picture->bytes.size() : run.content.characters().size();
 }
 
 /// Bytes of text and pictures, and one a paragraph.
@@ -199,9 +198,9 @@ bool RtfWriter::writeParagraphs() {
 
 bool RtfWriter::writeRun(const Run &run) {
     writeFormat(run.format);
-    if (const auto *characters = std::get_if<std::string>(&run.content))
-        return writeCharacters(*characters, fontKind(m_text.fonts[run.format.font]));
-    return writePicture(std::get<RichPicture>(run.content));
+    if (const RichPicture *picture = run.content.picture())
+        return writePicture(*picture);
+    return writeCharacters(run.content.characters(), fontKind(m_text.fonts[run.format.font]));
 }
 
 void RtfWriter::flag(std::string_view word, bool before, bool now, bool &changed) {

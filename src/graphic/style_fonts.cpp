@@ -24,7 +24,10 @@ RichText inPlainFont(const RichText &text) {
             CharFormat format = run.format;
             format.font = 0;
             format.halfPoints = CharFormat{}.halfPoints;
-            std::visit([&](const auto &content) { builder.append(content, format); }, run.content);
+            if (const RichPicture *picture = run.content.picture())
+                builder.append(*picture, format);
+            else
+                builder.append(run.content.characters(), format);
         }
     }
     return std::move(builder.text());
@@ -33,8 +36,8 @@ RichText inPlainFont(const RichText &text) {
 RichText changeCase(RichText text, CaseCommand command) {
     for (Paragraph &paragraph : text.paragraphs)
         for (Run &run : paragraph.runs)
-            if (auto *characters = std::get_if<std::string>(&run.content))
-                *characters = changeCase(*characters, command);
+            if (!run.content.picture())
+                run.content = changeCase(run.content.characters(), command);
     return text;
 }
 

@@ -29,10 +29,8 @@ char letterOfFont(std::string_view font) {
 std::size_t lengthOf(const RichText &text) {
     std::size_t length = (text.paragraphs.size() - 1) * kLineEnd.size();
     for (const Paragraph &paragraph : text.paragraphs)
-        for (const Run &run : paragraph.runs) {
-            const auto *characters = std::get_if<std::string>(&run.content);
-            length += characters ? characters->size() : 1;
-        }
+        for (const Run &run : paragraph.runs)
+            length += run.content.picture() ? 1 : run.content.characters().size();
     return length;
 }
 
@@ -72,11 +70,11 @@ private:
     bool append(const Run &run) {
         goTo(m_letters[run.format.font]);
         m_places.add(m_done, m_coded.text.size());
-        if (const auto *picture = std::get_if<RichPicture>(&run.content)) {
+        if (const RichPicture *picture = run.content.picture()) {
             m_coded.pictures.push_back({m_coded.text.size(), picture});
             ++m_done;
         } else {
-            const auto &characters = std::get<std::string>(run.content);
+            const std::string_view characters = run.content.characters();
             m_coded.text += characters;
             m_done += characters.size();
         }

@@ -92,7 +92,7 @@ std::optional<RichText> richTextOf(const StyledText &text, std::vector<RichPictu
                 run.content =
                     std::move(drawn[static_cast<std::size_t>(piece.picture - text.pictures.data())]);
             else
-                run.content = text.characters.substr(piece.begin, piece.end - piece.begin);
+                run.content = std::string_view(text.characters).substr(piece.begin, piece.end - piece.begin);
         }
         if (found == std::string::npos)
             return rich;

@@ -117,16 +117,15 @@ bool RichTextDocument::append(QTextCursor &cursor, const RichText &text, const P
         for (const Run &run : text.paragraphs[i].runs) {
             if (++steps % kReportEvery == 0 && !goOn(progress, i, text.paragraphs.size()))
                 return false;
-            const auto *picture = std::get_if<RichPicture>(&run.content);
             if (run.format != format) {
                 format = run.format;
                 inserter.setFormat(qtFormat(format, text.fonts[format.font]));
             }
-            if (picture) {
+            if (const RichPicture *picture = run.content.picture()) {
                 inserter.flush();
                 insert(cursor, *picture, qtFormat(format, text.fonts[format.font]));
             } else {
-                inserter.append(std::get<std::string>(run.content));
+                inserter.append(run.content.characters());
             }
         }
     }

@@ -13,13 +13,12 @@ void checkRuns(const zolt::RichText &text) {
     for (const zolt::Paragraph &paragraph : text.paragraphs) {
         for (const zolt::Run &run : paragraph.runs) {
             require(run.format.font < text.fonts.size(), "a font without a name");
-            if (const auto *characters = std::get_if<std::string>(&run.content)) {
-                require(!characters->empty(), "an empty run");
-                require(characters->find("\r\n") == std::string::npos, "a line end in a run");
-            } else {
-                const auto &picture = std::get<zolt::RichPicture>(run.content);
-                require(picture.width > 0 && picture.height > 0, "a picture without a size");
-            }
+            const std::string_view characters = run.content.characters();
+            if (const zolt::RichPicture *picture = run.content.picture())
+                require(picture->width > 0 && picture->height > 0, "a picture without a size");
+            else
+                require(!characters.empty(), "an empty run");
+            require(characters.find("\r\n") == std::string_view::npos, "a line end in a run");
         }
     }
 }

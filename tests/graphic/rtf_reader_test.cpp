@@ -34,8 +34,9 @@ std::string describe(const RichText &text) {
     for (const Paragraph &paragraph : text.paragraphs) {
         for (const Run &run : paragraph.runs) {
             const CharFormat &format = run.format;
-            const auto *characters = std::get_if<std::string>(&run.content);
-            all += "[" + (characters ? *characters : std::string("picture")) + "] " + text.fonts[format.font];
+            all += "[";
+            all += run.content.picture() ? "picture" : run.content.characters();
+            all += "] " + text.fonts[format.font];
             all += " " + std::to_string(format.halfPoints / 2);
             all += format.bold ? " bold" : "";
             all += format.italic ? " italic" : "";
@@ -53,7 +54,7 @@ std::vector<RichPicture> picturesOf(std::string_view rtf) {
     std::vector<RichPicture> pictures;
     for (const Paragraph &paragraph : richTextFromRtf(rtf).paragraphs) {
         for (const Run &run : paragraph.runs) {
-            if (const auto *picture = std::get_if<RichPicture>(&run.content))
+            if (const auto *picture = run.content.picture())
                 pictures.push_back(*picture);
         }
     }

@@ -61,7 +61,7 @@ TEST_F(WordProcessor, EveryByteInEveryFontOutlivesEveryFormat) {
             for (const zolt::Run &run : paragraph.runs) {
                 if (std::exchange(font, run.format.font) != run.format.font)
                     all += "\n" + text.fonts[font] + ": ";
-                all += std::get<std::string>(run.content);
+                all += run.content.characters();
             }
         }
         return all;
@@ -106,7 +106,8 @@ TEST_F(WordProcessor, TextFontsAndPicturesGoThereAndComeBack) {
     EXPECT_EQ(runs[0].format.halfPoints, 28);
     EXPECT_EQ(runs[0].format.colour, 0xFF0000u);
     EXPECT_TRUE(runs[0].format.underline);
-    const auto &picture = std::get<RichPicture>(runs[1].content);
+    ASSERT_TRUE(runs[1].content.picture());
+    const RichPicture &picture = *runs[1].content.picture();
     EXPECT_EQ(picture.kind, RichPicture::Kind::Png);
     EXPECT_NEAR(picture.width, 240, 2);
     EXPECT_NEAR(picture.height, 180, 2);

@@ -27,10 +27,10 @@ Row rowOf(const RichText &text) {
             row.insert(row.end(), {{'\r', nullptr, ""}, {'\n', nullptr, ""}});
         for (const Run &run : paragraph.runs) {
             const std::string &font = text.fonts[run.format.font];
-            if (const auto *picture = std::get_if<RichPicture>(&run.content))
+            if (const auto *picture = run.content.picture())
                 row.push_back({0, picture, font});
             else
-                for (const char byte : std::get<std::string>(run.content))
+                for (const char byte : run.content.characters())
                     row.push_back({byte, nullptr, font});
         }
     }

@@ -38,12 +38,10 @@ std::vector<literal::Position> positionsOf(const RichText &rich, const std::vect
         for (const Run &run : paragraph.runs) {
             EXPECT_EQ(run.format.halfPoints, 20);
             const std::string &font = rich.fonts.at(run.format.font);
-            if (const auto *characters = std::get_if<std::string>(&run.content)) {
-                for (const char character : *characters)
-                    positions.push_back({character, font, false, {}});
-            } else {
+            for (const char character : run.content.characters())
+                positions.push_back({character, font, false, {}});
+            if (run.content.picture())
                 positions.push_back({' ', font, true, like[positions.size()].cells});
-            }
         }
     }
     return positions;
@@ -175,7 +173,7 @@ std::vector<RichPicture> picturesOf(const RichText &rich) {
     std::vector<RichPicture> pictures;
     for (const Paragraph &paragraph : rich.paragraphs)
         for (const Run &run : paragraph.runs)
-            if (const auto *picture = std::get_if<RichPicture>(&run.content))
+            if (const auto *picture = run.content.picture())
                 pictures.push_back(*picture);
     return pictures;
 }

@@ -47,9 +47,8 @@ DotSurface dotsOf(const std::string &kind, const std::string &bytes, int width, 
                                           "\\pichgoal" + std::to_string(height) + " " +
                                           QByteArray::fromStdString(bytes).toHex().toStdString() + "}}");
     const auto &runs = text.paragraphs.front().runs;
-    return runs.size() == 1
-               ? dotsOfEmbeddedPicture(std::get<RichPicture>(runs.front().content), kWidth, kHeight)
-               : DotSurface();
+    const RichPicture *picture = runs.size() == 1 ? runs.front().content.picture() : nullptr;
+    return picture ? dotsOfEmbeddedPicture(*picture, kWidth, kHeight) : DotSurface();
 }
 
 TEST(EmbeddedPicture, GivesTheSameDotsInEveryFormAndSizeThatRtfHas) {

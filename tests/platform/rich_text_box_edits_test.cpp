@@ -172,9 +172,11 @@ TEST(RichTextBoxReplacing, EachStretchLooksLikeItsFirstCharacter) {
         RichText text = randomRichText(random);
         for (Paragraph &paragraph : text.paragraphs) {
             for (zolt::Run &run : paragraph.runs) {
-                if (auto *characters = std::get_if<std::string>(&run.content))
-                    for (char &c : *characters)
-                        c = "ab "[static_cast<unsigned char>(c) % 3];
+                std::string characters(run.content.characters());
+                for (char &c : characters)
+                    c = "ab "[static_cast<unsigned char>(c) % 3];
+                if (!run.content.picture())
+                    run.content = characters;
             }
         }
         box.setRichText(text);

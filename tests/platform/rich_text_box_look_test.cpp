@@ -18,9 +18,9 @@ TEST(RichTextBoxPictures, StandOnWholePixelsWithoutSmoothing) {
     ShownBox shown;
     shown.box.pastePicture(dots);
     RichText text = shown.box.richText();
-    auto &picture = std::get<RichPicture>(text.paragraphs[0].runs[0].content);
-    picture.width = 4 * 30;
-    picture.height = 6 * 30;
+    RunContent &content = text.paragraphs[0].runs[0].content;
+    ASSERT_TRUE(content.picture());
+    content = RichPicture{content.picture()->kind, content.picture()->bytes, 4 * 30, 6 * 30};
     text.paragraphs.push_back(text.paragraphs[0]);
     shown.box.setRichText(text);
     shown.box.setReadOnly(true);

@@ -93,12 +93,12 @@ protected:
         for (const Paragraph &paragraph : document.paragraphs) {
             text += &paragraph == &document.paragraphs.front() ? "" : "\r\n";
             for (const zolt::Run &run : paragraph.runs) {
-                const auto *characters = std::get_if<std::string>(&run.content);
+                const std::string characters(run.content.characters());
                 std::string_view font = document.fonts[run.format.font];
                 font.remove_prefix(font.starts_with("ZOLT") ? 4 : 0);
-                text += !characters    ? "<picture>"
-                        : font.empty() ? *characters
-                                       : "<" + std::string(font) + ":" + *characters + ">";
+                text += run.content.picture() ? "<picture>"
+                        : font.empty()        ? characters
+                                              : "<" + std::string(font) + ":" + characters + ">";
             }
         }
         return text;

@@ -264,7 +264,7 @@ protected:
         const RichText text = m_pane.richText();
         if (text.paragraphs.size() != 1 || text.paragraphs[0].runs.size() != 1)
             return {};
-        const auto *found = std::get_if<RichPicture>(&text.paragraphs[0].runs[0].content);
+        const RichPicture *found = text.paragraphs[0].runs[0].content.picture();
         return found ? QImage::fromData(QByteArray::fromStdString(found->bytes)) : QImage();
     }
 
