@@ -48,7 +48,8 @@ struct Coded {
 /// Puts the codes of the styles into a rich text.
 class StyleCoder {
 public:
-    StyleCoder(const RichText &text, const Progress &progress, PlaceMap &places)
+    /// Notes the places if `places` is not null.
+    StyleCoder(const RichText &text, const Progress &progress, PlaceMap *places)
         : m_text(text), m_places(places), m_total(lengthOf(text)), m_report(progress, m_total) {
         for (const std::string &font : text.fonts)
             m_letters.push_back(letterOfFont(font));
@@ -69,7 +70,7 @@ public:
 private:
     bool append(const Run &run) {
         goTo(m_letters[run.format.font]);
-        m_places.add(m_done, m_coded.text.size());
+        notePlace();
         if (const RichPicture *picture = run.content.picture()) {
             m_coded.pictures.push_back({m_coded.text.size(), picture});
             ++m_done;
@@ -83,9 +84,14 @@ private:
 
     void endLine() {
         goTo(kNoStyle);
-        m_places.add(m_done, m_coded.text.size());
+        notePlace();
         m_coded.text += kLineEnd;
         m_done += kLineEnd.size();
+    }
+
+    void notePlace() {
+        if (m_places)
+            m_places->add(m_done, m_coded.text.size());
     }
 
     /// Closes the style in force and opens another.
@@ -99,7 +105,7 @@ private:
     }
 
     const RichText &m_text;
-    PlaceMap &m_places;
+    PlaceMap *m_places;
     std::size_t m_total;
     Reporter m_report;
     std::vector<char> m_letters; // by font
@@ -115,9 +121,10 @@ std::string cellsOf(const RichPicture &picture, const PictureReader &read, const
     return LerFigura(dots, progress);
 }
 
-/// The coded text with cells for its pictures, each behind a line end of its own.
+/// The coded text with cells for its pictures, each behind a line end of its own. Notes their
+/// places if `places` is not null.
 std::optional<std::string> withCells(const Coded &coded, const PictureReader &read,
-                                     const SourceProgress &progress, PlaceMap &places) {
+                                     const SourceProgress &progress, PlaceMap *places) {
     Reporter report(progress.text, coded.text.size());
     bool stopped = false;
     const Progress dots = [&](std::size_t step, std::size_t total) {
@@ -134,7 +141,8 @@ std::optional<std::string> withCells(const Coded &coded, const PictureReader &re
         if (progress.image && !progress.image(i + 1))
             return std::nullopt;
         text += cellsOf(*picture, read, dots);
-        places.add(done, text.size());
+        if (places)
+            places->add(done, text.size());
         if (stopped || !goOn(progress.text, done, coded.text.size()))
             return std::nullopt;
     }
@@ -143,16 +151,13 @@ std::optional<std::string> withCells(const Coded &coded, const PictureReader &re
                                                                      : std::nullopt;
 }
 
-/// The text with its codes and cells, and no quotes yet.
-std::optional<PlacedSource> coded(const RichText &text, const PictureReader &read,
-                                  const SourceProgress &progress) {
-    PlacedSource placed{{}, std::vector<PlaceMap>(2)};
-    const std::optional<Coded> codes = StyleCoder(text, progress.styles, placed.places[0]).code();
-    auto source = codes ? withCells(*codes, read, progress, placed.places[1]) : std::nullopt;
-    if (!source)
-        return std::nullopt;
-    placed.source = std::move(*source);
-    return placed;
+/// The text with its codes and cells, and no quotes yet. Either map of places may be null: one
+/// takes memory at each change of style, the other at each picture.
+std::optional<std::string> coded(const RichText &text, const PictureReader &read,
+                                 const SourceProgress &progress, PlaceMap *ofCodes, PlaceMap *ofCells) {
+    const std::optional<Coded> codes = StyleCoder(text, progress.styles, ofCodes).code();
+    auto source = codes ? withCells(*codes, read, progress, ofCells) : std::nullopt;
+    return source && (!progress.finish || progress.finish()) ? std::move(source) : std::nullopt;
 }
 
 /// A text with nothing to see is a string of the calculator too.
@@ -173,24 +178,25 @@ std::string exchangeMarks(std::string text, char from, char to) {
 
 std::optional<std::string> compileSource(const RichText &text, SourceKind kind, const PictureReader &read,
                                          const SourceProgress &progress) {
-    auto placed = coded(text, read, progress);
-    if (!placed || (progress.finish && !progress.finish()))
+    auto source = coded(text, read, progress, nullptr, nullptr);
+    if (!source)
         return std::nullopt;
     if (kind != SourceKind::Normal)
-        placed->source = optimiseImages(placed->source, kind == SourceKind::Total ? Optimisation::Total
-                                                                                  : Optimisation::Partial);
-    return quotedSource(std::move(placed->source));
+        source =
+            optimiseImages(*source, kind == SourceKind::Total ? Optimisation::Total : Optimisation::Partial);
+    return quotedSource(std::move(*source));
 }
 
 std::optional<PlacedSource> compilePlacedSource(const RichText &text, const PictureReader &read,
                                                 const SourceProgress &progress) {
-    auto placed = coded(text, read, progress);
-    if (!placed || (progress.finish && !progress.finish()))
+    PlacedSource placed{{}, std::vector<PlaceMap>(2)};
+    auto source = coded(text, read, progress, &placed.places[0], &placed.places[1]);
+    if (!source)
         return std::nullopt;
-    const bool opens = placed->source.starts_with(kQuote);
-    placed->source = quotedSource(std::move(placed->source));
-    if (!opens && placed->source.starts_with(kQuote))
-        placed->places.emplace_back().add(0, 1);
+    const bool opens = source->starts_with(kQuote);
+    placed.source = quotedSource(std::move(*source));
+    if (!opens && placed.source.starts_with(kQuote))
+        placed.places.emplace_back().add(0, 1);
     return placed;
 }
 
