@@ -1,5 +1,6 @@
 // How long RTF takes to write and read, and the rich text control to take it, show
-// it, find a display line and give it back, for documents of 1 MB and 10 MB.
+// it, find a display line and give it back, for documents of 1 MB and 10 MB; and how
+// much memory the reader takes at most for 100 MB of the most costly kind.
 
 #include "graphic/rich_text_builder.h"
 #include "graphic/rtf_reader.h"
@@ -10,6 +11,7 @@
 #include <QElapsedTimer>
 #include <cstdio>
 #include <string>
+#include <sys/resource.h>
 
 using namespace zolt;
 
@@ -46,6 +48,16 @@ template <class Work> void measure(const char *what, std::size_t bytes, Work wor
                 static_cast<double>(bytes) / 1e6 / seconds);
 }
 
+/// Of the whole program, so the largest reading comes first.
+void measureMemory() {
+    const std::string alternating = alternatingRtf(100'000'000);
+    measure("read alternating formats", alternating.size(), [&] { richTextFromRtf(alternating); });
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    std::printf("%-28s %5.1f MB\n", "  with the source, at most",
+                static_cast<double>(usage.ru_maxrss) * 1.024e-3);
+}
+
 void measureAll(std::size_t bytes) {
     const RichText text = document(bytes);
     std::string rtf;
@@ -75,6 +87,7 @@ void measureAll(std::size_t bytes) {
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
+    measureMemory();
     measureAll(1'000'000);
     measureAll(10'000'000);
 }
