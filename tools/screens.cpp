@@ -25,6 +25,7 @@
 #include "shell/preview/edit_text_preview_frm.h"
 #include "shell/preview/edit_text_preview_normal_frm.h"
 #include "shell/preview/edit_text_preview_normal_menu_frm.h"
+#include "shell/preview/live_preview.h"
 #include "shell/preview/wait_frm.h"
 #include "shell/start/start_up.h"
 #include "shell/symbols/symbol_frm.h"
@@ -43,11 +44,14 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDockWidget>
 #include <QLabel>
 #include <QMenu>
+#include <QPalette>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
+#include <cstring>
 #include <functional>
 
 namespace {
@@ -84,6 +88,19 @@ QWidget *seenDuring(const std::function<void()> &work, const std::function<QWidg
     work();
     picture->adjustSize();
     return picture;
+}
+
+/// The frame with the live preview in a place, or without it.
+QWidget *showLivePreview(bool on, Qt::DockWidgetArea area = Qt::RightDockWidgetArea) {
+    MDIFrm *frame = loaded<MDIFrm>();
+    auto *dock = frame->findChild<QDockWidget *>(QStringLiteral("LivePreviewDock"));
+    if (dock->isHidden() == on)
+        frame->MnuVerLivePreview();
+    frame->addDockWidget(area, dock);
+    const auto *preview = frame->findChild<LivePreview *>();
+    while (on && !preview->isUpToDate())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return frame;
 }
 
 const QList<Scene> &textScenes() {
@@ -182,6 +199,18 @@ const QList<Scene> &textScenes() {
              load<SplashFrm>().show();
              return loaded<SplashFrm>();
          }},
+        {"MDIFrmLivePreview", [] { return showLivePreview(true); }},
+        {"MDIFrmLivePreviewBelow", [] { return showLivePreview(true, Qt::BottomDockWidgetArea); }},
+        {"MDIFrmView",
+         []() -> QWidget * {
+             showLivePreview(false);
+             for (QMenu *menu : loaded<EditTextFrm>()->menus())
+                 if (menu->objectName() == QStringLiteral("MnuVer")) {
+                     menu->popup(QPoint(40, 40));
+                     return menu;
+                 }
+             return nullptr;
+         }},
         // Closed before it has come to an end it cancels, so that no preview follows.
         {"WaitFrm", [] { return open<WaitFrm>("MostrarWaitFrm"); }},
     };
@@ -234,6 +263,7 @@ const QList<Scene> &graphScenes() {
              return seenDuring([] { loaded<EditGraphFrm>()->MnuFicheiroEnviarparaEdicaotextual(); },
                                &QApplication::activeModalWidget);
          }},
+        {"MDIFrmGraphicalLivePreview", [] { return showLivePreview(true); }},
         {"EditGraphFullscreenFrm",
          []() -> QWidget * {
              loaded<EditGraphFrm>()->MnuVerEcrainteiro();
@@ -241,6 +271,16 @@ const QList<Scene> &graphScenes() {
          }},
     };
     return all;
+}
+
+/// The colours of a dark desktop.
+QPalette darkPalette() {
+    QPalette dark(QColor(45, 45, 45));
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::Text, Qt::white);
+    dark.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    dark.setColor(QPalette::HighlightedText, Qt::black);
+    return dark;
 }
 
 bool save(const Scene &scene, const QString &folder) {
@@ -260,8 +300,9 @@ bool save(const Scene &scene, const QString &folder) {
 } // namespace
 
 int main(int argc, char **argv) {
-    if (argc != 3) {
-        std::fputs("usage: screens FOLDER EXAMPLES\n", stderr);
+    const bool dark = argc == 4 && std::strcmp(argv[3], "dark") == 0;
+    if (argc != 3 && !dark) {
+        std::fputs("usage: screens FOLDER EXAMPLES [dark]\n", stderr);
         return 2;
     }
     const QTemporaryDir home;
@@ -269,6 +310,8 @@ int main(int argc, char **argv) {
         qputenv(folder, home.path().toLocal8Bit());
     prepareApplication();
     QApplication application(argc, argv);
+    if (dark)
+        QApplication::setPalette(darkPalette());
     const QString folder = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(folder);
     int failed = 0;
