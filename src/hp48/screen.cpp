@@ -74,9 +74,8 @@ std::span<const ScreenLine> linesBetween(std::span<const ScreenLine> lines, std:
 }
 
 const ScreenLine &lineOfCharacter(std::span<const ScreenLine> lines, std::size_t position) {
-    const auto next =
-        std::partition_point(lines.begin(), lines.end(),
-                             [position](const ScreenLine &line) { return line.begin <= position; });
+    const auto next = std::partition_point(
+        lines.begin(), lines.end(), [position](const ScreenLine &line) { return line.begin <= position; });
     return next == lines.begin() ? *next : *std::prev(next);
 }
 

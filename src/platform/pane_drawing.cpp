@@ -69,8 +69,9 @@ void PaneDrawing::draw(const QTextBlock &block, QPointF place) {
     if (shows.limit)
         drawLimit(block, place, bytes);
     const QTextLayout &layout = *block.layout();
+    const bool isRow = m_layout.wraps() && PaneLook::isPictureRow(block);
     for (const QTextLayout::FormatRange &range : layout.formats())
-        if (PaneLook::isPicture(range))
+        if (PaneLook::isPicture(range) && !(isRow && drawWhole(block, place)))
             drawPicture(layout, place,
                         std::string_view(bytes).substr(static_cast<std::size_t>(range.start),
                                                        static_cast<std::size_t>(range.length)),
@@ -130,6 +131,34 @@ void PaneDrawing::drawPicture(const QTextLayout &layout, QPointF place, std::str
         drawCells(cells.substr(first * kCellLength, count * kCellLength),
                   {left, place.y() + line.y(), static_cast<qreal>(count) * column, line.height()});
     }
+}
+
+bool PaneDrawing::drawWhole(const QTextBlock &row, QPointF place) {
+    if (row.blockNumber() <= m_drawn)
+        return true;
+    QTextBlock first = row;
+    for (int rows = 1; PaneLook::isPictureRow(first.previous()); ++rows) {
+        if (rows == PaneLook::kMostRows)
+            return false;
+        first = first.previous();
+        place.ry() -= m_layout.blockBoundingRect(first).height();
+    }
+    const QTextLine line = row.layout()->lineAt(0);
+    const qreal column = m_layout.columnWidth();
+    const auto fitting = static_cast<std::size_t>(std::max<qreal>(m_layout.lineWidth() / column, 1));
+    QRectF cells(place + line.position(), QSizeF(0, line.height()));
+    for (QTextBlock block = first; PaneLook::isPictureRow(block) && cells.top() <= m_part.bottom();
+         block = block.next()) {
+        if (cells.bottom() >= m_part.top()) {
+            const std::string bytes = bytesOfBlock(block);
+            const std::size_t count = std::min(bytes.size() / kCellLength, fitting);
+            cells.setWidth(static_cast<qreal>(count) * column);
+            drawCells(std::string_view(bytes).substr(0, count * kCellLength), cells);
+        }
+        m_drawn = block.blockNumber();
+        cells.translate(0, line.height());
+    }
+    return true;
 }
 
 void PaneDrawing::drawCells(std::string_view cells, QRectF place) {

@@ -32,6 +32,10 @@ private:
     void drawLimit(const QTextBlock &block, QPointF place, const std::string &bytes);
     void drawLimitAt(const QTextLayout &layout, QPointF place, std::size_t fold, std::size_t length);
     void drawPicture(const QTextLayout &layout, QPointF place, std::string_view cells, int start);
+    /// Draws the picture of which a paragraph is a row, its rows one below the other from
+    /// the first one's place, however many display lines their cells take.
+    /// False, with nothing drawn, for a picture of very many rows.
+    bool drawWhole(const QTextBlock &row, QPointF place);
     void drawCells(std::string_view cells, QRectF place);
     bool isInPart(const QTextLine &line, QPointF place) const;
     /// The column at which the calculator begins a paragraph.
@@ -42,6 +46,7 @@ private:
     QColor m_text;
     QRectF m_part;
     std::optional<std::ptrdiff_t> m_column; // behind the paragraph drawn last
+    int m_drawn = -1;                       // up to this paragraph pictures are drawn whole
 };
 
 } // namespace zolt

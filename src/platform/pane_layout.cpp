@@ -45,7 +45,7 @@ void setCharacters(QTextLine &line, int characters, qreal width) {
 } // namespace
 
 PaneLayout::PaneLayout(QTextDocument *document, const QWidget *view, bool wraps)
-    : QPlainTextDocumentLayout(document), m_view(view), m_wraps(wraps), m_look(*document) {
+    : QPlainTextDocumentLayout(document), m_view(view), m_wraps(wraps), m_look(*document, wraps) {
     connect(document, &QTextDocument::contentsChange, this, &PaneLayout::noteContents);
 }
 
@@ -156,6 +156,10 @@ bool PaneLayout::reportSize() {
     m_reportedSize = documentSize();
     emit documentSizeChanged(m_reportedSize);
     return true;
+}
+
+qreal PaneLayout::lineWidth() const {
+    return availableWidth() / kUnitsPerPixel;
 }
 
 qreal PaneLayout::columnWidth() const {

@@ -41,6 +41,8 @@ public:
     bool hasGrown() const;
     /// Tells of the size if so; gives whether it has.
     bool reportSize();
+    /// The room for a display line, in pixels.
+    qreal lineWidth() const;
     /// The width of a digit in the pane's font, in pixels.
     qreal columnWidth() const;
 

@@ -7,6 +7,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <cstdlib>
 
 namespace zolt {
 
@@ -167,7 +168,30 @@ bool PaneLook::isPicture(const QTextLayout::FormatRange &range) {
 }
 
 bool PaneLook::isInUse(const QTextBlock &block, PaneStretch run) const {
-    return m_selection.begin <= block.position() + run.end && m_selection.end >= block.position() + run.begin;
+    const bool touches =
+        m_selection.begin <= block.position() + run.end && m_selection.end >= block.position() + run.begin;
+    return touches || (m_wraps && isPictureRow(block) && isPictureInUse(block));
+}
+
+bool PaneLook::isPictureInUse(const QTextBlock &row) const {
+    const bool isBehind = m_selection.begin > row.position();
+    const QTextBlock used = m_document.findBlock(isBehind ? m_selection.begin : m_selection.end);
+    if (!used.isValid() || std::abs(used.blockNumber() - row.blockNumber()) > kMostRows)
+        return false;
+    for (QTextBlock block = used; block != row; block = isBehind ? block.previous() : block.next())
+        if (!block.isValid() || !isPictureRow(block))
+            return false;
+    return true;
+}
+
+bool PaneLook::isPictureRow(const QTextBlock &block) {
+    if (block.length() <= 1 || (block.length() - 1) % static_cast<int>(kCellLength) != 0 || !isShort(block))
+        return false;
+    const std::string bytes = bytesOfHeldText(block.text());
+    for (std::size_t i = 0; i < bytes.size(); i += kCellLength)
+        if (!beginsWithCell(std::string_view(bytes).substr(i)))
+            return false;
+    return true;
 }
 
 std::vector<PaneStretch> PaneLook::cellRuns(const QTextBlock &block) {

@@ -19,7 +19,8 @@ namespace zolt {
 struct PaneShows {
     /// Runs in their styles' fonts, their codes dim, codes that do nothing in a warning colour.
     bool styles = false;
-    /// Runs of picture cells as dots, but for those that hold the caret or selected text.
+    /// Runs of picture cells as dots, but for those that hold the caret or selected text:
+    /// of the rows of a picture all do where lines wrap, since its rows are drawn together.
     bool pictures = false;
     /// Where the calculator breaks a line.
     bool limit = false;
@@ -39,7 +40,7 @@ struct PaneStretch {
 /// itself has none, so that neither undo nor a copy knows of them.
 class PaneLook {
 public:
-    explicit PaneLook(const QTextDocument &document) : m_document(document) {}
+    PaneLook(const QTextDocument &document, bool wraps) : m_document(document), m_wraps(wraps) {}
 
     const PaneShows &shows() const { return m_shows; }
     void setShows(const PaneShows &shows);
@@ -60,6 +61,10 @@ public:
     using Formats = QList<QTextLayout::FormatRange>;
     Formats formatsOf(const QTextBlock &block, Width width) const;
     static bool hasCells(const QTextBlock &block) { return !cellRuns(block).empty(); }
+    /// Whether a paragraph is a row of a picture: cells and nothing else.
+    static bool isPictureRow(const QTextBlock &block);
+    /// A picture of more rows isn't drawn together.
+    static constexpr int kMostRows = 400;
     /// Whether a format hides picture cells, so that their dots can be drawn.
     static bool isPicture(const QTextLayout::FormatRange &range);
 
@@ -73,11 +78,14 @@ private:
     static std::vector<PaneStretch> cellRuns(const QTextBlock &block);
     /// Whether caret or selection touches a run.
     bool isInUse(const QTextBlock &block, PaneStretch run) const;
+    /// Whether they touch another row of the picture of which a paragraph is one.
+    bool isPictureInUse(const QTextBlock &row) const;
     void readAll();
     void makeFormats();
     QTextCharFormat formatOfStyle(Style style, Width width) const;
 
     const QTextDocument &m_document;
+    bool m_wraps;
     PaneShows m_shows;
     StyleRuns m_runs; // of the document, if styles are shown
     int m_length = 0; // of the document, with its last line end

@@ -195,6 +195,26 @@ TEST(TextPaneLook, ShowsTheDotsOfCellsThatAreNotInUse) {
     }
 }
 
+TEST(TextPaneLook, ShowsAPictureWholeWhereItsRowsAreWrapped) {
+    // Each row takes two display lines: the last cell stands behind the first seven.
+    const std::string row = "#F99F00#0000F1#F99F00#0000F1#F99F00#0000F1#F99F00#FFFFFF";
+    LookPane pane("above\r\n" + row + "\r\n" + row + "\r\nbelow", {.pictures = true}, true);
+    EXPECT_EQ(pane.box.lineOfOffset(pane.box.length()), 6);
+    EXPECT_FALSE(inks(pane.cut(1, 7, 1)).empty());
+    EXPECT_EQ(pane.cut(1, 0, 9), pane.cut(2, 0, 9));
+    for (const int line : {3, 4})
+        EXPECT_TRUE(inks(pane.cut(line, 0, 40)).empty()) << line;
+    // The caret in one row makes characters of both; a part alone is painted alike.
+    pane.box.setSelStart(10);
+    for (const int line : {3, 4})
+        EXPECT_FALSE(inks(pane.cut(line, 0, 40)).empty()) << line;
+    pane.box.setSelStart(pane.box.length());
+    QImage upper(400, 200, QImage::Format_RGB32);
+    upper.fill(Qt::white);
+    pane.box.viewport()->render(&upper, {}, QRegion(0, 0, 400, 3 * kLine));
+    EXPECT_EQ(upper.copy(0, 0, 300, 3 * kLine), grab(pane.box).copy(0, 0, 300, 3 * kLine));
+}
+
 TEST(TextPaneLook, ShowsWhereTheCalculatorBreaksALine) {
     const std::string text = std::string(40, ' ') + "\r\n@B@B\r\n@D  \r\n#000000#000000\r\n ";
     LookPane pane(text, {.limit = true});
