@@ -13,6 +13,7 @@
 #include "shell/document/text/edit_text_frm.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/preview/edit_text_preview_frm.h"
+#include "shell/preview/live_preview.h"
 #include "shell/start/start_up.h"
 
 #include <QApplication>
@@ -54,12 +55,50 @@ void end() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
+/// Keys a tenth of a second apart with the live preview on, so that it compiles between
+/// them: a key until it is painted; the longest that the windows were busy at one go, which
+/// is what a key may wait; and how long the screen is behind.
+void reportLivePreview(Pane &pane) {
+    MDIFrm &frame = *loaded<MDIFrm>();
+    frame.MnuVerLivePreview();
+    const auto *preview = frame.findChild<LivePreview *>();
+    pane.setSelStart(pane.length() / 2);
+    const auto wait = [&](const std::function<bool()> &isOver) {
+        double longest = 0;
+        while (!isOver()) {
+            QElapsedTimer turn;
+            turn.start();
+            QCoreApplication::processEvents();
+            longest = std::max(longest, static_cast<double>(turn.nsecsElapsed()) / 1e6);
+        }
+        return longest;
+    };
+    double key = 0;
+    double busy = 0;
+    for (int i = 0; i < 30; ++i) {
+        QElapsedTimer clock;
+        clock.start();
+        QTest::keyClick(&pane.control(), Qt::Key_A);
+        QCoreApplication::processEvents();
+        key = std::max(key, static_cast<double>(clock.nsecsElapsed()) / 1e6);
+        busy = std::max(busy, wait([&] { return clock.elapsed() > 100; }));
+    }
+    QElapsedTimer clock;
+    clock.start();
+    QTest::keyClick(&pane.control(), Qt::Key_A);
+    busy = std::max(busy, wait([&] { return preview->isUpToDate(); }));
+    std::printf("live preview: a key at worst %-19.1f %5.1f ms may it wait, shown after %lld ms\n", key, busy,
+                static_cast<long long>(clock.elapsed()));
+    frame.MnuVerLivePreview();
+}
+
 void measureTextEdition(const std::string &file, std::size_t megabytes) {
     const std::string size = std::to_string(megabytes) + " MB";
     writeFile(file, documentOf(megabytes * 1000000));
     report("start with a document of " + size, [&] { startProgram(file); });
     report("its text taken to be kept against a crash",
            [] { loaded<EditTextFrm>()->snapshotOf(loaded<EditTextFrm>()->activePane()); });
+    reportLivePreview(loaded<EditTextFrm>()->activePane());
     report("its preview on the calculator's display",
            [] { loaded<EditTextFrm>()->MnuVerPrévisualizartudoEstiloHP48(); });
     loaded<EditTextPreviewFrm>()->close();
@@ -90,6 +129,7 @@ void measureGraphicalEdition(const std::string &file, int pictures) {
     reportKeys(pane, "at its start", 0);
     reportKeys(pane, "in its middle", pane.length() / 2);
     reportKeys(pane, "at its end", pane.length());
+    reportLivePreview(pane);
     report("taken to be kept against a crash", [&] { window.snapshotOf(pane); });
     report("text size", [&] {
         shared::TamanhoDaLetra = 12;

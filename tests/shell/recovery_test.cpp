@@ -125,6 +125,7 @@ TEST_P(Recovery, AChangedDocumentIsKeptUntilItIsSaved) {
 TEST_P(Recovery, TheNextStartGivesBackWhatACrashLeft) {
     leaveByCrash("first text", "first");
     leaveByCrash("other text", "other");
+    writeBytes("old.zlt", "written since then");
     start();
     auto *window = loaded<RecoverFrm>();
     ASSERT_TRUE(window && window->isVisible());
@@ -142,6 +143,14 @@ TEST_P(Recovery, TheNextStartGivesBackWhatACrashLeft) {
     EXPECT_EQ(m_window->caption(), QStringLiteral("first"));
     EXPECT_TRUE(m_window->wouldAsk());
     EXPECT_THAT(keptText(), testing::AnyOf("first textother text", "other textfirst text"));
+    QString question;
+    whenModal("QMessageBox", [&](QWidget *box) {
+        question = static_cast<QMessageBox *>(box)->text();
+        box->close();
+    });
+    call(m_window, "FicheiroGuardar");
+    EXPECT_TRUE(question.contains(QStringLiteral("was changed by another program")));
+    EXPECT_EQ(fileBytes("old.zlt"), "written since then");
     // The other one waits for the next start; a deleted one doesn't.
     leave();
     start();

@@ -74,6 +74,10 @@ public:
     /// whether it has.
     bool keepThrownAway();
 
+    /// The document is that of the dialog's file as this was at a time, in seconds since
+    /// 1970: saving over a later one asks.
+    void followFileSince(std::int64_t time);
+
     /// The one road by which a file becomes the document: menu, command line, drop. The
     /// bytes are those of the file `path`, file system bytes; the document's name and
     /// DefltDir become the file's. The hidden pane takes the document too, if asked. The

@@ -144,6 +144,13 @@ void DocumentFrm::FicheiroGuardar() {
         setCaption(dialog.FileTitle());
 }
 
+void DocumentFrm::followFileSince(std::int64_t time) {
+    constexpr std::int64_t kSecond = 1'000'000'000;
+    m_stamp = stampOf(commonDialog(DialogFrm::Document).FileName);
+    if (m_stamp.time / kSecond > time)
+        m_stamp.time = time * kSecond;
+}
+
 DocumentFrm::Answer DocumentFrm::askAboutChangedFile() {
     const CommonDialog &dialog = commonDialog(DialogFrm::Document);
     const FileStamp now = stampOf(dialog.FileName);

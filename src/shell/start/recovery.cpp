@@ -92,6 +92,7 @@ void giveBack(const KeptDocuments::Entry &entry) {
     else
         static_cast<EditTextFrm &>(window).begin(document.bytes, caption);
     commonDialog(DialogFrm::Document).FileName = document.path;
+    window.followFileSince(document.time);
     window.activePane().setSelStart(document.caret);
     // It is kept for this program before it goes for all.
     if (documentKeeper()->keepNow())
