@@ -68,6 +68,7 @@ void DocumentFrm::begin() {
     for (QMenu *menu : m_menus)
         if (menu->objectName() == QStringLiteral("MnuJanela"))
             m_frame->listChildWindows(menu);
+    m_frame->listRecentFiles(m_menus);
     menuItem("MnuVerSemprenotopo")->setChecked(m_frame->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     m_frame->applyCharTool();
     if (shared::settings.ChrTbExi == 1)

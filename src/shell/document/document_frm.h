@@ -85,6 +85,10 @@ public:
     enum Panes { ActivePane, BothPanes };
     std::string showFile(const std::string &path, const std::string &bytes, Panes panes);
 
+    /// True if another file may take the document's place: nothing was changed here since
+    /// it was opened, begun or saved, or the user, asked, saved or threw that away.
+    bool mayBeReplaced();
+
     bool wouldAsk() const override { return m_wouldAsk; }
     void say(const QString &message) override;
     void setCommandsEnabled(bool enabled) override;

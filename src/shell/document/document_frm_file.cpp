@@ -5,6 +5,7 @@
 #include "platform/message_box.h"
 #include "platform/pane.h"
 #include "shell/base/dialog_frm.h"
+#include "shell/base/recent_files.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
 #include "shell/document/document_frm.h"
@@ -91,6 +92,7 @@ std::string DocumentFrm::showFile(const std::string &path, const std::string &by
     const QString before = caption();
     const bool loses = keepThrownAway();
     takeFileBytes(activePane(), bytes);
+    rememberFile(path);
     if (panes == BothPanes)
         copyDocument(activePane(), pane(&activePane() == &pane(1) ? 2 : 1));
     say({});
@@ -125,6 +127,7 @@ bool DocumentFrm::writeDocument() {
     std::string document = stored();
     if (!savedOrSaid(path, writeFile(path, fileOf(document))))
         return false;
+    rememberFile(path);
     say({});
     shared::TextoGuardado = std::move(document);
     m_savedLength = activePane().length();
@@ -202,6 +205,10 @@ bool DocumentFrm::mayLeaveDocument() {
     default:
         return false;
     }
+}
+
+bool DocumentFrm::mayBeReplaced() {
+    return !m_touched || mayLeaveDocument();
 }
 
 void DocumentFrm::FicheiroFechar() {

@@ -102,6 +102,8 @@ QList<MenuRow> fileRows() {
         {1, "MnuFicheiroAbrir", "&Open...", "FicheiroAbrir", "Ctrl+A", "open"},
         {1, "MnuFicheiroFechar", "&Close", "FicheiroFechar"},
         {1, "MnuFicheiroRecuperartexto", "&Recover text...", "MostrarRecoverFrm"},
+        {1, "MnuFicheiroRecentFiles", "Recent &files"},
+        {2, "MnuFicheiroRecentFilesNone", "(None)"},
         {1, "MnuFicheiroSeparador1", "-"},
         {1, "MnuFicheiroGuardar", "&Save", "FicheiroGuardar", "Ctrl+G; Ctrl+S", "save"},
         {1, "MnuFicheiroGuardarcomo", "Save &As", "FicheiroGuardarComo"},

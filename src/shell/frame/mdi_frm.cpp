@@ -93,7 +93,9 @@ MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) 
     buildToolbars();
     m_ownMenus = buildMenus(
         frameMenuTable(), [this] { return QList<QObject *>{this}; }, this);
+    listRecentFiles(m_ownMenus);
     showMenus({});
+    setAcceptDrops(true);
     auto *next = new QShortcut(Qt::Key_F3, this);
     next->setContext(Qt::ApplicationShortcut);
     connect(next, &QShortcut::activated, this, &MDIFrm::findNext);

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "platform/dropped_files.h"
 #include "shell/base/command_table.h"
+#include "shell/base/file_kinds.h"
 #include "shell/base/frame.h"
 #include "shell/base/windows.h"
 #include "shell/tools/recover_frm.h"
 
 #include <QMainWindow>
+#include <string>
 
 class QComboBox;
 class QDockWidget;
@@ -14,6 +17,8 @@ class QMenu;
 class QToolBar;
 
 namespace zolt {
+
+class InsertFrm;
 
 /// The main frame: it holds the document windows, the toolbars and a menu for the
 /// time when no document is open. Its own commands open other windows; a toolbar
@@ -38,6 +43,11 @@ public:
     void setVisible(bool visible) override;
     /// Lists the open document windows at the end of a Window menu, each time it opens.
     void listChildWindows(QMenu *menu);
+    /// Lists the recent files in a File menu's submenu, each time it opens.
+    void listRecentFiles(const QList<QMenu *> &menus);
+    /// Shows the insert window of the edition in use for this source, which has to be
+    /// closed, with a file.
+    InsertFrm &insertPicture(FileKind kind, const std::string &path);
     void takeFocusBack() override;
     /// Shows a document window's menus in the place of the frame's own, or the
     /// frame's own again for an empty list.
@@ -68,6 +78,9 @@ signals:
     void editionChosen(int edition);
     void editionOfFileChosen(int edition);
     void roadChosen(Road road);
+    /// A recent file is to be opened; files were dropped on the frame.
+    void recentFileChosen(const std::string &path);
+    void filesDropped(const DroppedFiles &files);
     /// A kept document is to be given back.
     void keptDocumentChosen(const KeptDocuments::Entry &entry);
 
@@ -128,6 +141,8 @@ public slots:
     void closeAll();
 
 protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
@@ -161,11 +176,11 @@ private:
     }
 
     /// The same for an insert window, whose file dialog comes before it is drawn.
-    template <class Window> void showInsertFrm() {
+    template <class Window> Window &showInsertFrm(const std::string &path = {}) {
         Window &window = load<Window>(this);
         if (!window.isVisible())
-            window.begin();
-        showWindow<Window>();
+            window.begin(path);
+        return showWindow<Window>();
     }
 
     /// The same for a new preview, if it is compiled to its end.

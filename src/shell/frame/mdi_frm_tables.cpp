@@ -27,6 +27,8 @@ const QList<MenuRow> &frameMenuTable() {
             {1, "MnuFicheiroNovo", "&New...", "MnuFicheiroNovo", "Ctrl+O", "new"},
             {1, "MnuFicheiroAbrir", "&Open...", nullptr, "Ctrl+A", "open"},
             {1, "MnuFicheiroFechar", "&Close"},
+            {1, "MnuFicheiroRecentFiles", "Recent &files"},
+            {2, "MnuFicheiroRecentFilesNone", "(None)"},
             {1, "MnuFicheiroSeparador1", "-"},
             {1, "MnuFicheiroGuardar", "&Save", nullptr, "Ctrl+G", "save"},
             {1, "MnuFicheiroGuardarcomo", "Save &As"},

@@ -2,6 +2,7 @@
 
 #include "core/file.h"
 #include "platform/desktop.h"
+#include "platform/dropped_files.h"
 #include "platform/surface_view.h"
 #include "platform/text_pane.h"
 #include "shell/base/document_in_use.h"
@@ -10,6 +11,7 @@
 #include "shell/pictures/picture_filters.h"
 #include "shell/widgets/command_button.h"
 
+#include <QDropEvent>
 #include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -21,6 +23,7 @@
 namespace zolt {
 
 const InsertSource kInsertPcPicture{
+    .kind = FileKind::PcPicture,
     .open = openPcPicture,
     .filter = kPictureFilter,
     .dialog = DialogFrm::InsertPicture,
@@ -30,6 +33,7 @@ const InsertSource kInsertPcPicture{
     .frameCaption = "Original image",
 };
 const InsertSource kInsertGrob{
+    .kind = FileKind::Grob,
     .open = openGrob,
     .filter = kGrobFilter,
     .dialog = DialogFrm::InsertGrob,
@@ -39,6 +43,7 @@ const InsertSource kInsertGrob{
     .frameCaption = "Pré-visualização ",
 };
 const InsertSource kInsertZoltImage{
+    .kind = FileKind::ZoltImage,
     .open = openZoltImage,
     .filter = kZoltImageFilter,
     .dialog = DialogFrm::InsertZoltImage,
@@ -75,6 +80,7 @@ InsertFrm::InsertFrm(const InsertSource &source, std::string Settings::*folder, 
     column->addLayout(row);
     column->addWidget(m_bar);
     column->setSizeConstraint(QLayout::SetFixedSize);
+    setAcceptDrops(true);
     if (DocumentInUse *document = documentInUse())
         document->window().installEventFilter(this);
 }
@@ -87,8 +93,10 @@ QPushButton *InsertFrm::addButton(const char *name, const QString &caption,
     return button;
 }
 
-void InsertFrm::begin() {
-    openPicture();
+void InsertFrm::begin(const std::string &path) {
+    beginning();
+    shared::PararLeitura = 0;
+    path.empty() ? AbrirImagem() : openFile(path);
 }
 
 void InsertFrm::openPicture() {
@@ -103,17 +111,23 @@ void InsertFrm::AbrirImagem() {
     dialog.FilterIndex = 1;
     dialog.Flags = kFileMustExist;
     dialog.InitDir = shared::settings.*m_folder;
-    if (dialog.ShowOpen(this) != kDialogDone)
-        return;
+    if (dialog.ShowOpen(this) == kDialogDone)
+        openFile(dialog.FileName);
+}
+
+void InsertFrm::openFile(const std::string &path) {
+    commonDialog(m_source.dialog).FileName = path;
     setWindowTitle(QString::fromUtf8(m_source.title));
     take({});
-    OpenedPicture opened = m_source.open(dialog.FileName, progress());
+    m_opening = true;
+    OpenedPicture opened = m_source.open(path, progress());
+    m_opening = false;
     m_bar->reset();
     take(std::move(opened));
     if (m_picture.isEmpty())
         return;
-    shared::settings.*m_folder = folderOf(dialog.FileName);
-    setWindowTitle(QString::fromUtf8(m_source.openedTitle) + fromFileName(dialog.FileTitle()));
+    shared::settings.*m_folder = folderOf(path);
+    setWindowTitle(QString::fromUtf8(m_source.openedTitle) + fromFileName(titleOf(path)));
 }
 
 void InsertFrm::take(OpenedPicture picture) {
@@ -132,6 +146,25 @@ Progress InsertFrm::progress() const {
 
 void InsertFrm::closing() {
     shared::PararLeitura = 1;
+}
+
+void InsertFrm::dragEnterEvent(QDragEnterEvent *event) {
+    const DroppedFiles files = filesOf(*event->mimeData());
+    if (!m_opening && files.others == 0 && files.paths.size() == 1 &&
+        kindOfFile(files.paths.front()) == m_source.kind)
+        takeAsCopy(*event);
+}
+
+void InsertFrm::dropEvent(QDropEvent *event) {
+    takeAsCopy(*event);
+    // The program that was dragged from waits for the end of this.
+    QMetaObject::invokeMethod(
+        this,
+        [this, path = filesOf(*event->mimeData()).paths.front()] {
+            shared::PararLeitura = 0;
+            openFile(path);
+        },
+        Qt::QueuedConnection);
 }
 
 bool InsertFrm::eventFilter(QObject *watched, QEvent *event) {

@@ -3,6 +3,7 @@
 #include "core/progress.h"
 #include "core/settings.h"
 #include "shell/base/dialog_frm.h"
+#include "shell/base/file_kinds.h"
 #include "shell/base/tool_frm.h"
 #include "shell/pictures/picture_sources.h"
 
@@ -21,6 +22,7 @@ class TextPane;
 
 /// Where an insert window's pictures come from, and what it is called for that.
 struct InsertSource {
+    FileKind kind;
     OpenedPicture (*open)(const std::string &path, const Progress &progress);
     const char *filter;
     DialogFrm::Client dialog;
@@ -46,8 +48,9 @@ public:
     /// `folder` is the setting that holds the folder of the last file.
     InsertFrm(const InsertSource &source, std::string Settings::*folder, QWidget *owner);
 
-    /// What comes before the window is first drawn: the Open dialog.
-    virtual void begin();
+    /// What comes before the window is first drawn: the Open dialog, or the file that it
+    /// would give.
+    void begin(const std::string &path = {});
 
 public slots:
     /// AbrirImagem() after a reading that was stopped, or a window that was closed.
@@ -59,11 +62,16 @@ public slots:
     virtual void RefreshPicture() = 0;
 
 protected:
+    /// Comes before the Open dialog of a new window.
+    virtual void beginning() {}
     /// Another picture stands in m_picture, or none: shows it.
     virtual void pictureChanged() { RefreshPicture(); }
 
     void closing() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
+    /// A file of the window's own kind that is dropped here is shown.
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
     QPushButton *addButton(const char *name, const QString &caption, const std::function<void()> &act);
     /// Shows `step` of `total` in the progress bar and lets Stop and Close work.
@@ -78,12 +86,15 @@ protected:
     OpenedPicture m_picture;
 
 private:
+    /// The same as AbrirImagem() with a file in the place of the dialog.
+    void openFile(const std::string &path);
     void take(OpenedPicture picture);
 
     const InsertSource &m_source;
     std::string Settings::*m_folder;
     QGroupBox *m_frame;
     QVBoxLayout *m_buttons;
+    bool m_opening = false;
 };
 
 } // namespace zolt

@@ -21,9 +21,8 @@ void setCommandsEnabled(bool enabled) {
 
 } // namespace
 
-void TextInsertFrm::begin() {
+void TextInsertFrm::beginning() {
     setCommandsEnabled(false);
-    InsertFrm::begin();
 }
 
 void TextInsertFrm::closing() {

@@ -14,8 +14,6 @@ class TextInsertFrm : public InsertFrm {
 public:
     using InsertFrm::InsertFrm;
 
-    void begin() override;
-
 public slots:
     /// Replaces the selection of the active pane by the image text, and stays.
     void insert();
@@ -24,6 +22,7 @@ public slots:
     void RefreshPicture() override;
 
 protected:
+    void beginning() override;
     void closing() override;
 
     enum Stopping { CantStop, CanStop };

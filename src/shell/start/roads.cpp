@@ -2,10 +2,8 @@
 
 #include "graphic/style_fonts.h"
 #include "hp48/source_compiler.h"
-#include "platform/common_dialog.h"
 #include "platform/rich_text_box.h"
 #include "platform/text_pane.h"
-#include "shell/base/dialog_frm.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/windows.h"
 #include "shell/document/graphic/edit_graph_frm.h"
@@ -16,18 +14,6 @@
 namespace zolt {
 
 namespace {
-
-/// Closes a document window without a question. The new document is in no file: a save
-/// must not meet the old one's.
-bool closeUnasked(DocumentFrm &window) {
-    window.keepThrownAway();
-    shared::SemPerguntaDeSaída = 1;
-    const bool closed = window.close();
-    shared::SemPerguntaDeSaída = 0;
-    if (closed)
-        commonDialog(DialogFrm::Document).FileName.clear();
-    return closed;
-}
 
 void openGraphical(const RichText &text, const QString &caption) {
     static_cast<EditGraphFrm &>(openEdition(kGraphical)).begin(text, caption);

@@ -4,7 +4,6 @@
 #include "core/settings.h"
 #include "platform/desktop.h"
 #include "platform/fonts.h"
-#include "platform/message_box.h"
 #include "platform/pane.h"
 #include "platform/program_folder.h"
 #include "shell/base/dialog_frm.h"
@@ -16,6 +15,8 @@
 #include "shell/document/text/edit_text_frm_tables.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/start/document_windows.h"
+#include "shell/start/dropped_queue.h"
+#include "shell/start/open_document.h"
 #include "shell/start/recovery.h"
 #include "shell/start/roads.h"
 #include "shell/tools/file_ass_frm.h"
@@ -83,12 +84,8 @@ void keepDocuments() {
 
 /// Says why a file can't be opened and lets the user choose an edition instead.
 void refuseFile(const std::string &name, const std::string &reason) {
-    MDIFrm &frame = *loaded<MDIFrm>();
-    showMessage(&frame,
-                QStringLiteral("The file %1 can't be opened: %2.")
-                    .arg(fromFileName(name), QString::fromLocal8Bit(reason.c_str())),
-                QMessageBox::Warning);
-    frame.MostrarQuestionFrm();
+    sayNotOpened(name, reason);
+    loaded<MDIFrm>()->MostrarQuestionFrm();
 }
 
 /// Opens the command line's file, which has been read, in an edition.
@@ -105,8 +102,7 @@ void openFile(const std::string &name, FileContents file, int edition) {
 /// that the user chooses.
 void openCommandLine() {
     const std::string name = namedFile();
-    MDIFrm &frame = *loaded<MDIFrm>();
-    frame.show();
+    loaded<MDIFrm>()->show();
     FileContents file = readFile(name);
     if (!file.ok())
         return refuseFile(name, file.reason);
@@ -115,7 +111,7 @@ void openCommandLine() {
          {std::pair{&shared::ExtensãoTexto, kTextual}, std::pair{&shared::ExtensãoGráfico, kGraphical}})
         if (endsInExtension(name, *extension))
             return openFile(name, std::move(file), edition);
-    frame.MostrarMensagemFrm();
+    askForEditionOf(name);
 }
 
 } // namespace
@@ -152,10 +148,12 @@ MDIFrm &startProgram(const std::string &commandLine) {
     QObject::connect(&frame, &MDIFrm::editionChosen, &frame, [](int edition) { openEdition(edition); });
     QObject::connect(&frame, &MDIFrm::roadChosen, &frame, takeRoad);
     QObject::connect(&frame, &MDIFrm::keptDocumentChosen, &frame, giveBack);
+    QObject::connect(&frame, &MDIFrm::recentFileChosen, &frame, openRecentFile);
+    QObject::connect(&frame, &MDIFrm::filesDropped, new DroppedQueue(&frame), &DroppedQueue::take);
     QObject::connect(&frame, &MDIFrm::ended, &frame, [] { keepDocumentsIn({}); });
     QObject::connect(&frame, &MDIFrm::editionOfFileChosen, &frame, [](int edition) {
         // The file may have gone while the question stood.
-        const std::string name = namedFile();
+        const std::string name = fileToOpen();
         openFile(name, readFile(name), edition);
     });
     nameFileTypes();

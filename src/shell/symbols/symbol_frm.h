@@ -31,6 +31,8 @@ public:
     explicit SymbolFrm(QWidget *owner);
 
     void showPage(Page page);
+    /// Makes a file the current one, as Open does; false if it gives no symbols.
+    bool openFile(const std::string &path);
 
 public slots:
     void openList();

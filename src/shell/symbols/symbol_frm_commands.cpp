@@ -175,13 +175,19 @@ bool SymbolFrm::loadList(const std::string &path) {
 
 void SymbolFrm::openList() {
     const std::string path = askForFile(QStringLiteral("Open"), kFileMustExist);
-    if (path.empty() || !loadList(path))
-        return;
+    if (!path.empty())
+        openFile(path);
+}
+
+bool SymbolFrm::openFile(const std::string &path) {
+    if (!loadList(path))
+        return false;
     shared::settings.DefltSmb = path;
     ActualizarLista();
     selectSymbol(1);
     showFileName();
     List1->setFocus();
+    return true;
 }
 
 void SymbolFrm::saveList() {
