@@ -1,14 +1,11 @@
 #include "shell/preview/printing.h"
 
 #include "platform/printer.h"
-#include "shell/base/frame.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/status_line.h"
-#include "shell/base/windows.h"
-#include "shell/preview/wait_frm.h"
+#include "shell/preview/waiting.h"
 
 #include <QFile>
-#include <QPointer>
 #include <QPrinter>
 
 namespace zolt {
@@ -17,37 +14,6 @@ namespace {
 
 constexpr std::int16_t kPortrait = 1;
 constexpr std::int16_t kLandscape = 2;
-
-/// Puts a window out of use while work on its behalf is shown in WaitFrm.
-class Waiting {
-public:
-    Waiting(QWidget &window, const QString &task)
-        : m_window(&window), m_focus(window.focusWidget()), m_wait(&load<WaitFrm>(frameWindow())) {
-        shared::CancelarOperação = 0;
-        window.setEnabled(false);
-        m_wait->setTask(task);
-    }
-    ~Waiting() {
-        shared::CancelarOperação = 0;
-        if (m_window)
-            m_window->setEnabled(true);
-        if (m_wait)
-            m_wait->finish();
-        if (m_window)
-            m_window->activateWindow();
-        if (m_focus)
-            m_focus->setFocus();
-    }
-    Waiting(const Waiting &) = delete;
-    Waiting &operator=(const Waiting &) = delete;
-
-    Progress progress() const { return m_wait->plainProgress(); }
-
-private:
-    QPointer<QWidget> m_window;
-    QPointer<QWidget> m_focus;
-    QPointer<WaitFrm> m_wait;
-};
 
 PageMargins marginsOfSettings() {
     const Settings &settings = shared::settings;

@@ -44,6 +44,11 @@ public slots:
     void OptimizarImagens();
     void OptimizarImagensSelecção();
 
+    /// Puts line ends at words in the lines that the selection touches, or in all, and
+    /// joins first, if asked, what a wrap broke; one step of undo.
+    void MnuFerramentasWrapAtWords();
+    void MnuFerramentasWrapReflow();
+
     void ExportarHTML();
     void FicheiroExportarPrevisualizarpaginaWeb();
     void MnuInserirListadesímbolos();
@@ -78,6 +83,7 @@ protected:
     void applyDefaultScheme() override;
 
 private:
+    void wrapLines(bool reflow);
     /// The panes' font as the settings have it.
     static QFont fontOfSettings();
     void applyPaneFont();

@@ -106,6 +106,9 @@ const QList<MenuRow> kToolRows{
      "OptimizarImagensSelecção", nullptr, "optimise-partial", MenuRow::Plain, setOptimisation<1>},
     {2, "MnuFerramentasOptimizarselecçãototalmente", "Optimize selection &totally",
      "OptimizarImagensSelecção", nullptr, "optimise-total", MenuRow::Plain, setOptimisation<2>},
+    {1, "MnuFerramentasWrap", "&Wrap lines"},
+    {2, "MnuFerramentasWrapAtWords", "&Wrap at words", "MnuFerramentasWrapAtWords"},
+    {2, "MnuFerramentasWrapReflow", "&Reflow", "MnuFerramentasWrapReflow"},
     {1, "MnuFerramentasSeparador1", "-"},
     {1, "MnuFerramentasContarpalavras", "&Count words", "MostrarEditTextWordCountFrm"},
 };
