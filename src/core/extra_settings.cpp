@@ -25,6 +25,7 @@ constexpr Flag kFlags[] = {
     {"KeepThrownAway", &ExtraSettings::keepsThrownAway},
     {"LivePreview", &ExtraSettings::showsLivePreview},
     {"LivePreviewBelow", &ExtraSettings::livePreviewIsBelow},
+    {"VisibleColumns", &ExtraSettings::showsColumns},
     {"ShowStyles", &ExtraSettings::showsStyles},
     {"ShowPictures", &ExtraSettings::showsPictures},
     {"ShowColumnLimit", &ExtraSettings::showsColumnLimit},

@@ -14,6 +14,8 @@ struct ExtraSettings {
     bool showsLivePreview = false;
     bool livePreviewIsBelow = false;
     int livePreviewSize = 0;
+    /// Whether the text edition's status bar counts the columns of the caret's line.
+    bool showsColumns = true;
     /// The documents that were opened or saved last, newest first, as file system bytes.
     std::vector<std::string> recentFiles;
     /// What the panes of the textual edition show beside the characters: styles, pictures

@@ -114,6 +114,15 @@ qsizetype TextPane::lineStartOfCaret() const {
     return offsetOfPosition(block.position() + lineOfBlock(block, position).textStart());
 }
 
+std::pair<std::string, std::string> TextPane::caretLine() const {
+    const int position = textCursor().position();
+    const QTextBlock block = document()->findBlock(position);
+    const QTextLine line = lineOfBlock(block, position);
+    const int begin = block.position() + line.textStart();
+    const int end = std::min(begin + line.textLength(), block.position() + block.length() - 1);
+    return {bytesBetween(begin, position), bytesBetween(position, std::max(position, end))};
+}
+
 void TextPane::setPaneFont(const QFont &font) {
     QFont paneFont = font;
     // The desktop's own font may bear an alias, which a list of families doesn't resolve.

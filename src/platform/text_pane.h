@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class QTextLine;
@@ -46,6 +47,10 @@ public:
     int lineOfOffset(qsizetype offset) const override;
     int displayLineCount() const;
     qsizetype lineStartOfCaret() const override;
+
+    /// The bytes of the caret's display line in front of the caret and behind it; costs
+    /// what that line is long.
+    std::pair<std::string, std::string> caretLine() const;
 
     /// The font of the whole pane. What it lacks, such as marks for control
     /// characters, is taken from the font ZOLT.

@@ -2,6 +2,7 @@
 #include "support/texts.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
@@ -112,6 +113,30 @@ TEST_F(TextWindow, ShowsStylesPicturesAndTheLimitUntilTheMenuSaysNo) {
     m_window->menuItem("MnuVerShowColumnLimit")->trigger();
     EXPECT_TRUE(isOn("MnuVerShowColumnLimit"));
     EXPECT_NE(shown(1), bare);
+}
+
+TEST_F(TextWindow, ThePanelOfColumnsCountsWhatTheCalculatorShows) {
+    const auto *panel = control<QLabel>(m_window, "PanelColumns");
+    const auto shownAt = [&](qsizetype caret) {
+        pane().setSelStart(caret);
+        QTest::keyClick(&pane(), Qt::Key_Shift);
+        return panel->text().toStdString();
+    };
+    // Five letters, a pair of codes, two cells and three letters.
+    pane().setText("above\r\nab\vBcd\vBe\x9E"
+                   "F9999F\x9E"
+                   "F0000Fxyz\r\n");
+    EXPECT_EQ(shownAt(0), "0 / 5");
+    EXPECT_EQ(shownAt(7 + 5), "3 / 8");
+    EXPECT_EQ(shownAt(7 + 26), "8 / 8");
+    EXPECT_EQ(shownAt(pane().length()), "0 / 0");
+    EXPECT_EQ(control<QLabel>(m_window, "Panel2")->text(), QStringLiteral("(3, 0)"));
+    m_window->menuItem("MnuVerVisibleColumns")->trigger();
+    EXPECT_TRUE(panel->isHidden());
+    restart();
+    EXPECT_TRUE(control<QLabel>(m_window, "PanelColumns")->isHidden());
+    m_window->menuItem("MnuVerVisibleColumns")->trigger();
+    EXPECT_FALSE(control<QLabel>(m_window, "PanelColumns")->isHidden());
 }
 
 } // namespace

@@ -172,7 +172,9 @@ protected:
     /// The same for one that comes from elsewhere: it is in no file, so that opening
     /// another loses it.
     void documentArrives();
-    void updateStatus();
+    virtual void updateStatus();
+    /// A panel of an edition's own, behind the caret's position.
+    QLabel *addPanelBehindCaret(const char *name);
     /// Shows the step that the reading of a file has reached.
     Progress openingProgress();
     /// The colour that the text of the settings shows in.

@@ -41,6 +41,17 @@ void DocumentFrm::buildStatusBar() {
     clock->start(1000);
 }
 
+QLabel *DocumentFrm::addPanelBehindCaret(const char *name) {
+    auto *panel = new QLabel(StatusBar1);
+    panel->setObjectName(QString::fromUtf8(name));
+    panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    panel->setMargin(2);
+    panel->setAlignment(Qt::AlignCenter);
+    panel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00 / 00")) + 16);
+    StatusBar1->insertWidget(Caret + 1, panel);
+    return panel;
+}
+
 void DocumentFrm::updateStatus() {
     if (!m_panels[Caret])
         return;

@@ -1,6 +1,7 @@
 #include "shell/document/text/edit_text_frm.h"
 
 #include "core/document.h"
+#include "hp48/fold.h"
 #include "platform/held_text.h"
 #include "platform/pane_look.h"
 #include "platform/text_pane.h"
@@ -10,6 +11,9 @@
 #include "shell/exports/edit_text_guardar_hp_frm.h"
 #include "shell/frame/mdi_frm.h"
 #include "shell/symbols/symbol_frm.h"
+
+#include <QAction>
+#include <QLabel>
 
 namespace zolt {
 
@@ -46,7 +50,12 @@ const Edition &EditTextFrm::edition() {
     return text;
 }
 
-EditTextFrm::EditTextFrm(QWidget *frame) : DocumentFrm(edition(), frame) {
+EditTextFrm::EditTextFrm(QWidget *frame)
+    : DocumentFrm(edition(), frame), PanelColumns(addPanelBehindCaret("PanelColumns")) {
+    PanelColumns->setToolTip(QStringLiteral("Columns up to the caret / in the line, without codes and "
+                                            "picture cells"));
+    menuItem("MnuVerVisibleColumns")->setChecked(extraSettings().showsColumns);
+    PanelColumns->setVisible(extraSettings().showsColumns);
     DocumentFrm::begin();
     readShows();
 }
@@ -100,6 +109,22 @@ void EditTextFrm::clear() {
 
 void EditTextFrm::copyDocument(const Pane &from, Pane &to) {
     static_cast<TextPane &>(to).setText(from.Text());
+}
+
+void EditTextFrm::updateStatus() {
+    DocumentFrm::updateStatus();
+    if (PanelColumns->isHidden())
+        return;
+    const auto [front, behind] = activeTextPane().caretLine();
+    PanelColumns->setText(
+        QStringLiteral("%1 / %2").arg(visibleColumns(front)).arg(visibleColumns(front + behind)));
+}
+
+void EditTextFrm::MnuVerVisibleColumns() {
+    const bool shows = menuItem("MnuVerVisibleColumns")->isChecked();
+    PanelColumns->setVisible(shows);
+    changeExtraSettings([shows](ExtraSettings &settings) { settings.showsColumns = shows; });
+    updateStatus();
 }
 
 FullscreenFrm &EditTextFrm::loadFullscreen() {

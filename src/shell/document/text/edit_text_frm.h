@@ -55,6 +55,8 @@ public slots:
     void MnuInserirCriarnovosímbolo();
     void TesteDeIntegridade();
 
+    /// Shows how many columns the caret's line takes, or doesn't.
+    void MnuVerVisibleColumns();
     void MnuVerPrévisualizartudoNormal();
     void MnuVerPrévisualizartudoComquebrasdelinha();
     void MnuVerPrévisualizartudoEstiloHP48();
@@ -68,6 +70,7 @@ public slots:
     void MnuVerShowColumnLimit();
 
 protected:
+    void updateStatus() override;
     std::string fileOf(std::string stored) const override;
     void takeFileBytes(Pane &pane, std::string_view bytes) override;
     std::string stored() const override;
@@ -101,6 +104,8 @@ private:
     void previewSelection(void (MDIFrm::*open)());
     /// The document as a Web page; nothing, with a message, if it is empty.
     std::optional<std::string> buildWebPage();
+
+    QLabel *PanelColumns;
 };
 
 } // namespace zolt

@@ -67,6 +67,8 @@ const QList<MenuRow> kShowRows{
     {1, "MnuVerShowPictures", "Show &pictures", "MnuVerShowPictures", nullptr, nullptr, MenuRow::Checked},
     {1, "MnuVerShowColumnLimit", "Show column &limit", "MnuVerShowColumnLimit", nullptr, nullptr,
      MenuRow::Checked},
+    {1, "MnuVerVisibleColumns", "Visible colu&mns", "MnuVerVisibleColumns", nullptr, nullptr,
+     MenuRow::Checked},
 };
 
 const QList<MenuRow> kInsertRows =
