@@ -65,9 +65,9 @@ const QList<MenuRow> kShowRows{
     {1, "MnuVerSeparador3", "-"},
     {1, "MnuVerShowStyles", "Show st&yles", "MnuVerShowStyles", nullptr, nullptr, MenuRow::Checked},
     {1, "MnuVerShowPictures", "Show &pictures", "MnuVerShowPictures", nullptr, nullptr, MenuRow::Checked},
-    {1, "MnuVerShowColumnLimit", "Show column &limit", "MnuVerShowColumnLimit", nullptr, nullptr,
+    {1, "MnuVerShowColumnLimit", "Show column li&mit", "MnuVerShowColumnLimit", nullptr, nullptr,
      MenuRow::Checked},
-    {1, "MnuVerVisibleColumns", "Visible colu&mns", "MnuVerVisibleColumns", nullptr, nullptr,
+    {1, "MnuVerVisibleColumns", "&Visible columns", "MnuVerVisibleColumns", nullptr, nullptr,
      MenuRow::Checked},
 };
 
