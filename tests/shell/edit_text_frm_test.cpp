@@ -126,10 +126,10 @@ TEST_F(TextWindow, ThePanelOfColumnsCountsWhatTheCalculatorShows) {
     pane().setText("above\r\nab\vBcd\vBe\x9E"
                    "F9999F\x9E"
                    "F0000Fxyz\r\n");
-    EXPECT_EQ(shownAt(0), "0 / 5");
-    EXPECT_EQ(shownAt(7 + 5), "3 / 8");
-    EXPECT_EQ(shownAt(7 + 26), "8 / 8");
-    EXPECT_EQ(shownAt(pane().length()), "0 / 0");
+    EXPECT_EQ(shownAt(0), "0/5");
+    EXPECT_EQ(shownAt(7 + 5), "3/8");
+    EXPECT_EQ(shownAt(7 + 26), "8/8");
+    EXPECT_EQ(shownAt(pane().length()), "0/0");
     EXPECT_EQ(control<QLabel>(m_window, "Panel2")->text(), QStringLiteral("(3, 0)"));
     m_window->menuItem("MnuVerVisibleColumns")->trigger();
     EXPECT_TRUE(panel->isHidden());

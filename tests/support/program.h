@@ -97,7 +97,7 @@ template <class Control> Control *control(QWidget *window, const char *name) {
 /// Clicks a button of a window.
 void press(QWidget *window, const char *button);
 
-/// What panel 1 of the document's status bar says.
+/// What panel 1 of the document's status bar says, whole also where it has no room for it.
 QString statusMessage();
 
 /// Deletes the windows that are closed and wanted by nobody, as the event loop does.

@@ -47,7 +47,7 @@ QLabel *DocumentFrm::addPanelBehindCaret(const char *name) {
     panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     panel->setMargin(2);
     panel->setAlignment(Qt::AlignCenter);
-    panel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00 / 00")) + 16);
+    panel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00")) + 8);
     StatusBar1->insertWidget(Caret + 1, panel);
     return panel;
 }

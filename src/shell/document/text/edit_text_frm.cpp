@@ -117,7 +117,7 @@ void EditTextFrm::updateStatus() {
         return;
     const auto [front, behind] = activeTextPane().caretLine();
     PanelColumns->setText(
-        QStringLiteral("%1 / %2").arg(visibleColumns(front)).arg(visibleColumns(front + behind)));
+        QStringLiteral("%1/%2").arg(visibleColumns(front)).arg(visibleColumns(front + behind)));
 }
 
 void EditTextFrm::MnuVerVisibleColumns() {
