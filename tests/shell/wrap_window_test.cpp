@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QPushButton>
+#include <QTimer>
 
 namespace zolt {
 namespace {
