@@ -73,6 +73,8 @@ void reportLivePreview(Pane &pane) {
         }
         return longest;
     };
+    // The pane is narrower now and lays its text out anew.
+    wait([&] { return preview->isUpToDate(); });
     double key = 0;
     double busy = 0;
     for (int i = 0; i < 30; ++i) {
