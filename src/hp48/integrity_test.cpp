@@ -1,6 +1,7 @@
 #include "hp48/integrity_test.h"
 
 #include "core/codes.h"
+#include "core/reporter.h"
 #include "hp48/quotes.h"
 
 #include <algorithm>
@@ -47,32 +48,14 @@ private:
     std::string m_piece;
 };
 
-/// Calls a Progress after each so many errors; between them the test is quicker than any
-/// window needs.
-class Pace {
-public:
-    Pace(const Progress &progress, std::size_t total) : m_progress(progress), m_total(total) {}
-
-    bool goOn(std::size_t step) {
-        return ++m_calls % kCallsBetween != 0 || zolt::goOn(m_progress, step, m_total);
-    }
-
-private:
-    static constexpr std::size_t kCallsBetween = 1024;
-
-    const Progress &m_progress;
-    std::size_t m_total;
-    std::size_t m_calls = 0;
-};
-
-bool reportQuotes(const QuotedText &quotes, Report &report, Pace pace) {
+bool reportQuotes(const QuotedText &quotes, Report &report, Reporter reporter) {
     if (quotes.openingAdded)
         report.addLine("-Superior ('') character inserted ");
     if (quotes.closingAdded)
         report.addLine("-Inferior ('') character inserted ");
     for (const std::size_t i : quotes.replaced) {
         report.addErrors(1, "-Ilegal character found (\") in position (", i, "). Substituted by (')");
-        if (!pace.goOn(i))
+        if (!reporter.goOn(i))
             return false;
     }
     return true;
@@ -87,11 +70,11 @@ std::size_t wrongDigits(std::string_view text, std::size_t mark) {
     return wrong;
 }
 
-bool reportWrongCells(const std::string &text, Report &report, Pace pace) {
+bool reportWrongCells(const std::string &text, Report &report, Reporter reporter) {
     for (std::size_t i = text.find(kCellMark, 1); i != std::string::npos && i + 1 < text.size();
          i = text.find(kCellMark, i + 1)) {
         report.addErrors(wrongDigits(text, i), "-Illegal graphical object found at (", i, ").");
-        if (!pace.goOn(i))
+        if (!reporter.goOn(i))
             return false;
     }
     return true;
@@ -110,8 +93,8 @@ IntegrityResult testIntegrity(std::string_view document, const ReportSink &sink,
     if (document.empty())
         report.addLine("Empty document");
     QuotedText quotes = quoted(document.empty() ? kEmptyString : document);
-    const Pace pace(progress, quotes.text.size());
-    if (!reportQuotes(quotes, report, pace) || !reportWrongCells(quotes.text, report, pace))
+    const Reporter reporter(progress, quotes.text.size());
+    if (!reportQuotes(quotes, report, reporter) || !reportWrongCells(quotes.text, report, reporter))
         return {};
     if (report.leftOut() > 0)
         report.addLine("-And " + std::to_string(report.leftOut()) + " more");

@@ -1,9 +1,8 @@
 #include "hp48/styles_and_pictures.h"
 
 #include "core/reporter.h"
+#include "hp48/open_runs.h"
 #include "hp48/picture_block.h"
-#include "hp48/picture_chain.h"
-#include "hp48/style_marks.h"
 
 #include <algorithm>
 
@@ -30,7 +29,7 @@ public:
     /// and the character behind them, or a picture. False when asked to stop.
     bool compileNext() {
         if (m_marks.at(m_at) == kStyleMark) {
-            takeCodes();
+            m_at = m_runs.takeCodes(m_marks, m_ends, m_at);
             if (atEnd())
                 return true;
             if (m_marks.at(m_at) != kCellMark) {
@@ -45,32 +44,6 @@ public:
     }
 
 private:
-    /// A style that holds up to `end`. Runs opened later lie on top of it.
-    struct OpenRun {
-        std::size_t end;
-        Style style;
-    };
-
-    void takeCodes() {
-        char letter = letterHere();
-        for (std::size_t i = 0; i < kStyleCodes.size(); ++i) {
-            if (letter != kStyleCodes[i].letter)
-                continue;
-            m_at = m_marks.advance(m_at, 2);
-            if (const auto partner = m_marks.takeFirst(i, m_at)) {
-                m_ends.forget(m_at.position, *partner);
-                m_at = m_marks.settled(m_at);
-                m_openRuns.push_back({*partner, kStyleCodes[i].style});
-            }
-            letter = letterHere();
-        }
-    }
-
-    /// The letter behind a mark at the position; a zero byte where no mark stands.
-    char letterHere() const {
-        return m_marks.at(m_at) == kStyleMark ? m_marks.at(m_marks.advance(m_at, 1)) : '\0';
-    }
-
     bool takePicture() {
         const StyleMarks::Place end = endOfPicture(m_marks, m_at, m_ends);
         PictureBlock block;
@@ -93,8 +66,7 @@ private:
     std::size_t endOfStretch() {
         std::size_t end = m_marks.nextMark(m_at);
         styleHere();
-        if (!m_openRuns.empty())
-            end = std::min(end, m_openRuns.back().end);
+        end = m_runs.endOfStyle(end);
         const std::string_view stretch = m_text.substr(m_at.position, end - m_at.position);
         return m_at.position + std::min(stretch.find(kCellMark), stretch.size());
     }
@@ -112,11 +84,7 @@ private:
         m_result.text.append(characters, styleHere());
     }
 
-    Style styleHere() {
-        while (!m_openRuns.empty() && m_openRuns.back().end <= m_at.position)
-            m_openRuns.pop_back();
-        return m_openRuns.empty() ? Style::Plain : m_openRuns.back().style;
-    }
+    Style styleHere() { return m_runs.styleAt(m_at.position); }
 
     std::string_view m_text;
     StyleMarks m_marks;
@@ -124,7 +92,7 @@ private:
     const Progress &m_pictureProgress;
     PlaceMap *m_places;
     StyleMarks::Place m_at;
-    std::vector<OpenRun> m_openRuns;
+    OpenRuns m_runs;
     StyledPictures m_result;
 };
 

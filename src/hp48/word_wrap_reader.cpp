@@ -7,12 +7,12 @@ std::optional<ShownItem> ShownItems::next() {
     item.lead = m_at.position;
     item.isFree = item.lead >= m_ends.searchedTo();
     if (m_marks.at(m_at) == kStyleMark)
-        takeCodes();
+        m_at = m_runs.takeCodes(m_marks, m_ends, m_at);
     if (m_marks.atEnd(m_at))
         return std::nullopt;
     item.begin = m_at.position;
     item.kind = kindHere();
-    item.isDouble = isDoubleHere();
+    item.isDouble = m_runs.styleAt(m_at.position) == Style::Double;
     if (item.kind == ShownItem::Kind::Picture)
         m_at = endOfPicture(m_marks, m_at, m_ends);
     else
@@ -32,37 +32,12 @@ ShownItem::Kind ShownItems::kindHere() const {
     return ShownItem::Kind::Character;
 }
 
-void ShownItems::takeCodes() {
-    char letter = letterHere();
-    for (std::size_t i = 0; i < kStyleCodes.size(); ++i) {
-        if (letter != kStyleCodes[i].letter)
-            continue;
-        m_at = m_marks.advance(m_at, 2);
-        if (const auto partner = m_marks.takeFirst(i, m_at)) {
-            m_ends.forget(m_at.position, *partner);
-            m_at = m_marks.settled(m_at);
-            m_openRuns.push_back({*partner, kStyleCodes[i].style});
-        }
-        letter = letterHere();
-    }
-}
-
-char ShownItems::letterHere() const {
-    return m_marks.at(m_at) == kStyleMark ? m_marks.at(m_marks.advance(m_at, 1)) : '\0';
-}
-
 /// Between two marks a place is only its position.
 void ShownItems::advance(std::size_t count) {
     if (m_at.position + count < m_marks.nextMark(m_at))
         m_at.position += count;
     else
         m_at = m_marks.advance(m_at, count);
-}
-
-bool ShownItems::isDoubleHere() {
-    while (!m_openRuns.empty() && m_openRuns.back().end <= m_at.position)
-        m_openRuns.pop_back();
-    return !m_openRuns.empty() && m_openRuns.back().style == Style::Double;
 }
 
 void ShownLine::take(const ShownItem &item, std::string_view text) {

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "hp48/picture_chain.h"
-#include "hp48/style_marks.h"
+#include "hp48/open_runs.h"
 
 #include <cstddef>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 namespace zolt {
 
@@ -40,22 +38,14 @@ public:
     std::optional<ShownItem> next();
 
 private:
-    struct OpenRun {
-        std::size_t end;
-        Style style;
-    };
-
     ShownItem::Kind kindHere() const;
-    void takeCodes();
-    char letterHere() const;
     void advance(std::size_t count);
-    bool isDoubleHere();
 
     std::string_view m_text;
     StyleMarks m_marks;
     KnownEnds m_ends;
     StyleMarks::Place m_at;
-    std::vector<OpenRun> m_openRuns;
+    OpenRuns m_runs;
 };
 
 /// What is known of a line while its items are read.

@@ -29,7 +29,7 @@ bool hasDoubleSize(std::string_view line) {
 
 /// Whether a line is a picture's: cells side by side, or cells and blanks alone. A symbol
 /// in a text is a cell too.
-bool isPictureRow(std::string_view line) {
+bool belongsToPicture(std::string_view line) {
     bool hasCells = false;
     bool hasText = false;
     for (std::size_t i = 0; i < line.size();) {
@@ -81,7 +81,7 @@ void PaneDrawing::draw(const QTextBlock &block, QPointF place) {
 void PaneDrawing::drawLimit(const QTextBlock &block, QPointF place, const std::string &bytes) {
     const LineFolds folds = foldsOfLine(bytes, m_column ? *m_column : columnOf(block));
     m_column = folds.columnBehind;
-    if (isPictureRow(bytes))
+    if (belongsToPicture(bytes))
         return;
     // Of a long line only what is seen: its places take time.
     const QTextLayout &layout = *block.layout();

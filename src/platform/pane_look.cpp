@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kLongestLook = 20'000;    // characters of a paragraph
 constexpr qsizetype kMostFormats = 500; // of a paragraph
+constexpr int kMuch = 100'000;          // characters; a change of more is like a new text
 constexpr double kDimPart = 0.45;       // of the text's colour
 constexpr double kLimitPart = 0.3;
 
@@ -66,19 +67,23 @@ QTextCharFormat coloured(const QFont &font, const QColor &colour) {
 
 void PaneLook::setShows(const PaneShows &shows) {
     m_shows = shows;
-    readAll();
+    forgetCodes();
 }
 
 bool PaneLook::followChange(int from, int removed, int added) {
     m_length = m_document.characterCount();
     if (!m_shows.styles)
         return false;
+    if (!m_knowsCodes || added > kMuch) {
+        forgetCodes();
+        return true;
+    }
     // Qt counts the last line end into a change that reaches it.
     const int size = static_cast<int>(m_runs.size());
     const int end = std::min(from + added, m_length - 1);
     const int gone = std::min(removed, size - from);
     if (gone < 0 || end < from || size - gone + (end - from) != m_length - 1) {
-        readAll();
+        forgetCodes();
         return true;
     }
     return m_runs.replaced(static_cast<std::size_t>(from), static_cast<std::size_t>(gone),
@@ -90,11 +95,17 @@ bool PaneLook::isUpToDate() const {
     return m_length == m_document.characterCount();
 }
 
-void PaneLook::readAll() {
+void PaneLook::forgetCodes() {
     m_length = m_document.characterCount();
     m_runs = StyleRuns();
-    if (m_shows.styles)
+    m_knowsCodes = false;
+}
+
+const StyleRuns &PaneLook::runs() const {
+    if (!m_knowsCodes)
         m_runs.replaced(0, 0, bytesOf(m_document, 0, m_length - 1), '\0', '\0');
+    m_knowsCodes = true;
+    return m_runs;
 }
 
 void PaneLook::setGround(const QFont &font, const QColor &text, const QColor &background) {
@@ -145,7 +156,7 @@ PaneLook::Formats PaneLook::formatsOf(const QTextBlock &block, Width width) cons
     const auto start = static_cast<std::size_t>(block.position());
     if (m_shows.styles) {
         const std::size_t end = start + static_cast<std::size_t>(block.length() - 1);
-        for (const StyleRuns::Span &span : m_runs.between(start, end)) {
+        for (const StyleRuns::Span &span : runs().between(start, end)) {
             if (span.kind == StyleRuns::Span::Codes)
                 add(span.begin - start, span.end - start, m_codeFormat);
             else if (span.kind != StyleRuns::Span::Text)

@@ -80,14 +80,17 @@ private:
     bool isInUse(const QTextBlock &block, PaneStretch run) const;
     /// Whether they touch another row of the picture of which a paragraph is one.
     bool isPictureInUse(const QTextBlock &row) const;
-    void readAll();
+    /// The codes are read when they are asked for: the pane may be a hidden one.
+    void forgetCodes();
+    const StyleRuns &runs() const;
     void makeFormats();
     QTextCharFormat formatOfStyle(Style style, Width width) const;
 
     const QTextDocument &m_document;
     bool m_wraps;
     PaneShows m_shows;
-    StyleRuns m_runs; // of the document, if styles are shown
+    mutable StyleRuns m_runs; // of the document, if styles are shown
+    mutable bool m_knowsCodes = false;
     int m_length = 0; // of the document, with its last line end
     PaneStretch m_selection{0, 0};
 

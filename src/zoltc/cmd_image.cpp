@@ -1,5 +1,6 @@
 #include "core/document.h"
 #include "core/file.h"
+#include "core/path.h"
 #include "images/bitmap_file.h"
 #include "images/gif_file.h"
 #include "images/grob.h"

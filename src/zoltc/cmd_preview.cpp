@@ -1,5 +1,6 @@
 #include "core/document.h"
 #include "core/glyphs.h"
+#include "core/path.h"
 #include "graphic/rtf_writer.h"
 #include "hp48/preview_compiler.h"
 #include "hp48/preview_json.h"

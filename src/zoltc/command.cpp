@@ -157,15 +157,6 @@ int unusable(std::string_view file, std::string_view reason) {
     return Unusable;
 }
 
-std::string extensionOf(std::string_view file) {
-    const std::string title = titleOf(file);
-    const std::size_t dot = title.rfind('.');
-    std::string name(dot == std::string::npos ? "" : title.substr(dot + 1));
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return name;
-}
-
 bool readInput(const std::string &file, std::string &bytes) {
     if (file == "-")
         return readStream(stdin, "standard input", bytes);

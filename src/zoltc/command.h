@@ -51,9 +51,6 @@ int run(const std::vector<std::string> &words);
 /// The number that a whole text is in decimal, or none.
 std::optional<int> wholeNumber(std::string_view text);
 
-/// The extension of a file's name in small letters, without its dot.
-std::string extensionOf(std::string_view file);
-
 /// Reads a file, or standard input for "-". On failure says so on standard error.
 bool readInput(const std::string &file, std::string &bytes);
 

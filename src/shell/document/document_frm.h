@@ -188,6 +188,8 @@ private:
 
     void buildPanes();
     void buildStatusBar();
+    /// A panel of the status bar, which stands in none of its places yet.
+    QLabel *newPanel(const QString &name);
     void followPane(Pane &pane);
     void showActivePane();
     void updateClock();

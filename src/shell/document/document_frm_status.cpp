@@ -18,12 +18,7 @@ namespace zolt {
 
 void DocumentFrm::buildStatusBar() {
     for (int i = 0; i < PanelCount; ++i) {
-        auto *panel = new QLabel(StatusBar1);
-        panel->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
-        panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        panel->setTextFormat(Qt::PlainText);
-        panel->setMargin(2);
-        panel->setAlignment(i == Message ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
+        QLabel *panel = newPanel(QStringLiteral("Panel%1").arg(i + 1));
         StatusBar1->addWidget(panel, i == Message ? 1 : 0);
         m_panels[static_cast<std::size_t>(i)] = panel;
     }
@@ -34,6 +29,7 @@ void DocumentFrm::buildStatusBar() {
         m_panels[lock]->setText(lock == NumLock ? QStringLiteral("NUM") : QStringLiteral("CAPS"));
         m_panels[lock]->setEnabled(false);
     }
+    m_panels[Message]->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     // A long message is cut off, and doesn't widen the window.
     m_panels[Message]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto *clock = new QTimer(this);
@@ -41,12 +37,18 @@ void DocumentFrm::buildStatusBar() {
     clock->start(1000);
 }
 
-QLabel *DocumentFrm::addPanelBehindCaret(const char *name) {
+QLabel *DocumentFrm::newPanel(const QString &name) {
     auto *panel = new QLabel(StatusBar1);
-    panel->setObjectName(QString::fromUtf8(name));
+    panel->setObjectName(name);
     panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    panel->setTextFormat(Qt::PlainText);
     panel->setMargin(2);
     panel->setAlignment(Qt::AlignCenter);
+    return panel;
+}
+
+QLabel *DocumentFrm::addPanelBehindCaret(const char *name) {
+    QLabel *panel = newPanel(QString::fromUtf8(name));
     panel->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("00/00")) + 8);
     StatusBar1->insertWidget(Caret + 1, panel);
     return panel;

@@ -1,6 +1,7 @@
 #include "shell/start/start_up.h"
 
 #include "core/file.h"
+#include "core/path.h"
 #include "core/settings.h"
 #include "platform/desktop.h"
 #include "platform/fonts.h"
@@ -25,8 +26,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <algorithm>
-#include <cctype>
 #include <utility>
 
 /// Pictures in a library are not there until they are asked for.
@@ -45,16 +44,6 @@ std::string namedFile() {
     if (name.size() >= 2 && name.back() == '"')
         name = name.substr(1, name.size() - 2);
     return QFile::encodeName(QDir::current().absoluteFilePath(fromFileName(name))).toStdString();
-}
-
-bool endsInExtension(const std::string &name, const std::string &extension) {
-    const auto capital = [](char c) {
-        return static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    };
-    const std::string ending = "." + extension;
-    return name.size() >= ending.size() &&
-           std::equal(ending.begin(), ending.end(), name.end() - static_cast<std::ptrdiff_t>(ending.size()),
-                      [&](char a, char b) { return capital(a) == capital(b); });
 }
 
 void readSettingsOfThisRun() {
@@ -109,7 +98,7 @@ void openCommandLine() {
     shared::settings.DefltDir = folderOf(name);
     for (const auto &[extension, edition] :
          {std::pair{&shared::ExtensãoTexto, kTextual}, std::pair{&shared::ExtensãoGráfico, kGraphical}})
-        if (endsInExtension(name, *extension))
+        if (extensionOf(name) == *extension)
             return openFile(name, std::move(file), edition);
     askForEditionOf(name);
 }

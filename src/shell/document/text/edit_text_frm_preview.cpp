@@ -1,33 +1,33 @@
 // The text edition's previews, of the whole document and of the selection.
 
-#include "platform/held_text.h"
-#include "platform/text_pane.h"
+#include "platform/pane.h"
 #include "shell/base/shared_values.h"
 #include "shell/document/text/edit_text_frm.h"
 #include "shell/frame/mdi_frm.h"
+
+#include <functional>
+#include <utility>
 
 namespace zolt {
 
 namespace {
 
-/// The text as the pane holds it, which is copied in no time.
-class HeldSnapshot : public SourceSnapshot {
+/// The document is the calculator's text, and copied in no time.
+class TextSnapshot : public SourceSnapshot {
 public:
-    explicit HeldSnapshot(const TextPane &pane) : m_held(pane.held()) {}
+    explicit TextSnapshot(std::function<std::string()> text) : m_text(std::move(text)) {}
 
     bool takeMore() override { return false; }
-    std::optional<PlacedSource> source(const Progress &) override {
-        return PlacedSource{bytesOfHeldText(m_held), {}};
-    }
+    std::optional<PlacedSource> source(const Progress &) override { return PlacedSource{m_text(), {}}; }
 
 private:
-    QString m_held;
+    std::function<std::string()> m_text;
 };
 
 } // namespace
 
 std::unique_ptr<SourceSnapshot> EditTextFrm::sourceSnapshot() const {
-    return std::make_unique<HeldSnapshot>(activeTextPane());
+    return std::make_unique<TextSnapshot>(storedLater(activePane()));
 }
 
 void EditTextFrm::preview(const std::string &text, void (MDIFrm::*open)()) {
