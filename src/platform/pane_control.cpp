@@ -10,6 +10,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QShowEvent>
+#include <QSignalBlocker>
 #include <QTextDocument>
 #include <algorithm>
 #include <utility>
@@ -33,11 +35,26 @@ template <class Edit> void PaneControl<Edit>::followDocument() {
     QObject::connect(this->document(), &QTextDocument::contentsChange, this, &PaneControl::followContents);
 }
 
+template <class Edit> void PaneControl<Edit>::fillLater(std::function<void()> fill) {
+    m_fill = std::move(fill);
+    if (this->isVisible())
+        fillNow();
+}
+
+template <class Edit> void PaneControl<Edit>::fillNow() const {
+    if (!m_fill)
+        return;
+    const QSignalBlocker silent(m_events);
+    std::exchange(m_fill, {})();
+}
+
 template <class Edit> std::string PaneControl<Edit>::Text() const {
+    fillNow();
     return bytesBetween(0, this->document()->characterCount() - 1);
 }
 
 template <class Edit> qsizetype PaneControl<Edit>::length() const {
+    fillNow();
     return textLength(*this->document());
 }
 
@@ -80,6 +97,7 @@ template <class Edit> void PaneControl<Edit>::copy() {
 }
 
 template <class Edit> void PaneControl<Edit>::paste() {
+    fillNow();
     const HeldChange hold(*this);
     Edit::paste();
 }
@@ -144,6 +162,7 @@ template <class Edit> void PaneControl<Edit>::endStep() {
 }
 
 template <class Edit> int PaneControl<Edit>::positionOfOffset(qsizetype offset) const {
+    fillNow();
     return zolt::positionOfOffset(*this->document(), offset);
 }
 
@@ -159,7 +178,7 @@ template <class Edit> QTextCursor PaneControl<Edit>::cursorOver(int from, int to
 }
 
 template <class Edit> PaneSelection PaneControl<Edit>::selection() const {
-    const QTextCursor cursor = this->textCursor();
+    const QTextCursor cursor = Edit::textCursor();
     return {cursor.anchor(), cursor.position()};
 }
 
@@ -220,6 +239,11 @@ template <class Edit> bool PaneControl<Edit>::event(QEvent *event) {
         }
     }
     return Edit::event(event);
+}
+
+template <class Edit> void PaneControl<Edit>::showEvent(QShowEvent *event) {
+    fillNow();
+    Edit::showEvent(event);
 }
 
 template <class Edit> void PaneControl<Edit>::changeEvent(QEvent *event) {

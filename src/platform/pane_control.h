@@ -30,6 +30,10 @@ public:
     const QAbstractScrollArea &control() const override { return *this; }
     PaneEvents &events() const override { return *m_events; }
     using Edit::hasFocus;
+    QTextCursor textCursor() const {
+        fillNow();
+        return Edit::textCursor();
+    }
 
     std::string Text() const override;
     qsizetype length() const override;
@@ -48,6 +52,10 @@ public:
     void redo() override;
     void undoToggle() override;
     bool canUndoToggle() const override;
+
+    /// `fill` puts a text in once somebody reads the pane or sees it: a hidden pane costs
+    /// nothing until then. It reports no change.
+    void fillLater(std::function<void()> fill);
 
 protected:
     explicit PaneControl(QWidget *parent);
@@ -83,6 +91,10 @@ protected:
     /// The change is done, but not reported. What is edited here belongs to it.
     virtual void finishChange() {}
 
+    /// Puts the text in that fillLater() left.
+    void fillNow() const;
+    /// Another text takes the place of that one.
+    void forgetFill() { m_fill = {}; }
     /// Begins a new history for a text that was put in whole.
     void beginHistory();
     /// Follows the document that the control has from now on.
@@ -102,6 +114,7 @@ protected:
     void placeCaret(int position) { select({position, position}); }
 
     bool event(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
@@ -132,6 +145,7 @@ private:
     void tell();
 
     PaneEvents *m_events; // a child
+    mutable std::function<void()> m_fill;
     UndoSelections m_undoSelections;
     PaneSelection m_toldSelection; // as it was before the change that is under way
     int m_holds = 0;

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <list>
 #include <utility>
 
 namespace zolt {
@@ -17,6 +18,7 @@ namespace zolt {
 namespace {
 
 constexpr qreal kUnitsPerPixel = 64; // the precision of Qt's own layout
+constexpr std::size_t kRememberedFonts = 8;
 constexpr qreal kUnlimited = INT_MAX;
 constexpr int kLongParagraph = 10'000; // characters
 constexpr qsizetype kManyFormats = 50; // of a paragraph
@@ -42,6 +44,48 @@ void setCharacters(QTextLine &line, int characters, qreal width) {
     while (line.textLength() > characters && --columns > 0);
 }
 
+using ByteWidths = std::array<int, 256>;
+
+ByteWidths measuredByteWidths(const QFont &font, QPaintDevice *device) {
+    std::string bytes;
+    for (int code = 0; code < 256; ++code)
+        bytes += static_cast<char>(code);
+    QTextLayout layout(heldText(bytes), font, device);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(kUnlimited);
+    layout.endLayout();
+    ByteWidths widths;
+    for (int code = 0; code < 256; ++code)
+        widths[static_cast<std::size_t>(code)] = toUnits(line.cursorToX(code + 1) - line.cursorToX(code));
+    return widths;
+}
+
+/// The widths of the bytes' characters on a device, without one on the screen. The last fonts are remembered: the
+/// panes of a window have one font.
+const ByteWidths &byteWidths(const QFont &font, QPaintDevice *device) {
+    struct Measured {
+        QFont font;
+        int dpi;
+        qreal scale;
+        ByteWidths widths;
+    };
+    static std::list<Measured> remembered;
+    const int dpi = device ? device->logicalDpiX() : 0;
+    const qreal scale = device ? device->devicePixelRatio() : 1;
+    const auto known = std::find_if(remembered.begin(), remembered.end(), [&](const Measured &each) {
+        return each.font == font && each.dpi == dpi && each.scale == scale;
+    });
+    if (known != remembered.end())
+        return known->widths;
+    if (remembered.size() == kRememberedFonts)
+        remembered.pop_back();
+    return remembered.emplace_front(Measured{font, dpi, scale, measuredByteWidths(font, device)}).widths;
+}
+
 } // namespace
 
 PaneLayout::PaneLayout(QTextDocument *document, const QWidget *view, bool wraps)
@@ -52,6 +96,11 @@ PaneLayout::PaneLayout(QTextDocument *document, const QWidget *view, bool wraps)
 void PaneLayout::setShows(const PaneShows &shows) {
     m_look.setShows(shows);
     countAllLines();
+}
+
+void PaneLayout::endStretches(std::string_view text) {
+    m_isGrowing = false;
+    m_look.readText(text);
 }
 
 void PaneLayout::layOut(const QTextBlock &block) const {
@@ -80,7 +129,7 @@ void PaneLayout::refresh(QTextBlock block) const {
 
 PaneLook::Formats PaneLayout::lookOf(const QTextBlock &block, PaneLook::Width width) const {
     // An input method has formats of its own there; an edit under way isn't known yet.
-    if (!block.layout()->preeditAreaText().isEmpty() || !m_look.isUpToDate())
+    if (m_isGrowing || !block.layout()->preeditAreaText().isEmpty() || !m_look.isUpToDate())
         return block.layout()->formats();
     const QPalette &colours = m_view->palette();
     m_look.setGround(document()->defaultFont(), colours.color(QPalette::Text), colours.color(QPalette::Base));
@@ -215,20 +264,7 @@ void PaneLayout::documentChanged(int from, int removed, int added) {
 
 void PaneLayout::measureFont() {
     m_font = document()->defaultFont();
-    std::string bytes;
-    for (int code = 0; code < 256; ++code)
-        bytes += static_cast<char>(code);
-    QTextLayout layout(heldText(bytes), *m_font, paintDevice());
-    QTextOption option;
-    option.setWrapMode(QTextOption::NoWrap);
-    layout.setTextOption(option);
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(kUnlimited);
-    layout.endLayout();
-    for (int code = 0; code < 256; ++code)
-        m_byteWidths[static_cast<std::size_t>(code)] =
-            toUnits(line.cursorToX(code + 1) - line.cursorToX(code));
+    m_byteWidths = byteWidths(*m_font, paintDevice());
     m_greatestByteWidth = *std::max_element(m_byteWidths.begin(), m_byteWidths.end());
 }
 

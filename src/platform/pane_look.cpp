@@ -48,6 +48,20 @@ std::string bytesOf(const QTextDocument &document, int from, int to) {
     return bytes;
 }
 
+/// The bytes of a text, a line end being one character.
+std::string withSingleLineEnds(std::string_view bytes) {
+    std::string text;
+    text.reserve(bytes.size());
+    for (std::size_t done = 0; done < bytes.size();) {
+        const std::size_t lineEnd = std::min(bytes.find("\r\n", done), bytes.size());
+        text.append(bytes, done, lineEnd - done);
+        if (lineEnd < bytes.size())
+            text += '\n';
+        done = lineEnd + 2;
+    }
+    return text;
+}
+
 char byteAt(const QTextDocument &document, int position) {
     if (position < 0 || position >= document.characterCount() - 1)
         return '\0';
@@ -101,10 +115,20 @@ void PaneLook::forgetCodes() {
     m_knowsCodes = false;
 }
 
+void PaneLook::readText(std::string_view bytes) {
+    forgetCodes();
+    if (m_shows.styles)
+        readCodes(withSingleLineEnds(bytes));
+}
+
+void PaneLook::readCodes(std::string_view text) const {
+    m_runs.replaced(0, 0, text, '\0', '\0');
+    m_knowsCodes = true;
+}
+
 const StyleRuns &PaneLook::runs() const {
     if (!m_knowsCodes)
-        m_runs.replaced(0, 0, bytesOf(m_document, 0, m_length - 1), '\0', '\0');
-    m_knowsCodes = true;
+        readCodes(withSingleLineEnds(bytesOfHeldText(m_document.toRawText())));
     return m_runs;
 }
 
@@ -124,12 +148,17 @@ void PaneLook::makeFormats() {
         coloured(*m_font, QColor(readableOn(m_background) == Qt::black ? kWarningOnLight : kWarningOnDark));
     m_pictureFormat = coloured(*m_font, Qt::transparent);
     m_pictureFormat.setProperty(kIsPicture, true);
-    for (const StyleCode &code : kStyleCodes)
-        for (const Width width : {Natural, Squeezed})
-            m_styleFormats[width][static_cast<std::size_t>(code.style)] = formatOfStyle(code.style, width);
+    m_styleFormats = {};
 }
 
-QTextCharFormat PaneLook::formatOfStyle(Style style, Width width) const {
+const QTextCharFormat &PaneLook::formatOfStyle(Style style, Width width) const {
+    std::optional<QTextCharFormat> &format = m_styleFormats[width][static_cast<std::size_t>(style)];
+    if (!format)
+        format = madeFormatOfStyle(style, width);
+    return *format;
+}
+
+QTextCharFormat PaneLook::madeFormatOfStyle(Style style, Width width) const {
     const std::string_view name = fontOfStyle(style);
     QFont font = *m_font;
     font.setFamilies(QStringList(QString::fromLatin1(name.data(), qsizetype(name.size()))) +
@@ -162,8 +191,7 @@ PaneLook::Formats PaneLook::formatsOf(const QTextBlock &block, Width width) cons
             else if (span.kind != StyleRuns::Span::Text)
                 add(span.begin - start, span.end - start, m_warningFormat);
             else if (span.style != Style::Plain && width != Plain)
-                add(span.begin - start, span.end - start,
-                    m_styleFormats[width][static_cast<std::size_t>(span.style)]);
+                add(span.begin - start, span.end - start, formatOfStyle(span.style, width));
         }
     }
     for (const PaneStretch &run : m_shows.pictures ? cellRuns(block) : std::vector<PaneStretch>())

@@ -45,6 +45,8 @@ public:
     const PaneShows &shows() const { return m_shows; }
     void setShows(const PaneShows &shows);
 
+    /// The document holds these bytes now. They needn't be read from there.
+    void readText(std::string_view bytes);
     /// The document's characters have changed. Gives whether characters elsewhere can
     /// look different now.
     bool followChange(int from, int removed, int added);
@@ -82,9 +84,11 @@ private:
     bool isPictureInUse(const QTextBlock &row) const;
     /// The codes are read when they are asked for: the pane may be a hidden one.
     void forgetCodes();
+    void readCodes(std::string_view text) const;
     const StyleRuns &runs() const;
     void makeFormats();
-    QTextCharFormat formatOfStyle(Style style, Width width) const;
+    const QTextCharFormat &formatOfStyle(Style style, Width width) const;
+    QTextCharFormat madeFormatOfStyle(Style style, Width width) const;
 
     const QTextDocument &m_document;
     bool m_wraps;
@@ -98,7 +102,8 @@ private:
     QColor m_text;
     QColor m_background;
     QColor m_limit;
-    std::array<std::array<QTextCharFormat, kStyleCount>, 2> m_styleFormats; // by Width
+    /// By Width; those that were asked for.
+    mutable std::array<std::array<std::optional<QTextCharFormat>, kStyleCount>, 2> m_styleFormats;
     QTextCharFormat m_codeFormat;
     QTextCharFormat m_warningFormat;
     QTextCharFormat m_pictureFormat;

@@ -12,6 +12,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextLayout>
 #include <algorithm>
@@ -113,14 +114,17 @@ void RichTextBox::paintEvent(QPaintEvent *event) {
 }
 
 RichText RichTextBox::richText() const {
+    fillNow();
     return m_document->richText();
 }
 
 RichText RichTextBox::richText(int from, int to) const {
+    fillNow();
     return m_document->richText(from, std::min(to, positionCount()));
 }
 
 int RichTextBox::positionCount() const {
+    fillNow();
     return m_document->characterCount() - 1;
 }
 
@@ -128,10 +132,23 @@ bool RichTextBox::setRichText(const RichText &text, const Progress &progress) {
     std::unique_ptr<RichTextDocument> made = RichTextDocument::make(text, progress);
     if (!made)
         return false;
+    forgetFill();
     const HeldChange hold(*this);
     take(made.release());
     beginHistory();
     return true;
+}
+
+void RichTextBox::setRichTextLater(RichText text, qsizetype selStart, qsizetype selLength) {
+    {
+        const QSignalBlocker silent(&events());
+        setRichText({});
+    }
+    fillLater([this, text = std::move(text), selStart, selLength] {
+        setRichText(text);
+        setSelStart(selStart);
+        setSelLength(selLength);
+    });
 }
 
 RichText RichTextBox::selRichText() const {

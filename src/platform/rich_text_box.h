@@ -44,6 +44,8 @@ public:
     /// Replaces all and clears the undo history; the caret goes to 0. False, with
     /// nothing changed, when `progress` asks to stop; it is told the paragraphs done.
     bool setRichText(const RichText &text, const Progress &progress = {});
+    /// The same for a hidden box, which holds the rich text alone until it is read or shown.
+    void setRichTextLater(RichText text, qsizetype selStart = 0, qsizetype selLength = 0);
     RichText selRichText() const;
     /// Replaces the selection in one undo step; the caret stands behind the new text.
     void setSelRichText(const RichText &text);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "core/progress.h"
 #include "platform/pane_control.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,11 +34,14 @@ public:
     /// words, longer words anywhere. One that doesn't has both scroll bars.
     explicit TextPane(bool wraps, QWidget *parent = nullptr);
 
-    /// Replaces all and clears the undo history; the caret goes to 0.
-    void setText(std::string_view bytes);
+    /// Replaces all and clears the undo history; the caret goes to 0. Of a long text the
+    /// first lines show at once; `progress`, which can't stop it, is told the bytes that are in.
+    void setText(std::string_view bytes, const Progress &progress = {});
+    /// The same for a hidden pane, which holds the bytes alone until it is read or shown.
+    void setTextLater(std::string bytes, qsizetype selStart = 0, qsizetype selLength = 0);
     /// The text in the form in which the control holds it, of which bytesOfHeldText() makes
     /// the bytes: a copy, far cheaper than Text().
-    QString held() const { return document()->toRawText(); }
+    QString held() const;
     /// Replaces all in one undo step; the caret goes to 0. Only the stretch that
     /// differs is edited.
     void replaceText(std::string_view bytes);
@@ -84,6 +89,8 @@ private:
     void drawBeneath(const QRect &part);
     void followCaret();
 
+    /// Puts stretches of a text behind the first of them, which is in.
+    void appendText(std::string_view bytes, const std::vector<std::size_t> &starts, const Progress &progress);
     /// One undo step; the caret goes behind the new bytes if no place is given.
     void replaceRange(int from, int to, std::string_view bytes, std::optional<int> caret);
     /// Makes line ends of the lone CRs at the positions and the lone LFs that a

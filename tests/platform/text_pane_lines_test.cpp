@@ -4,10 +4,12 @@
 #include "platform/shown.h"
 
 #include <QTextBlock>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 #include <set>
 #include <tuple>
+#include <vector>
 
 using zolt::PaneEvents;
 using zolt::TextPane;
@@ -157,7 +159,15 @@ TEST(TextPaneLines, AreRightInALongDocumentThatIsMostlyUnseen) {
     for (int i = 0; i < kChunks; ++i)
         text += chunk;
     one.setText(chunk);
-    pane.setText(text);
+    std::vector<std::size_t> told;
+    pane.setText(text, [&](std::size_t step, std::size_t total) {
+        EXPECT_EQ(total, text.size());
+        told.push_back(step);
+        return true;
+    });
+    EXPECT_TRUE(told.size() > 1 && std::is_sorted(told.begin(), told.end()) && told.back() == text.size());
+    EXPECT_TRUE(pane.Text() == text);
+    EXPECT_FALSE(pane.canUndoToggle());
     for (TextPane *each : {&one, &pane}) {
         each->setPaneFont(QFont(QString::fromLatin1(kFixedFont), 9));
         each->resize(300, 200);

@@ -399,6 +399,7 @@ TEST_P(DocumentLife, TheWrapSwitchKeepsTextAndSelection) {
         EXPECT_FALSE(before.isVisible());
         EXPECT_EQ(pane().Text(), "one two three");
         EXPECT_EQ(pane().SelText(), "two");
+        EXPECT_EQ(m_window->pane(wraps ? 2 : 1).SelText(), "two") << "stale by now, but there";
         EXPECT_EQ(shared::settings.TxtWWrap, wraps ? 1 : 2);
         EXPECT_EQ(button->isChecked(), wraps);
         EXPECT_EQ(m_window->menuItem("MnuEditarTranslinearpalavras")->isChecked(), wraps);

@@ -132,6 +132,10 @@ Pane &DocumentFrm::activePane() const {
     return pane(shared::settings.TxtWWrap == 2 ? 2 : 1);
 }
 
+Pane &DocumentFrm::hiddenPane() const {
+    return pane(&activePane() == &pane(1) ? 2 : 1);
+}
+
 void DocumentFrm::setCaption(const QString &caption) {
     m_caption = caption;
     // "[*]" in a window title is Qt's mark of change; doubled, it stands for itself.

@@ -59,6 +59,7 @@ public:
 
     QMdiSubWindow &window() override { return *this; }
     Pane &activePane() const override;
+    Pane &hiddenPane() const;
     /// Text1 for 1, Text2 for 2.
     Pane &pane(int number) const { return *m_panes[static_cast<std::size_t>(number - 1)]; }
 
@@ -142,8 +143,9 @@ protected:
 
     /// The bytes of a file that holds a document, of what stored() gave of it.
     virtual std::string fileOf(std::string stored) const = 0;
-    /// Puts a file's bytes into a pane for good: an opened document has no history.
-    virtual void takeFileBytes(Pane &pane, std::string_view bytes) = 0;
+    /// Puts a file's bytes into the active pane for good: an opened document has no
+    /// history. The hidden pane gets them too, if asked, once it is read or shown.
+    virtual void takeFileBytes(std::string_view bytes, Panes panes) = 0;
     /// What TextoGuardado holds of a document: its text, or its rich text.
     virtual std::string stored() const = 0;
     /// The same of a pane, made from values of it as it is now, beside the windows.
@@ -154,6 +156,8 @@ protected:
     virtual void clear() = 0;
     /// Makes a pane's document that of another one.
     virtual void copyDocument(const Pane &from, Pane &to) = 0;
+    /// Lets the hidden pane keep its stale document in little memory.
+    virtual void foldHiddenPane() = 0;
     /// Gives both panes the font and the colours of the settings.
     virtual void applySettings() = 0;
     /// Gives both panes the background of the settings, and in the textual edition the

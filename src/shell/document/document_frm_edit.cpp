@@ -117,6 +117,7 @@ void DocumentFrm::EditarTranslinearpalavras() {
     to.setSelLength(from.SelLength());
     m_touched = touched;
     showActivePane();
+    foldHiddenPane();
     updateStatus();
 }
 

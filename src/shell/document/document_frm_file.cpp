@@ -91,10 +91,8 @@ std::string DocumentFrm::showFile(const std::string &path, const std::string &by
         return reason;
     const QString before = caption();
     const bool loses = keepThrownAway();
-    takeFileBytes(activePane(), bytes);
+    takeFileBytes(bytes, panes);
     rememberFile(path);
-    if (panes == BothPanes)
-        copyDocument(activePane(), pane(&activePane() == &pane(1) ? 2 : 1));
     say({});
     if (loses)
         sayReplaced(before);

@@ -83,11 +83,17 @@ std::string EditGraphFrm::fileOf(std::string stored) const {
     return stored;
 }
 
-void EditGraphFrm::takeFileBytes(Pane &pane, std::string_view bytes) {
+void EditGraphFrm::takeFileBytes(std::string_view bytes, Panes panes) {
     if (isRtf(bytes))
-        static_cast<RichTextBox &>(pane).setRichText(richTextFromRtf(bytes), openingProgress());
+        activeRichPane().setRichText(richTextFromRtf(bytes), openingProgress());
     else
-        fill(static_cast<RichTextBox &>(pane), documentFromFile(bytes));
+        fill(activeRichPane(), documentFromFile(bytes));
+    if (panes == ActivePane)
+        return;
+    if (activePane().length() > 0)
+        static_cast<RichTextBox &>(hiddenPane()).setRichTextLater(activeRichPane().richText());
+    else
+        copyDocument(activePane(), hiddenPane());
 }
 
 std::string EditGraphFrm::stored() const {
@@ -120,6 +126,12 @@ void EditGraphFrm::copyDocument(const Pane &from, Pane &to) {
         target.setRichText(static_cast<const RichTextBox &>(from).richText());
     else
         fill(target, {});
+}
+
+void EditGraphFrm::foldHiddenPane() {
+    auto &hidden = static_cast<RichTextBox &>(hiddenPane());
+    if (hidden.length() > 0)
+        hidden.setRichTextLater(hidden.richText(), hidden.SelStart(), hidden.SelLength());
 }
 
 FullscreenFrm &EditGraphFrm::loadFullscreen() {

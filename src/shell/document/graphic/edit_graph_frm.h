@@ -52,12 +52,13 @@ public slots:
 
 protected:
     std::string fileOf(std::string stored) const override;
-    void takeFileBytes(Pane &pane, std::string_view bytes) override;
+    void takeFileBytes(std::string_view bytes, Panes panes) override;
     std::string stored() const override;
     RichText printout(bool selection) const override;
     std::function<std::string()> storedLater(const Pane &pane) const override;
     void clear() override;
     void copyDocument(const Pane &from, Pane &to) override;
+    void foldHiddenPane() override;
     void applySettings() override;
     void applyPaneColours() override;
     void applyTextColour() override;

@@ -91,8 +91,11 @@ std::string EditTextFrm::fileOf(std::string stored) const {
     return fileFromDocument(stored);
 }
 
-void EditTextFrm::takeFileBytes(Pane &pane, std::string_view bytes) {
-    static_cast<TextPane &>(pane).setText(documentFromFile(bytes, openingProgress()));
+void EditTextFrm::takeFileBytes(std::string_view bytes, Panes panes) {
+    std::string document = documentFromFile(bytes);
+    activeTextPane().setText(document, openingProgress());
+    if (panes == BothPanes)
+        static_cast<TextPane &>(hiddenPane()).setTextLater(std::move(document));
 }
 
 std::string EditTextFrm::stored() const {
@@ -109,6 +112,11 @@ void EditTextFrm::clear() {
 
 void EditTextFrm::copyDocument(const Pane &from, Pane &to) {
     static_cast<TextPane &>(to).setText(from.Text());
+}
+
+void EditTextFrm::foldHiddenPane() {
+    auto &hidden = static_cast<TextPane &>(hiddenPane());
+    hidden.setTextLater(hidden.Text(), hidden.SelStart(), hidden.SelLength());
 }
 
 void EditTextFrm::updateStatus() {
