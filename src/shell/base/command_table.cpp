@@ -1,5 +1,7 @@
 #include "shell/base/command_table.h"
 
+#include "platform/svg_icon.h"
+
 #include <QAction>
 #include <QIcon>
 #include <QMenu>
@@ -11,8 +13,7 @@ namespace zolt {
 namespace {
 
 QIcon iconOf(const char *name) {
-    return name ? QIcon(QStringLiteral(":/icons/") + QString::fromUtf8(name) + QStringLiteral(".svg"))
-                : QIcon();
+    return name ? svgIcon(QString::fromUtf8(name)) : QIcon();
 }
 
 /// Lets `action` call the public slot of that name; slots have no arguments.

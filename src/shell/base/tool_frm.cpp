@@ -1,17 +1,17 @@
 #include "shell/base/tool_frm.h"
 
+#include "platform/svg_icon.h"
 #include "shell/base/frame.h"
 #include "shell/base/long_work.h"
 #include "shell/base/windows.h"
 
 #include <QCloseEvent>
-#include <QIcon>
 
 namespace zolt {
 
 ToolFrm::ToolFrm(const QString &caption, Kind kind, QWidget *owner) : QDialog(owner), m_kind(kind) {
     setWindowTitle(caption);
-    setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
+    setWindowIcon(svgIcon(QStringLiteral("zolt")));
 }
 
 void ToolFrm::showEvent(QShowEvent *event) {

@@ -4,6 +4,7 @@
 #include "platform/colours.h"
 #include "platform/desktop.h"
 #include "platform/pane.h"
+#include "platform/svg_icon.h"
 #include "shell/base/dialog_frm.h"
 #include "shell/base/shared_values.h"
 #include "shell/frame/mdi_frm.h"
@@ -12,7 +13,6 @@
 #include <QAbstractScrollArea>
 #include <QAction>
 #include <QApplication>
-#include <QIcon>
 #include <QLabel>
 #include <QMenu>
 #include <QStatusBar>
@@ -33,7 +33,7 @@ constexpr int kComparisonDelay = 300;
 DocumentFrm::DocumentFrm(const Edition &edition, QWidget *frame)
     : QMdiSubWindow(frame), m_edition(edition), m_frame(qobject_cast<MDIFrm *>(frame)) {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowIcon(QIcon(QString::fromUtf8(edition.icon)));
+    setWindowIcon(svgIcon(QString::fromUtf8(edition.icon)));
     setCaption(QStringLiteral("Document1"));
     m_frame->showFont(QString::fromStdString(shared::settings.TFntName), shared::settings.TFntSize);
     shared::EdiçãoActiva = edition.number;
@@ -104,7 +104,7 @@ void DocumentFrm::buildPanes() {
     StatusBar1->setSizeGripEnabled(false);
     column->addWidget(StatusBar1);
     setWidget(content);
-    setWindowIcon(QIcon(QString::fromUtf8(m_edition.icon)));
+    setWindowIcon(svgIcon(QString::fromUtf8(m_edition.icon)));
 }
 
 void DocumentFrm::followPane(Pane &pane) {

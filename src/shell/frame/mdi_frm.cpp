@@ -3,6 +3,7 @@
 #include "platform/desktop.h"
 #include "platform/message_box.h"
 #include "platform/pane.h"
+#include "platform/svg_icon.h"
 #include "shell/base/document_in_use.h"
 #include "shell/base/document_keeper.h"
 #include "shell/base/shared_values.h"
@@ -37,7 +38,6 @@
 #include <QComboBox>
 #include <QFile>
 #include <QFontDatabase>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -84,7 +84,7 @@ MDIFrm::MDIFrm(QWidget *owner) : QMainWindow(owner), m_area(new QMdiArea(this)) 
     setMainFrame(this);
     setWindowTitle(QStringLiteral("ZOLT"));
     connect(this, &QWidget::windowTitleChanged, this, &MDIFrm::showTitle, Qt::QueuedConnection);
-    setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
+    setWindowIcon(svgIcon(QStringLiteral("zolt")));
     m_area->setObjectName(QStringLiteral("MdiArea"));
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);

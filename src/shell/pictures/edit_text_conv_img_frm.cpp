@@ -1,6 +1,7 @@
 #include "shell/pictures/edit_text_conv_img_frm.h"
 
 #include "platform/surface_view.h"
+#include "platform/svg_icon.h"
 #include "platform/text_pane.h"
 #include "shell/base/shared_values.h"
 #include "shell/widgets/command_button.h"
@@ -8,7 +9,6 @@
 
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -37,7 +37,7 @@ constexpr std::array<Kind, 6> kKinds{{
 
 QLabel *picture(const char *name) {
     auto *label = new QLabel;
-    label->setPixmap(QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(name))).pixmap(20));
+    label->setPixmap(svgIcon(QString::fromUtf8(name)).pixmap(20));
     return label;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/fonts.h"
 #include "platform/held_text.h"
 #include "platform/rich_text_box.h"
+#include "platform/svg_icon.h"
 #include "shell/base/command_table.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/windows.h"
@@ -10,7 +11,6 @@
 #include "shell/widgets/entry_line.h"
 
 #include <QHeaderView>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -57,7 +57,7 @@ EditTextPreviewFrm::EditTextPreviewFrm(QWidget *owner)
     setPalette(body);
     auto *Image1 = new QLabel(this);
     Image1->setObjectName(QStringLiteral("Image1"));
-    Image1->setPixmap(QIcon(QStringLiteral(":/icons/calculator.svg")).pixmap(kPicture.size()));
+    Image1->setPixmap(svgIcon(QStringLiteral("calculator")).pixmap(kPicture.size()));
     Image1->setGeometry(kPicture);
     Image1->lower();
 

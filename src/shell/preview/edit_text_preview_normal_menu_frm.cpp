@@ -3,6 +3,7 @@
 #include "platform/fonts.h"
 #include "platform/held_text.h"
 #include "platform/rich_text_box.h"
+#include "platform/svg_icon.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/windows.h"
 #include "shell/preview/edit_text_preview_normal_frm.h"
@@ -10,7 +11,6 @@
 #include "shell/widgets/entry_line.h"
 
 #include <QHideEvent>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -23,7 +23,7 @@ namespace zolt {
 EditTextPreviewNormalMenuFrm::EditTextPreviewNormalMenuFrm(QWidget *owner)
     : QDialog(owner), List1(new QListWidget) {
     setWindowTitle(QStringLiteral("Menu"));
-    setWindowIcon(QIcon(QStringLiteral(":/icons/zolt.svg")));
+    setWindowIcon(svgIcon(QStringLiteral("zolt")));
     List1->setObjectName(QStringLiteral("List1"));
     List1->setFont(zoltFont(QStringLiteral("ZOLT"), 10));
     List1->setItemDelegate(new EntryLine(List1));

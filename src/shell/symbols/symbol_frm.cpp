@@ -2,13 +2,13 @@
 
 #include "platform/byte_line.h"
 #include "platform/fonts.h"
+#include "platform/svg_icon.h"
 #include "shell/base/command_table.h"
 #include "shell/base/shared_values.h"
 #include "shell/widgets/cell_views.h"
 
 #include <QAction>
 #include <QGroupBox>
-#include <QIcon>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
@@ -93,7 +93,7 @@ QPushButton *SymbolFrm::newButton(const ButtonRow &row) {
     auto *button = named(row.name, new QPushButton(QString::fromUtf8(row.caption)));
     button->setToolTip(QString::fromUtf8(row.toolTip));
     if (row.icon)
-        button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(row.icon))));
+        button->setIcon(svgIcon(QString::fromUtf8(row.icon)));
     if (!*row.caption)
         button->setAccessibleName(button->toolTip());
     connect(button, &QPushButton::clicked, this, row.command);

@@ -1,8 +1,8 @@
 #include "shell/tools/about_frm.h"
 
+#include "platform/svg_icon.h"
 #include "shell/widgets/command_button.h"
 
-#include <QIcon>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -11,7 +11,7 @@ namespace zolt {
 AboutFrm::AboutFrm(QWidget *owner) : ToolFrm(QStringLiteral("About ZOLT"), BesideTheFrame, owner) {
     auto *column = new QVBoxLayout(this);
     auto *picture = new QLabel;
-    picture->setPixmap(QIcon(QStringLiteral(":/icons/zolt.svg")).pixmap(96));
+    picture->setPixmap(svgIcon(QStringLiteral("zolt")).pixmap(96));
     picture->setAlignment(Qt::AlignCenter);
     auto *name = new QLabel(QStringLiteral("<h2>ZOLT</h2>Version " ZOLT_VERSION));
     name->setAlignment(Qt::AlignCenter);

@@ -1,13 +1,13 @@
 #include "shell/tools/question_frm.h"
 
 #include "platform/picture_label.h"
+#include "platform/svg_icon.h"
 #include "shell/base/document_in_use.h"
 #include "shell/base/shared_values.h"
 #include "shell/widgets/command_button.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -43,10 +43,9 @@ QuestionFrm::QuestionFrm(QWidget *owner) : ToolFrm(QStringLiteral("Start"), Hide
     auto *edition = new QGroupBox(QStringLiteral("Edition type"));
     edition->setObjectName(QStringLiteral("Frame1"));
     auto *choices = new QHBoxLayout(edition);
+    choices->addWidget(buildChoice(1, QStringLiteral("Textual Edition"), QStringLiteral("edition-text")));
     choices->addWidget(
-        buildChoice(1, QStringLiteral("Textual Edition"), QStringLiteral(":/icons/edition-text.svg")));
-    choices->addWidget(
-        buildChoice(2, QStringLiteral("Graphical Edition"), QStringLiteral(":/icons/edition-graphic.svg")));
+        buildChoice(2, QStringLiteral("Graphical Edition"), QStringLiteral("edition-graphic")));
 
     auto *tip = new QGroupBox(QStringLiteral("Tip"));
     tip->setObjectName(QStringLiteral("Frame2"));
@@ -92,7 +91,7 @@ QWidget *QuestionFrm::buildChoice(int number, const QString &caption, const QStr
     auto *picture = new ChoicePicture;
     picture->setFocusPolicy(Qt::StrongFocus);
     picture->setObjectName(QStringLiteral("Picture%1").arg(number));
-    picture->setPixmap(QIcon(icon).pixmap(kPictureSize));
+    picture->setPixmap(svgIcon(icon).pixmap(kPictureSize));
     picture->setAccessibleName(caption);
     connect(picture, &PictureLabel::click, this, [this, number] { choose(number); });
     connect(picture, &PictureLabel::doubleClick, this, [this, number] {

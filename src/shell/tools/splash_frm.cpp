@@ -1,6 +1,7 @@
 #include "shell/tools/splash_frm.h"
 
-#include <QIcon>
+#include "platform/svg_icon.h"
+
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -11,7 +12,7 @@ SplashFrm::SplashFrm(QWidget *owner) : QWidget(owner, Qt::SplashScreen) {
     column->setContentsMargins(0, 0, 0, 0);
     auto *picture = new QLabel;
     picture->setObjectName(QStringLiteral("Picture1"));
-    picture->setPixmap(QIcon(QStringLiteral(":/icons/splash.svg")).pixmap(480, 300));
+    picture->setPixmap(svgIcon(QStringLiteral("splash")).pixmap(480, 300));
     column->addWidget(picture);
 }
 

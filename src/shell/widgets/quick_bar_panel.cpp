@@ -3,12 +3,12 @@
 #include "core/quick_bar.h"
 #include "platform/fonts.h"
 #include "platform/held_text.h"
+#include "platform/svg_icon.h"
 #include "shell/base/document_in_use.h"
 #include "shell/base/frame.h"
 #include "shell/base/shared_values.h"
 #include "shell/base/windows.h"
 
-#include <QIcon>
 #include <QKeyEvent>
 #include <QToolButton>
 #include <algorithm>
@@ -90,7 +90,7 @@ void QuickBarPanel::addDockButtons(QuickBarHost host) {
         QToolButton *button = addButton(index, m_layout == Wide ? QPoint(kDockStart, i * kDockPitch)
                                                                 : QPoint(i * kDockPitch, kDockStart));
         const BarState &state = kBarStates[static_cast<std::size_t>(dockTarget(host, index) - 1)];
-        button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromUtf8(state.icon))));
+        button->setIcon(svgIcon(QString::fromUtf8(state.icon)));
         button->setIconSize(QSize(16, 16));
         button->setToolTip(QString::fromUtf8(state.toolTip));
     }

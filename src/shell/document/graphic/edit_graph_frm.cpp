@@ -33,7 +33,7 @@ CharFormat plainLook() {
 const Edition &EditGraphFrm::edition() {
     static const Edition graphical{
         .number = 2,
-        .icon = ":/icons/edition-graphic.svg",
+        .icon = "edition-graphic",
         .standardToolbar = 4,
         .formatToolbar = 5,
         .menus = graphMenuTable,

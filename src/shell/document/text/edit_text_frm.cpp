@@ -37,7 +37,7 @@ constexpr Show kShows[] = {
 const Edition &EditTextFrm::edition() {
     static const Edition text{
         .number = 1,
-        .icon = ":/icons/edition-text.svg",
+        .icon = "edition-text",
         .standardToolbar = 2,
         .formatToolbar = 3,
         .menus = textMenuTable,
