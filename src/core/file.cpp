@@ -3,11 +3,41 @@
 #include "core/atomic_file.h"
 #include "core/descriptor.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace zolt {
+
+namespace {
+
+/// Small enough to stay in the processor's cache.
+constexpr std::size_t kPiece = std::size_t{1} << 16;
+/// Quotes and a line end can be put to what was read without taking memory anew.
+constexpr std::size_t kRoomForMore = 16;
+
+/// Adds what a file holds, up to `size` bytes of it. False, with the error in `errno`, if
+/// it can't be read.
+bool readUpTo(int file, std::size_t size, std::string &bytes) {
+    bytes.reserve(size + kRoomForMore);
+    // A text that is made long enough beforehand is filled with zeros first.
+    std::array<char, kPiece> piece;
+    while (bytes.size() < size) {
+        const ssize_t got = ::read(file, piece.data(), std::min(piece.size(), size - bytes.size()));
+        if (got == 0)
+            break;
+        if (got > 0)
+            bytes.append(piece.data(), static_cast<std::size_t>(got));
+        else if (errno != EINTR)
+            return false;
+    }
+    return true;
+}
+
+} // namespace
 
 FileContents readFile(const std::string &path, std::uint64_t largest) {
     FileContents contents;
@@ -25,23 +55,10 @@ FileContents readFile(const std::string &path, std::uint64_t largest) {
         contents.reason = reasonOf(EFBIG);
         return contents;
     }
-    contents.bytes.resize(static_cast<std::size_t>(status.st_size));
-    std::size_t filled = 0;
-    while (filled < contents.bytes.size()) {
-        const ssize_t got =
-            ::read(file.get(), contents.bytes.data() + filled, contents.bytes.size() - filled);
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0) {
-            contents.reason = reasonOf(errno);
-            contents.bytes.clear();
-            return contents;
-        }
-        if (got == 0)
-            break;
-        filled += static_cast<std::size_t>(got);
+    if (!readUpTo(file.get(), static_cast<std::size_t>(status.st_size), contents.bytes)) {
+        contents.reason = reasonOf(errno);
+        contents.bytes.clear();
     }
-    contents.bytes.resize(filled);
     return contents;
 }
 

@@ -1,5 +1,6 @@
 #include "core/word_count.h"
 
+#include "core/byte_set.h"
 #include "core/codes.h"
 
 #include <algorithm>
@@ -8,11 +9,10 @@ namespace zolt {
 
 namespace {
 
-constexpr std::string_view kDelimiters = " \n\r\t";
-constexpr std::string_view kWordEnds = " \r\t";
+constexpr ByteSet kWordEnds([](char c) { return c == ' ' || c == '\r' || c == '\t'; });
 
 bool isDelimiter(char c) {
-    return kDelimiters.find(c) != std::string_view::npos;
+    return kWordEnds.has(c) || c == '\n';
 }
 
 /// Counts the word at the front of `text` with the delimiter at its end. Returns
@@ -49,8 +49,8 @@ WordCount countWords(std::string_view text) {
         std::size_t counted = 0;
         if (isDelimiter(text.front()))
             counted = countDelimiter(count, text);
-        else if (const std::size_t end = text.find_first_of(kWordEnds); end != std::string_view::npos)
-            counted = countWord(count, text, end);
+        else if (const std::size_t length = kWordEnds.find(text, 1, text.size()); length < text.size())
+            counted = countWord(count, text, length);
         else
             counted = countLastWord(count, text);
         text.remove_prefix(counted);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/byte_sink.h"
 #include "core/progress.h"
 
 #include <ctime>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,9 +45,6 @@ struct PdfPageGrid {
 /// the font size that hangs on the font's name alone. Rounds to the nearest
 /// integer, ties to the even neighbour.
 PdfPageGrid pdfPageGrid(const PdfParameters &parameters);
-
-/// Takes the next bytes of a file. Whoever owns it keeps its errors.
-using ByteSink = std::function<void(std::string_view)>;
 
 /// What writing a PDF file gave.
 struct PdfResult {

@@ -2,10 +2,12 @@
 
 #include "core/document.h"
 
+#include <utility>
+
 namespace zolt {
 
-std::string hpFile(std::string_view text) {
-    return fileFromDocument(text);
+std::string hpFile(std::string text) {
+    return fileFromDocument(std::move(text));
 }
 
 } // namespace zolt

@@ -1,6 +1,7 @@
 #include "hp48/integrity_test.h"
 
 #include "core/codes.h"
+#include "core/document.h"
 #include "core/reporter.h"
 #include "hp48/quotes.h"
 
@@ -11,22 +12,20 @@ namespace zolt {
 
 namespace {
 
+constexpr char kQuote = '"';
 constexpr std::string_view kEmptyString = "\"\"";
 
-/// Gathers the lines of a report into larger pieces, and counts its errors.
+/// Hands the lines of a report on, and counts its errors.
 class Report {
 public:
-    Report(const ReportSink &sink, std::size_t mostErrors) : m_sink(sink), m_mostErrors(mostErrors) {}
-    ~Report() { m_sink(m_piece); }
+    Report(const ByteSink &sink, std::size_t mostErrors) : m_lines(sink), m_mostErrors(mostErrors) {}
+    ~Report() { m_lines.handOn(); }
     Report(const Report &) = delete;
     Report &operator=(const Report &) = delete;
 
     void addLine(std::string_view line) {
-        m_piece.append(line).append(kLineEnd);
-        if (m_piece.size() < kPiece)
-            return;
-        m_sink(m_piece);
-        m_piece.clear();
+        m_lines.bytes().append(line).append(kLineEnd);
+        m_lines.handOnIfLarge();
     }
 
     /// The same line for each of `count` errors at the place `i`, from 0.
@@ -40,21 +39,22 @@ public:
     std::size_t leftOut() const { return m_errors - std::min(m_errors, m_mostErrors); }
 
 private:
-    static constexpr std::size_t kPiece = std::size_t{1} << 16;
-
-    const ReportSink &m_sink;
+    PieceBuffer m_lines;
     std::size_t m_mostErrors;
     std::size_t m_errors = 0;
-    std::string m_piece;
 };
 
-bool reportQuotes(const QuotedText &quotes, Report &report, Reporter reporter) {
+/// `document` is what the quotes were put in.
+bool reportQuotes(const QuotedText &quotes, std::string_view document, Report &report, Reporter reporter) {
     if (quotes.openingAdded)
         report.addLine("-Superior ('') character inserted ");
     if (quotes.closingAdded)
         report.addLine("-Inferior ('') character inserted ");
-    for (const std::size_t i : quotes.replaced) {
-        report.addErrors(1, "-Ilegal character found (\") in position (", i, "). Substituted by (')");
+    for (std::size_t own = document.find(kQuote); own != std::string_view::npos;
+         own = document.find(kQuote, own + 1)) {
+        const std::size_t i = own + (quotes.openingAdded ? 1 : 0);
+        if (quotes.text[i] != kQuote)
+            report.addErrors(1, "-Ilegal character found (\") in position (", i, "). Substituted by (')");
         if (!reporter.goOn(i))
             return false;
     }
@@ -82,19 +82,21 @@ bool reportWrongCells(const std::string &text, Report &report, Reporter reporter
 
 } // namespace
 
-std::string correctedDocument(std::string_view document) {
-    return quoted(document.empty() ? kEmptyString : document).text;
+std::string correctedDocument(std::string document) {
+    if (document.empty())
+        document = kEmptyString;
+    return quoted(std::move(document)).text;
 }
 
-IntegrityResult testIntegrity(std::string_view document, const ReportSink &sink, std::size_t mostErrors,
+IntegrityResult testIntegrity(std::string_view document, const ByteSink &sink, std::size_t mostErrors,
                               const Progress &progress) {
     Report report(sink, mostErrors);
     report.addLine("\r\n** Beginning verification **\r\n");
     if (document.empty())
         report.addLine("Empty document");
-    QuotedText quotes = quoted(document.empty() ? kEmptyString : document);
+    QuotedText quotes = quoted(copyWithRoom(document.empty() ? kEmptyString : document));
     const Reporter reporter(progress, quotes.text.size());
-    if (!reportQuotes(quotes, report, reporter) || !reportWrongCells(quotes.text, report, reporter))
+    if (!reportQuotes(quotes, document, report, reporter) || !reportWrongCells(quotes.text, report, reporter))
         return {};
     if (report.leftOut() > 0)
         report.addLine("-And " + std::to_string(report.leftOut()) + " more");

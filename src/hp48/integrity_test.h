@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/byte_sink.h"
 #include "core/progress.h"
 
 #include <cstddef>
-#include <functional>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -19,11 +19,9 @@ struct IntegrityResult {
     std::size_t NúmeroDeErros = 0;
 };
 
-/// Takes a report piece by piece, as it comes.
-using ReportSink = std::function<void(std::string_view piece)>;
-
-/// The document as one calculator string, as testIntegrity() corrects it.
-std::string correctedDocument(std::string_view document);
+/// The document as one calculator string, as testIntegrity() corrects it. One that is
+/// given away with room for two characters more is not copied.
+std::string correctedDocument(std::string document);
 
 /// Tests whether a document can stand as one string of the calculator: a double
 /// quote at each end and none inside, and six digits in capitals behind each cell
@@ -33,7 +31,7 @@ IntegrityResult testIntegrity(std::string_view document);
 /// result stays empty. Behind `mostErrors` lines errors are only counted, and one line
 /// says how many those are. Reports the bytes tested; asked to stop, it gives up with a
 /// result that is none.
-IntegrityResult testIntegrity(std::string_view document, const ReportSink &report,
+IntegrityResult testIntegrity(std::string_view document, const ByteSink &report,
                               std::size_t mostErrors = std::numeric_limits<std::size_t>::max(),
                               const Progress &progress = {});
 

@@ -1,5 +1,8 @@
 #include "hp48/quotes.h"
 
+#include <cstddef>
+#include <utility>
+
 namespace zolt {
 
 namespace {
@@ -7,26 +10,23 @@ namespace {
 constexpr char kQuote = '"';
 constexpr char kApostrophe = '\'';
 
-void replaceInnerQuotes(QuotedText &result) {
-    std::string &text = result.text;
+void replaceInnerQuotes(std::string &text) {
     for (std::size_t i = text.find(kQuote, 1); i != std::string::npos && i + 1 < text.size();
-         i = text.find(kQuote, i)) {
+         i = text.find(kQuote, i))
         text[i] = kApostrophe;
-        result.replaced.push_back(i);
-    }
 }
 
 } // namespace
 
-QuotedText quoted(std::string_view text) {
-    QuotedText result;
-    if (const std::size_t first = text.find_first_not_of(' '); first != std::string_view::npos) {
-        result.openingAdded = text[first] != kQuote;
-        result.closingAdded = text[text.find_last_not_of(' ')] != kQuote;
+QuotedText quoted(std::string text) {
+    QuotedText result{std::move(text)};
+    if (const std::size_t first = result.text.find_first_not_of(' '); first != std::string::npos) {
+        result.openingAdded = result.text[first] != kQuote;
+        result.closingAdded = result.text[result.text.find_last_not_of(' ')] != kQuote;
     }
-    result.text.reserve(text.size() + 2);
-    result.text.append(result.openingAdded, kQuote).append(text).append(result.closingAdded, kQuote);
-    replaceInnerQuotes(result);
+    result.text.insert(0, result.openingAdded, kQuote);
+    result.text.append(result.closingAdded, kQuote);
+    replaceInnerQuotes(result.text);
     return result;
 }
 

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace zolt {
 
@@ -12,14 +9,12 @@ struct QuotedText {
     std::string text;
     bool openingAdded = false;
     bool closingAdded = false;
-    /// Where in `text`, from 0, an apostrophe stands for a double quote.
-    std::vector<std::size_t> replaced;
 };
 
 /// Puts a double quote at each end of a text that has none there, blanks aside, and
 /// apostrophes for those inside. What has been added stands outside the blanks; a
 /// quote of the text's own with blanks around it so counts as one inside. A text of
-/// blanks alone stays as it is.
-QuotedText quoted(std::string_view text);
+/// blanks alone stays as it is. A text with room for two characters more is not copied.
+QuotedText quoted(std::string text);
 
 } // namespace zolt

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zolt {
@@ -164,7 +165,7 @@ std::optional<std::string> coded(const RichText &text, const PictureReader &read
 std::string quotedSource(std::string text) {
     if (text.find_first_not_of(' ') == std::string::npos)
         return kQuote + std::move(text) + kQuote;
-    return quoted(text).text;
+    return quoted(std::move(text)).text;
 }
 
 std::string exchangeMarks(std::string text, char from, char to) {

@@ -2,6 +2,8 @@
 #include "hp48/integrity_test.h"
 #include "zoltc/command_table.h"
 
+#include <utility>
+
 namespace zolt::cli {
 
 namespace {
@@ -11,13 +13,13 @@ int runCheck(const Arguments &arguments) {
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
     bool written = true;
-    const IntegrityResult result = testIntegrity(documentFromFile(bytes), [&written](std::string_view piece) {
-        written = written && writeOutput("-", piece);
-    });
+    IntegrityResult result =
+        testIntegrity(documentFromFile(std::move(bytes)),
+                      [&written](std::string_view piece) { written = written && writeOutput("-", piece); });
     if (!written)
         return Unusable;
     if (arguments.has("corrected") &&
-        !writeOutput(arguments.value("corrected"), fileFromDocument(result.TextoCorrigido)))
+        !writeOutput(arguments.value("corrected"), fileFromDocument(std::move(result.TextoCorrigido))))
         return Unusable;
     return result.NúmeroDeErros > 0 ? Refused : Done;
 }

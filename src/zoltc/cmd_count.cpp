@@ -2,6 +2,8 @@
 #include "core/word_count.h"
 #include "zoltc/command_table.h"
 
+#include <utility>
+
 namespace zolt::cli {
 
 namespace {
@@ -10,7 +12,7 @@ int runCount(const Arguments &arguments) {
     std::string bytes;
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
-    const WordCount count = countWords(documentFromFile(bytes));
+    const WordCount count = countWords(documentFromFile(std::move(bytes)));
     std::string lines;
     const auto addLine = [&](std::string_view caption, std::size_t number) {
         lines.append(caption).append(": ").append(std::to_string(number)).append("\n");

@@ -6,6 +6,7 @@
 #include "zoltc/command_table.h"
 
 #include <cstdio>
+#include <utility>
 
 namespace zolt::cli {
 
@@ -29,7 +30,8 @@ int runHp(const Arguments &arguments) {
         return Unusable;
     if (!nameIsAllowed(output, arguments.has("reserved")))
         return Refused;
-    return writeOutput(output, hpFile(correctedDocument(documentFromFile(bytes)))) ? Done : Unusable;
+    return writeOutput(output, hpFile(correctedDocument(documentFromFile(std::move(bytes))))) ? Done
+                                                                                              : Unusable;
 }
 
 } // namespace

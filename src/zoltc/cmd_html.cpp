@@ -7,6 +7,7 @@
 #include <cctype>
 #include <charconv>
 #include <optional>
+#include <utility>
 
 namespace zolt::cli {
 
@@ -50,15 +51,15 @@ int runHtml(const Arguments &arguments) {
     std::string bytes;
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
-    const WebPage page =
-        webPage(documentFromFile(bytes), {.ForeColor = *colour,
-                                          .BackColor = *background,
-                                          .FontName = windowsFromUtf8(arguments.value("font", "ZOLT")),
-                                          .FontSize = *points,
-                                          .FontBold = arguments.has("bold"),
-                                          .FontItalic = arguments.has("italic"),
-                                          .FontUnderline = arguments.has("underline"),
-                                          .FontStrikethru = arguments.has("strikethrough")});
+    const WebPage page = webPage(documentFromFile(std::move(bytes)),
+                                 {.ForeColor = *colour,
+                                  .BackColor = *background,
+                                  .FontName = windowsFromUtf8(arguments.value("font", "ZOLT")),
+                                  .FontSize = *points,
+                                  .FontBold = arguments.has("bold"),
+                                  .FontItalic = arguments.has("italic"),
+                                  .FontUnderline = arguments.has("underline"),
+                                  .FontStrikethru = arguments.has("strikethrough")});
     if (!page.ok()) {
         unusable(arguments.files[0], page.message);
         return Refused;

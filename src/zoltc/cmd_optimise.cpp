@@ -2,6 +2,8 @@
 #include "core/optimise.h"
 #include "zoltc/command_table.h"
 
+#include <utility>
+
 namespace zolt::cli {
 
 namespace {
@@ -14,8 +16,8 @@ int runOptimise(const Arguments &arguments) {
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
     const Optimisation kind = total ? Optimisation::Total : Optimisation::Partial;
-    const std::string optimised = optimiseImages(documentFromFile(bytes), kind);
-    return writeOutput(arguments.files[1], fileFromDocument(optimised)) ? Done : Unusable;
+    std::string optimised = optimiseImages(documentFromFile(std::move(bytes)), kind);
+    return writeOutput(arguments.files[1], fileFromDocument(std::move(optimised))) ? Done : Unusable;
 }
 
 } // namespace

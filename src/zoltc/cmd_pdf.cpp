@@ -1,4 +1,3 @@
-#include "core/atomic_file.h"
 #include "core/document.h"
 #include "core/utf8.h"
 #include "export/pdf_writer.h"
@@ -6,8 +5,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <ctime>
 #include <optional>
+#include <utility>
 
 namespace zolt::cli {
 
@@ -65,23 +65,6 @@ std::optional<std::string_view> readOptions(const Arguments &arguments, PdfParam
     return std::nullopt;
 }
 
-/// Writes the file; false, with a word on standard error, if that fails.
-bool writeFileOf(std::string_view document, const PdfParameters &parameters, const std::string &name,
-                 PdfResult &result) {
-    if (name == "-") {
-        bool written = true;
-        result = writePdf(document, parameters,
-                          [&](std::string_view piece) { written = written && writeOutput(name, piece); });
-        return written;
-    }
-    AtomicFile file(name);
-    result = writePdf(document, parameters, [&](std::string_view piece) { file.append(piece); });
-    const std::string reason = file.commit();
-    if (!reason.empty())
-        unusable(name, reason);
-    return reason.empty();
-}
-
 int runPdf(const Arguments &arguments) {
     PdfParameters parameters;
     if (const auto bad = readOptions(arguments, parameters))
@@ -91,8 +74,10 @@ int runPdf(const Arguments &arguments) {
     std::string bytes;
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
-    PdfResult result;
-    if (!writeFileOf(documentFromFile(bytes), parameters, arguments.files[1], result))
+    Output output(arguments.files[1]);
+    const PdfResult result = writePdf(documentFromFile(std::move(bytes)), parameters,
+                                      [&output](std::string_view piece) { output.append(piece); });
+    if (!output.finish())
         return Unusable;
     for (const std::string &message : result.messages)
         unusable(arguments.files[1], message);

@@ -2,6 +2,8 @@
 #include "hp48/word_wrap.h"
 #include "zoltc/command_table.h"
 
+#include <utility>
+
 namespace zolt::cli {
 
 namespace {
@@ -14,8 +16,8 @@ int runWrap(const Arguments &arguments) {
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
     const WrapOptions options{.columns = *columns, .reflow = arguments.has("reflow")};
-    const auto wrapped = wrapAtWords(documentFromFile(bytes), options);
-    return writeOutput(arguments.files[1], fileFromDocument(*wrapped)) ? Done : Unusable;
+    auto wrapped = wrapAtWords(documentFromFile(std::move(bytes)), options);
+    return writeOutput(arguments.files[1], fileFromDocument(std::move(*wrapped))) ? Done : Unusable;
 }
 
 } // namespace

@@ -130,14 +130,6 @@ bool readStream(std::FILE *stream, std::string_view name, std::string &bytes) {
     return true;
 }
 
-bool writeStream(std::FILE *stream, std::string_view name, std::string_view bytes) {
-    const bool written = stream && std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() &&
-                         std::fflush(stream) == 0;
-    if (!written)
-        unusable(name, "can't be written");
-    return written;
-}
-
 } // namespace
 
 std::string Arguments::value(std::string_view option, std::string_view otherwise) const {
@@ -177,17 +169,45 @@ bool readInput(const std::string &file, std::string &bytes) {
     return true;
 }
 
-bool writeOutput(const std::string &file, std::string_view bytes) {
-    if (file == "-")
-        return writeStream(stdout, "standard output", bytes);
-    if (isPipeOrDevice(file)) {
-        const Stream stream(std::fopen(file.c_str(), "wb"));
-        return writeStream(stream.get(), file, bytes);
+void Output::CloseFile::operator()(std::FILE *stream) const {
+    if (stream != stdout)
+        std::fclose(stream);
+}
+
+Output::Output(const std::string &file) : m_name(file) {
+    if (file == "-") {
+        m_name = "standard output";
+        m_stream.reset(stdout);
+    } else if (isPipeOrDevice(file)) {
+        m_stream.reset(std::fopen(file.c_str(), "wb"));
+        m_failed = !m_stream;
+    } else {
+        m_file.emplace(file);
     }
-    const std::string reason = writeFile(file, bytes);
+}
+
+void Output::append(std::string_view piece) {
+    if (m_file)
+        m_file->append(piece);
+    else if (!m_failed)
+        m_failed = std::fwrite(piece.data(), 1, piece.size(), m_stream.get()) != piece.size();
+}
+
+bool Output::finish() {
+    std::string reason;
+    if (m_file)
+        reason = m_file->commit();
+    else if (m_failed || std::fflush(m_stream.get()) != 0)
+        reason = "can't be written";
     if (!reason.empty())
-        unusable(file, reason);
+        unusable(m_name, reason);
     return reason.empty();
+}
+
+bool writeOutput(const std::string &file, std::string_view bytes) {
+    Output output(file);
+    output.append(bytes);
+    return output.finish();
 }
 
 int run(const std::vector<std::string> &words) {

@@ -1,6 +1,11 @@
 #pragma once
 
+#include "core/atomic_file.h"
+
+#include <cstddef>
+#include <cstdio>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -54,8 +59,30 @@ std::optional<int> wholeNumber(std::string_view text);
 /// Reads a file, or standard input for "-". On failure says so on standard error.
 bool readInput(const std::string &file, std::string &bytes);
 
-/// Writes a file whole or not at all, or standard output for "-". On failure says
-/// so on standard error.
+/// What a command writes, piece by piece: a file whole or not at all, or standard output
+/// for "-". Pipes and devices, which can't be replaced, are written as they stand.
+class Output {
+public:
+    explicit Output(const std::string &file);
+    Output(const Output &) = delete;
+    Output &operator=(const Output &) = delete;
+
+    void append(std::string_view piece);
+    /// Ends it. On the first failure says so on standard error and is false.
+    bool finish();
+
+private:
+    struct CloseFile {
+        void operator()(std::FILE *stream) const;
+    };
+
+    std::string m_name;
+    std::unique_ptr<std::FILE, CloseFile> m_stream;
+    std::optional<AtomicFile> m_file;
+    bool m_failed = false;
+};
+
+/// Writes all of an Output.
 bool writeOutput(const std::string &file, std::string_view bytes);
 
 /// Puts the one line "zoltc: FILE: REASON" on standard error and returns Unusable.
