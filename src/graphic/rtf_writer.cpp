@@ -1,15 +1,14 @@
 #include "graphic/rtf_writer.h"
 
+#include "core/byte_set.h"
 #include "core/charset.h"
-#include "core/reporter.h"
-#include "graphic/font_characters.h"
 #include "graphic/rtf_picture.h"
 
+#include <algorithm>
 #include <array>
-#include <cstddef>
 #include <cstdint>
-#include <string_view>
-#include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 namespace zolt {
 
@@ -67,17 +66,38 @@ std::string writtenForm(FontKind kind, unsigned char byte) {
     return form;
 }
 
-const std::array<std::string, 256> &writtenForms(FontKind kind) {
-    static const std::array forms = [] {
-        std::array<std::array<std::string, 256>, 2> all;
-        for (unsigned code = 0; code < 256; ++code) {
-            for (const FontKind each : {FontKind::Calculator, FontKind::Foreign})
-                all[static_cast<std::size_t>(each)][code] =
-                    writtenForm(each, static_cast<unsigned char>(code));
-        }
-        return all;
-    }();
-    return forms[static_cast<std::size_t>(kind)];
+/// How the bytes are written in fonts of one kind.
+struct WrittenForms {
+    std::array<std::string, 256> forms;
+    /// Those that are written other than as themselves.
+    ByteSet others;
+};
+
+WrittenForms makeWrittenForms(FontKind kind) {
+    std::array<std::string, 256> forms;
+    for (std::size_t byte = 0; byte < forms.size(); ++byte)
+        forms[byte] = writtenForm(kind, static_cast<unsigned char>(byte));
+    const auto isOther = [&](char c) {
+        return forms[static_cast<unsigned char>(c)] != std::string_view(&c, 1);
+    };
+    const ByteSet others(isOther);
+    return {std::move(forms), others};
+}
+
+const WrittenForms &writtenForms(FontKind kind) {
+    static const WrittenForms calculator = makeWrittenForms(FontKind::Calculator);
+    static const WrittenForms foreign = makeWrittenForms(FontKind::Foreign);
+    return kind == FontKind::Calculator ? calculator : foreign;
+}
+
+void appendWritten(std::string &out, std::string_view characters, const WrittenForms &written) {
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        const std::size_t other = written.others.find(characters, i, characters.size());
+        out.append(characters, i, other - i);
+        if (other < characters.size())
+            out += written.forms[static_cast<unsigned char>(characters[other])];
+        i = other;
+    }
 }
 
 std::size_t sizeOf(const Run &run) {
@@ -94,82 +114,60 @@ std::size_t sizeOf(const RichText &text) {
     return size;
 }
 
-class RtfWriter {
-public:
-    RtfWriter(const RichText &text, const Progress &progress)
-        : m_text(text), m_size(sizeOf(text)), m_reporter(progress, m_size) {}
-
-    std::string write();
-
-private:
-    void writeFontTable();
-    void numberColours();
-    void writeColourTable();
-    bool writeParagraphs();
-    bool writeRun(const Run &run);
-    void writeFormat(const CharFormat &format);
-    bool writeCharacters(std::string_view characters, FontKind kind);
-    bool writePicture(const RichPicture &picture);
-
-    void number(std::string_view word, long value) { (m_out += word) += std::to_string(value); }
-    void flag(std::string_view word, bool before, bool now, bool &changed);
-    bool report(std::size_t bytes);
-
-    const RichText &m_text;
-    std::size_t m_size;
-    Reporter m_reporter;
-    std::string m_out;
-    /// Entry 0 of the table is the automatic colour.
-    std::unordered_map<Colour, std::size_t> m_colourNumbers;
-    std::vector<Colour> m_colours;
-    std::size_t m_done = 0;
-    /// What \plain sets.
-    CharFormat m_format{.font = 0, .halfPoints = 24};
-};
-
-bool RtfWriter::report(std::size_t bytes) {
-    m_done += bytes;
-    return m_reporter.goOn(m_done);
+std::vector<Colour> coloursOf(const RichText &text) {
+    std::vector<Colour> colours;
+    std::unordered_set<Colour> known;
+    for (const Paragraph &paragraph : text.paragraphs)
+        for (const Run &run : paragraph.runs)
+            if (!isSystemColour(run.format.colour) && known.insert(run.format.colour).second)
+                colours.push_back(run.format.colour);
+    return colours;
 }
 
-std::string RtfWriter::write() {
-    m_out.reserve(m_size + m_size / 2 + 512);
+bool writeRuns(RtfWriter &writer, const Paragraph &paragraph) {
+    return std::all_of(paragraph.runs.begin(), paragraph.runs.end(), [&writer](const Run &run) {
+        const RichPicture *picture = run.content.picture();
+        return picture ? writer.append(*picture, run.format)
+                       : writer.append(run.content.characters(), run.format);
+    });
+}
+
+bool writeParagraphs(RtfWriter &writer, const RichText &text) {
+    for (const Paragraph &paragraph : text.paragraphs) {
+        if (&paragraph != &text.paragraphs.front() && !writer.endParagraph())
+            return false;
+        if (!writeRuns(writer, paragraph))
+            return false;
+    }
+    return writer.finish();
+}
+
+} // namespace
+
+RtfWriter::RtfWriter(const RtfTables &tables, const ByteSink &sink, const Progress &progress,
+                     std::size_t size)
+    : m_buffer(sink), m_out(m_buffer.bytes()), m_reporter(progress, size) {
+    for (const std::string &font : tables.fonts)
+        m_fontKinds.push_back(fontKind(font));
     m_out += "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1";
-    writeFontTable();
-    writeColourTable();
+    writeTables(tables);
     m_out += "\\pard\\plain ";
-    if (!writeParagraphs())
-        return {};
-    m_out += "}\r\n";
-    return std::move(m_out);
 }
 
-void RtfWriter::writeFontTable() {
+void RtfWriter::writeTables(const RtfTables &tables) {
     m_out += "{\\fonttbl";
-    for (std::size_t i = 0; i < m_text.fonts.size(); ++i) {
+    for (std::size_t i = 0; i < tables.fonts.size(); ++i) {
         number("{\\f", static_cast<long>(i));
         m_out += "\\fnil\\fcharset0 ";
-        for (const char c : m_text.fonts[i]) {
+        for (const char c : tables.fonts[i]) {
             if (c != ';')
                 appendByte(m_out, c);
         }
         m_out += ";}";
     }
-    m_out += "}\r\n";
-}
-
-void RtfWriter::numberColours() {
-    for (const Paragraph &paragraph : m_text.paragraphs)
-        for (const Run &run : paragraph.runs)
-            if (!isSystemColour(run.format.colour) &&
-                m_colourNumbers.try_emplace(run.format.colour, m_colours.size() + 1).second)
-                m_colours.push_back(run.format.colour);
-}
-
-void RtfWriter::writeColourTable() {
-    numberColours();
-    m_out += "{\\colortbl ;";
-    for (const Colour colour : m_colours) {
+    m_out += "}\r\n{\\colortbl ;";
+    for (const Colour colour : tables.colours) {
+        m_colourNumbers.emplace(colour, m_colourNumbers.size() + 1);
         number("\\red", colour & 255);
         number("\\green", colour >> 8 & 255);
         number("\\blue", colour >> 16 & 255);
@@ -178,29 +176,30 @@ void RtfWriter::writeColourTable() {
     m_out += "}\r\n";
 }
 
-bool RtfWriter::writeParagraphs() {
-    for (const Paragraph &paragraph : m_text.paragraphs) {
-        if (&paragraph != &m_text.paragraphs.front())
-            m_out += "\\par\r\n";
-        for (const Run &run : paragraph.runs) {
-            if (!writeRun(run))
-                return false;
-        }
-        if (!report(1))
-            return false;
-    }
-    // Readers take a \par at the very end as the end of the last paragraph, so an
-    // empty last paragraph needs one of its own.
-    if (!m_text.paragraphs.empty() && m_text.paragraphs.back().runs.empty())
-        m_out += "\\par\r\n";
-    return true;
+bool RtfWriter::report(std::size_t bytes) {
+    m_buffer.handOnIfLarge();
+    m_done += bytes;
+    return m_reporter.goOn(m_done);
 }
 
-bool RtfWriter::writeRun(const Run &run) {
-    writeFormat(run.format);
-    if (const RichPicture *picture = run.content.picture())
-        return writePicture(*picture);
-    return writeCharacters(run.content.characters(), fontKind(m_text.fonts[run.format.font]));
+bool RtfWriter::endParagraph() {
+    m_out += "\\par\r\n";
+    m_paragraphIsEmpty = true;
+    return report(1);
+}
+
+bool RtfWriter::finish() {
+    // Readers take a \par at the very end as the end of the last paragraph, so an
+    // empty last paragraph needs one of its own.
+    if (m_paragraphIsEmpty)
+        m_out += "\\par\r\n";
+    m_out += "}\r\n";
+    m_buffer.handOn();
+    return report(1);
+}
+
+void RtfWriter::number(std::string_view word, long value) {
+    (m_out += word) += std::to_string(value);
 }
 
 void RtfWriter::flag(std::string_view word, bool before, bool now, bool &changed) {
@@ -236,19 +235,22 @@ void RtfWriter::writeFormat(const CharFormat &format) {
     m_format = format;
 }
 
-bool RtfWriter::writeCharacters(std::string_view characters, FontKind kind) {
-    const std::array<std::string, 256> &forms = writtenForms(kind);
+bool RtfWriter::append(std::string_view characters, const CharFormat &format) {
+    m_paragraphIsEmpty = false;
+    writeFormat(format);
+    const WrittenForms &written = writtenForms(m_fontKinds[format.font]);
     for (std::size_t i = 0; i < characters.size(); i += kBytesBetweenReports) {
         const std::string_view piece = characters.substr(i, kBytesBetweenReports);
-        for (const char c : piece)
-            m_out += forms[static_cast<unsigned char>(c)];
+        appendWritten(m_out, piece, written);
         if (!report(piece.size()))
             return false;
     }
     return true;
 }
 
-bool RtfWriter::writePicture(const RichPicture &picture) {
+bool RtfWriter::append(const RichPicture &picture, const CharFormat &format) {
+    m_paragraphIsEmpty = false;
+    writeFormat(format);
     const PictureSize size = writtenSize(picture);
     (m_out += "{\\pict") += kPictureWords[static_cast<std::size_t>(picture.kind)];
     std::string_view bytes = picture.bytes;
@@ -273,10 +275,15 @@ bool RtfWriter::writePicture(const RichPicture &picture) {
     return true;
 }
 
-} // namespace
-
 std::string rtfFromRichText(const RichText &text, const Progress &progress) {
-    return RtfWriter(text, progress).write();
+    const std::size_t size = sizeOf(text);
+    std::string rtf;
+    rtf.reserve(size + size / 2 + 512);
+    const ByteSink sink = [&rtf](std::string_view piece) { rtf.append(piece); };
+    RtfWriter writer({text.fonts, coloursOf(text)}, sink, progress, size);
+    if (!writeParagraphs(writer, text))
+        return {};
+    return rtf;
 }
 
 } // namespace zolt

@@ -1,9 +1,16 @@
 #pragma once
 
+#include "core/byte_sink.h"
 #include "core/progress.h"
+#include "core/reporter.h"
+#include "graphic/font_characters.h"
 #include "graphic/rich_text.h"
 
+#include <cstddef>
 #include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace zolt {
 
@@ -16,5 +23,49 @@ namespace zolt {
 /// written as the automatic colour. Reports bytes of text; when `progress` asks to
 /// stop, the result is empty.
 std::string rtfFromRichText(const RichText &text, const Progress &progress = {});
+
+/// What a rich text has beside its paragraphs.
+struct RtfTables {
+    std::vector<std::string> fonts;
+    /// Those of its runs, each once; without those of the system.
+    std::vector<Colour> colours = {};
+};
+
+/// Writes the same from the text's start to its end, for a text that needn't stand in
+/// memory whole. Each operation is false once `progress` has asked to stop.
+class RtfWriter {
+public:
+    /// `size` counts the bytes of text and pictures, and one a paragraph.
+    RtfWriter(const RtfTables &tables, const ByteSink &sink, const Progress &progress = {},
+              std::size_t size = 0);
+    RtfWriter(const RtfWriter &) = delete;
+    RtfWriter &operator=(const RtfWriter &) = delete;
+
+    /// Characters with no line end in them.
+    bool append(std::string_view characters, const CharFormat &format);
+    bool append(const RichPicture &picture, const CharFormat &format);
+    /// Ends the paragraph and begins the next one.
+    bool endParagraph();
+    /// Ends the last paragraph and the text.
+    bool finish();
+
+private:
+    void writeTables(const RtfTables &tables);
+    void writeFormat(const CharFormat &format);
+    void number(std::string_view word, long value);
+    void flag(std::string_view word, bool before, bool now, bool &changed);
+    bool report(std::size_t bytes);
+
+    PieceBuffer m_buffer;
+    std::string &m_out;
+    Reporter m_reporter;
+    std::vector<FontKind> m_fontKinds;
+    /// Entry 0 of the table is the automatic colour.
+    std::unordered_map<Colour, std::size_t> m_colourNumbers;
+    bool m_paragraphIsEmpty = true;
+    std::size_t m_done = 0;
+    /// What \plain sets.
+    CharFormat m_format{.font = 0, .halfPoints = 24};
+};
 
 } // namespace zolt

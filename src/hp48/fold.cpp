@@ -1,5 +1,6 @@
 #include "hp48/fold.h"
 
+#include "core/byte_set.h"
 #include "core/codes.h"
 #include "core/reporter.h"
 
@@ -13,6 +14,9 @@ namespace {
 
 constexpr std::ptrdiff_t kFirstColumn = 1;
 
+/// What may begin something that takes no column or other than one.
+constexpr ByteSet kNotPlain([](char c) { return c == kCellMark || c == kStyleMark || c == '\r'; });
+
 /// Walks a text and calls `onBreak` with each position in front of which a line is
 /// broken. Positions count from 0, columns from 1.
 template <class OnBreak> class FoldWalk {
@@ -24,8 +28,24 @@ public:
     std::size_t position() const { return m_position; }
     std::ptrdiff_t column() const { return m_column; }
 
-    /// Takes the character at the position, and the one behind it if the line
-    /// breaks between the two.
+    /// Takes plain characters as far as the line has room for them, then the character at
+    /// the position, and the one behind it if the line breaks between the two.
+    void takeCharacters() {
+        takePlainOnes();
+        if (!atEnd())
+            takeCharacter();
+    }
+
+private:
+    /// These only move the column.
+    void takePlainOnes() {
+        const auto room = static_cast<std::size_t>(std::max<std::ptrdiff_t>(kColumns - m_column, 0));
+        const std::size_t most = std::min({room, kBytesBetweenReports, m_text.size() - m_position});
+        const std::size_t end = kNotPlain.find(m_text, m_position, m_position + most);
+        m_column += static_cast<std::ptrdiff_t>(end - m_position);
+        m_position = end;
+    }
+
     void takeCharacter() {
         passItemsWithoutColumns();
         if (m_column == kColumns && at(m_position + 1) == '\r')
@@ -39,7 +59,6 @@ public:
         ++m_position;
     }
 
-private:
     char at(std::size_t position) const { return position < m_text.size() ? m_text[position] : '\0'; }
 
     /// Each character moves the column by one; what takes no column goes back by
@@ -105,7 +124,7 @@ std::optional<std::string> foldLines(std::string_view text, const Progress &prog
     while (!walk.atEnd()) {
         if (!reporter.goOn(walk.position()))
             return std::nullopt;
-        walk.takeCharacter();
+        walk.takeCharacters();
     }
     folded.append(text, copied);
     return folded;
@@ -118,12 +137,12 @@ LineFolds foldsOfLine(std::string_view line, std::ptrdiff_t column) {
     const std::string longer = std::string(line) + std::string(2 * kColumns + kCellLength * marks, ' ');
     FoldWalk walk(longer, column, [&](std::size_t place) { folds.places.push_back(place); });
     while (!walk.atEnd() && (folds.places.empty() || folds.places.back() < line.size()))
-        walk.takeCharacter();
+        walk.takeCharacters();
 
     const std::string ended = std::string(line).append(kLineEnd);
     FoldWalk whole(ended, column, [](std::size_t) {});
     while (!whole.atEnd())
-        whole.takeCharacter();
+        whole.takeCharacters();
     folds.columnBehind = whole.column();
     return folds;
 }

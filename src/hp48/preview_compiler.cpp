@@ -1,9 +1,13 @@
 #include "hp48/preview_compiler.h"
 
+#include "core/codes.h"
+#include "core/document.h"
 #include "hp48/fold.h"
+#include "hp48/picture_block.h"
+#include "hp48/styled_rich_text.h"
 #include "hp48/styles_and_pictures.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace zolt {
 
@@ -18,21 +22,19 @@ PlaceMap *newStep(Steps *steps) {
     return steps ? &steps->emplace_back() : nullptr;
 }
 
-/// The document as the calculator shows it: without the quotes around it, those
+/// Makes of a document what the calculator shows: without the quotes around it, those
 /// inside as apostrophes, and with a line end.
-std::string openedText(std::string_view text, PlaceMap *places) {
+void openText(std::string &text, PlaceMap *places) {
     if (text.starts_with('"')) {
-        text.remove_prefix(1);
+        text.erase(0, 1);
         if (places)
             places->add(1, 0);
     }
     if (text.ends_with('"'))
-        text.remove_suffix(1);
-    std::string opened;
-    opened.reserve(text.size() + kLineEnd.size());
-    opened.append(text);
-    std::replace(opened.begin(), opened.end(), '"', '\'');
-    return opened.append(kLineEnd);
+        text.pop_back();
+    for (std::size_t i = text.find('"'); i != std::string::npos; i = text.find('"', i + 1))
+        text[i] = '\'';
+    text += kLineEnd;
 }
 
 Progress progressOfPhase(const PreviewProgress &progress, int phase) {
@@ -56,15 +58,41 @@ Preview cancelled() {
     return preview;
 }
 
-/// The first two phases.
-std::optional<StyledPictures> foldedAndStyled(std::string_view text, PreviewFlavour flavour,
-                                              const PreviewProgress &progress, Steps *steps = nullptr) {
-    std::optional<std::string> lines = openedText(text, newStep(steps));
-    if (flavour != PreviewFlavour::Normal)
-        lines = foldLines(*lines, progressOfPhase(progress, 1), newStep(steps));
+/// The first phase.
+std::optional<std::string> openedAndFolded(std::string text, PreviewFlavour flavour,
+                                           const PreviewProgress &progress, Steps *steps) {
+    openText(text, newStep(steps));
+    if (flavour == PreviewFlavour::Normal)
+        return text;
+    return foldLines(text, progressOfPhase(progress, 1), newStep(steps));
+}
+
+/// The first two phases. No more than two copies of the text stand in memory at once.
+std::optional<StyledText> foldedAndStyled(std::string text, PreviewFlavour flavour,
+                                          const PreviewProgress &progress, const PictureTaker &onPicture,
+                                          Steps *steps = nullptr) {
+    const auto lines = openedAndFolded(std::move(text), flavour, progress, steps);
     if (!lines)
         return std::nullopt;
-    return compileStylesAndPictures(*lines, progressOfPhase(progress, 2), progress.picture, newStep(steps));
+    return compileStylesAndPictures(*lines, progressOfPhase(progress, 2), onPicture, newStep(steps));
+}
+
+/// All but the pictures' drawings and the rich text.
+std::optional<CompiledText> compiled(std::string document, PreviewFlavour flavour, const Progress &progress,
+                                     Steps *steps = nullptr) {
+    CompiledText result;
+    if (document.size() <= kLongestUncompiled) {
+        result.text.append(document, Style::Plain);
+        return result;
+    }
+    const auto inPhase = [&progress](int, std::size_t position, std::size_t length) {
+        return goOn(progress, position, length);
+    };
+    auto styled = foldedAndStyled(std::move(document), flavour, {inPhase, {}}, {}, steps);
+    auto entries = styled ? menuEntries(styled->characters, progress) : std::nullopt;
+    if (!entries)
+        return std::nullopt;
+    return CompiledText{std::move(*styled), std::move(*entries)};
 }
 
 } // namespace
@@ -81,33 +109,36 @@ std::string phaseLabel(int phase, std::size_t position, std::size_t length) {
 Preview compilePreview(std::string_view text, PreviewFlavour flavour, const PreviewProgress &progress) {
     if (text.size() <= kLongestUncompiled)
         return uncompiled(text);
-    auto compiled = foldedAndStyled(text, flavour, progress);
-    if (!compiled)
+    std::vector<RichPicture> drawn;
+    const auto draw = [&](const PictureBlock &block) {
+        auto picture = DesenhoDaFigura(block.cells, {block.columns, block.lines}, progress.picture);
+        if (picture)
+            drawn.push_back(std::move(*picture));
+        return picture.has_value();
+    };
+    auto styled = foldedAndStyled(copyWithRoom(text), flavour, progress, draw);
+    if (!styled)
         return cancelled();
-    auto rich = richTextOf(compiled->text, std::move(compiled->drawn), progressOfPhase(progress, 3));
+    auto rich = richTextOf(*styled, std::move(drawn), progressOfPhase(progress, 3));
     if (!rich)
         return cancelled();
-    auto entries = menuEntries(compiled->text.characters, progressOfPhase(progress, 4));
+    auto entries = menuEntries(styled->characters, progressOfPhase(progress, 4));
     if (!entries)
         return cancelled();
-    return {std::move(*rich), std::move(compiled->text), std::move(*entries), false};
+    return {std::move(*rich), std::move(*styled), std::move(*entries), false};
+}
+
+CompiledText compileText(std::string document, PreviewFlavour flavour) {
+    return *compiled(std::move(document), flavour, {});
 }
 
 std::optional<CompiledScreen> compileScreen(std::string_view text, const Progress &progress) {
     CompiledScreen screen;
-    if (text.size() <= kLongestUncompiled) {
-        screen.text.append(text, Style::Plain);
-    } else {
-        const auto inPhase = [&progress](int, std::size_t position, std::size_t length) {
-            return goOn(progress, position, length);
-        };
-        auto compiled = foldedAndStyled(text, PreviewFlavour::Hp48, {inPhase, progress}, &screen.places);
-        auto entries = compiled ? menuEntries(compiled->text.characters, progress) : std::nullopt;
-        if (!entries)
-            return std::nullopt;
-        screen.text = std::move(compiled->text);
-        screen.entries = std::move(*entries);
-    }
+    auto result = compiled(copyWithRoom(text), PreviewFlavour::Hp48, progress, &screen.places);
+    if (!result)
+        return std::nullopt;
+    screen.text = std::move(result->text);
+    screen.entries = std::move(result->entries);
     screen.lines = screenLines(screen.text);
     return screen;
 }

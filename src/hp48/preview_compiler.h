@@ -53,6 +53,16 @@ struct Preview {
 /// stays as it is.
 Preview compilePreview(std::string_view text, PreviewFlavour flavour, const PreviewProgress &progress = {});
 
+/// What compilePreview() makes of a document before it is a rich text.
+struct CompiledText {
+    StyledText text;
+    std::vector<MenuEntry> entries;
+};
+
+/// For those who need no rich text. A document that is given away is not kept beside what
+/// is made of it.
+CompiledText compileText(std::string document, PreviewFlavour flavour);
+
 /// A document on the calculator's screen, and where its characters went.
 struct CompiledScreen {
     StyledText text;

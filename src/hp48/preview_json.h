@@ -1,8 +1,7 @@
 #pragma once
 
+#include "core/byte_sink.h"
 #include "hp48/preview_compiler.h"
-
-#include <string>
 
 namespace zolt {
 
@@ -11,6 +10,6 @@ namespace zolt {
 /// {"font": F, "text": T}, neighbours in one font joined, or
 /// {"picture": {"columns": C, "lines": L, "cells": T}}. In every text a byte is the
 /// code point of the same number, and line ends are the characters CR LF.
-std::string previewJson(const Preview &preview);
+void writePreviewJson(const CompiledText &compiled, const ByteSink &sink);
 
 } // namespace zolt

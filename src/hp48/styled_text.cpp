@@ -1,36 +1,8 @@
 #include "hp48/styled_text.h"
 
-#include "core/reporter.h"
-
 #include <algorithm>
-#include <array>
 
 namespace zolt {
-
-namespace {
-
-/// Gives each style its format in a rich text, adding the fonts that are used.
-class Formats {
-public:
-    explicit Formats(RichText &text) : m_text(text) { m_fonts.fill(kUnknown); }
-
-    CharFormat of(Style style) {
-        std::uint16_t &font = m_fonts[static_cast<std::size_t>(style)];
-        if (font == kUnknown)
-            font = m_text.fontIndex(fontOfStyle(style));
-        CharFormat format;
-        format.font = font;
-        return format;
-    }
-
-private:
-    static constexpr std::uint16_t kUnknown = 0xFFFF;
-
-    RichText &m_text;
-    std::array<std::uint16_t, kStyleCount> m_fonts;
-};
-
-} // namespace
 
 void StyledText::append(std::string_view text, Style style) {
     if (text.empty())
@@ -68,37 +40,6 @@ PieceReader::Piece PieceReader::next(std::size_t limit) {
     }
     m_position = piece.end;
     return piece;
-}
-
-std::optional<RichText> richTextOf(const StyledText &text, std::vector<RichPicture> drawn,
-                                   const Progress &progress) {
-    RichText rich;
-    rich.paragraphs.reserve(
-        1 + static_cast<std::size_t>(std::count(text.characters.begin(), text.characters.end(), '\n')));
-    Formats formats(rich);
-    PieceReader reader(text);
-    Reporter reporter(progress, text.characters.size());
-    while (true) {
-        if (!reporter.goOn(reader.position()))
-            return std::nullopt;
-        std::vector<Run> &runs = rich.paragraphs.back().runs;
-        const std::size_t found = text.characters.find(kLineEnd, reader.position());
-        const std::size_t lineEnd = std::min(found, text.characters.size());
-        while (reader.position() < lineEnd) {
-            const PieceReader::Piece piece = reader.next(lineEnd);
-            Run &run = runs.emplace_back();
-            run.format = formats.of(piece.style);
-            if (piece.picture)
-                run.content =
-                    std::move(drawn[static_cast<std::size_t>(piece.picture - text.pictures.data())]);
-            else
-                run.content = std::string_view(text.characters).substr(piece.begin, piece.end - piece.begin);
-        }
-        if (found == std::string::npos)
-            return rich;
-        reader.moveTo(lineEnd + kLineEnd.size());
-        rich.paragraphs.emplace_back();
-    }
 }
 
 } // namespace zolt

@@ -1,12 +1,9 @@
 #pragma once
 
 #include "core/codes.h"
-#include "core/progress.h"
-#include "graphic/rich_text.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -78,11 +75,5 @@ private:
     std::size_t m_span;
     std::size_t m_picture;
 };
-
-/// The rich text of a compiled text, in 10 points, with the pictures drawn: `drawn`
-/// has one for each of `text.pictures`. No value when `progress`,
-/// which counts characters, asked to stop.
-std::optional<RichText> richTextOf(const StyledText &text, std::vector<RichPicture> drawn,
-                                   const Progress &progress = {});
 
 } // namespace zolt

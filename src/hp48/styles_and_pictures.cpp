@@ -2,9 +2,10 @@
 
 #include "core/reporter.h"
 #include "hp48/open_runs.h"
-#include "hp48/picture_block.h"
+#include "images/image_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zolt {
 
@@ -12,18 +13,14 @@ namespace {
 
 class Compiler {
 public:
-    Compiler(std::string_view text, const Progress &pictureProgress, PlaceMap *places)
-        : m_text(text),
-          m_marks(text),
-          m_ends(text.size()),
-          m_pictureProgress(pictureProgress),
-          m_places(places) {
-        m_result.text.characters.reserve(text.size());
+    Compiler(std::string_view text, const PictureTaker &onPicture, PlaceMap *places)
+        : m_text(text), m_marks(text), m_ends(text.size()), m_onPicture(onPicture), m_places(places) {
+        m_result.characters.reserve(text.size());
     }
 
     bool atEnd() const { return m_marks.atEnd(m_at); }
     std::size_t position() const { return m_at.position; }
-    StyledPictures finish() { return std::move(m_result); }
+    StyledText finish() { return std::move(m_result); }
 
     /// Compiles what stands at the position: a stretch of plain characters, or codes
     /// and the character behind them, or a picture. False when asked to stop.
@@ -47,16 +44,14 @@ private:
     bool takePicture() {
         const StyleMarks::Place end = endOfPicture(m_marks, m_at, m_ends);
         PictureBlock block;
-        block.position = m_result.text.characters.size();
+        block.position = m_result.characters.size();
         block.cells = m_marks.between(m_at, end);
         const ImageTextSize size = measureImageText(block.cells);
         block.columns = size.columns;
         block.lines = size.lines;
-        auto drawn = DesenhoDaFigura(block.cells, size, m_pictureProgress);
-        if (!drawn)
+        if (m_onPicture && !m_onPicture(block))
             return false;
-        m_result.drawn.push_back(std::move(*drawn));
-        m_result.text.pictures.push_back(std::move(block));
+        m_result.pictures.push_back(std::move(block));
         append({&kPicturePlace, 1});
         m_at = end;
         return true;
@@ -80,8 +75,8 @@ private:
     /// Adds what stands for the characters at the position.
     void append(std::string_view characters) {
         if (m_places)
-            m_places->add(m_at.position, m_result.text.characters.size());
-        m_result.text.append(characters, styleHere());
+            m_places->add(m_at.position, m_result.characters.size());
+        m_result.append(characters, styleHere());
     }
 
     Style styleHere() { return m_runs.styleAt(m_at.position); }
@@ -89,18 +84,18 @@ private:
     std::string_view m_text;
     StyleMarks m_marks;
     KnownEnds m_ends;
-    const Progress &m_pictureProgress;
+    const PictureTaker &m_onPicture;
     PlaceMap *m_places;
     StyleMarks::Place m_at;
     OpenRuns m_runs;
-    StyledPictures m_result;
+    StyledText m_result;
 };
 
 } // namespace
 
-std::optional<StyledPictures> compileStylesAndPictures(std::string_view text, const Progress &progress,
-                                                       const Progress &pictureProgress, PlaceMap *places) {
-    Compiler compiler(text, pictureProgress, places);
+std::optional<StyledText> compileStylesAndPictures(std::string_view text, const Progress &progress,
+                                                   const PictureTaker &onPicture, PlaceMap *places) {
+    Compiler compiler(text, onPicture, places);
     Reporter reporter(progress, text.size());
     while (!compiler.atEnd())
         if (!reporter.goOn(compiler.position()) || !compiler.compileNext())

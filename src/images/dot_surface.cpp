@@ -19,9 +19,10 @@ void DotSurface::clear() {
 void DotSurface::setDigit(std::int64_t x, std::int64_t y, int value) {
     if (x < 0 || y < 0 || x >= m_width || y >= m_height)
         return;
-    for (int i = 0; i < kDotsPerDigit; ++i)
-        if (value >> i & 1)
-            setDot(static_cast<int>(x) + i, static_cast<int>(y));
+    std::uint8_t *dots = row(static_cast<int>(y)) + x;
+    const auto most = static_cast<int>(std::min<std::int64_t>(kDotsPerDigit, m_width - x));
+    for (int i = 0; value != 0 && i < most; ++i)
+        dots[i] |= static_cast<std::uint8_t>(value >> i & 1);
 }
 
 int DotSurface::digit(int x, int y) const {

@@ -1,19 +1,24 @@
 #include "core/document.h"
 #include "core/glyphs.h"
 #include "core/path.h"
-#include "graphic/rtf_writer.h"
 #include "hp48/preview_compiler.h"
 #include "hp48/preview_json.h"
 #include "hp48/screen.h"
+#include "hp48/styled_rich_text.h"
+#include "images/dot_surface.h"
 #include "zoltc/command_table.h"
-
-#include <QBuffer>
-#include <QImage>
+#include "zoltc/png_writer.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 #include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace zolt::cli {
 
@@ -42,48 +47,63 @@ std::optional<PreviewFlavour> flavourOfName(std::string_view name) {
     return found == kFlavours.end() ? std::nullopt : std::optional(found->flavour);
 }
 
-/// Puts the dots of a surface on an image, each as `scale` by `scale` pixels, from
-/// the pixel row `firstRow` on.
-void putDots(QImage &image, const DotSurface &surface, int scale, int firstRow) {
-    std::string row(static_cast<std::size_t>(image.bytesPerLine()), '\0');
-    for (int y = 0; y < surface.height(); ++y) {
-        std::fill(row.begin(), row.end(), '\0');
-        for (int x = 0; x < surface.width(); ++x) {
-            if (!surface.dot(x, y))
-                continue;
-            for (int pixel = x * scale; pixel < (x + 1) * scale; ++pixel)
-                row[static_cast<std::size_t>(pixel / 8)] |= static_cast<char>(0x80 >> pixel % 8);
-        }
-        for (int repeat = 0; repeat < scale; ++repeat)
-            std::memcpy(image.scanLine(firstRow + y * scale + repeat), row.data(), row.size());
-    }
+constexpr int kBitsOfByte = 8;
+
+/// Eight dots as bits, the first in the highest. The product has each dot's bit at its
+/// place in the highest byte, and no other one there.
+unsigned bitsOfEight(const std::uint8_t *dots) {
+    constexpr std::uint64_t kFactor =
+        std::endian::native == std::endian::little ? 0x8040201008040201 : 0x0102040810204080;
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, dots, sizeof bytes);
+    return static_cast<unsigned>(bytes * kFactor >> 56);
 }
 
-/// The compiled text as a PNG file, one dot `scale` by `scale` pixels, black on white.
-/// Empty if that makes a picture beyond the limits, or a line wider than a surface.
-std::string pngOfPreview(const Preview &preview, int scale) {
-    const std::vector<ScreenLine> lines = screenLines(preview.styled);
+/// Puts a row of dots, a byte of 0 or 1 for each, into `bits` as a row of a PNG file,
+/// `scale` pixels to the dot. A dot that is on is black, so its bits are clear.
+void packRow(std::span<const std::uint8_t> dots, int scale, std::string &bits) {
+    const unsigned dotOn = (1U << scale) - 1;
+    unsigned waiting = 0; // the lowest bits of it
+    int waitingBits = 0;
+    bits.clear();
+    for (; scale == 1 && dots.size() >= kBitsOfByte; dots = dots.subspan(kBitsOfByte))
+        bits += static_cast<char>(~bitsOfEight(dots.data()));
+    for (const std::uint8_t dot : dots) {
+        waiting = waiting << scale | (dotOn * dot);
+        for (waitingBits += scale; waitingBits >= kBitsOfByte; waitingBits -= kBitsOfByte)
+            bits += static_cast<char>(~(waiting >> (waitingBits - kBitsOfByte)));
+    }
+    if (waitingBits > 0)
+        bits += static_cast<char>(~(waiting << (kBitsOfByte - waitingBits)));
+}
+
+/// The compiled text as a PNG file, one dot `scale` by `scale` pixels, black on white:
+/// the exit code. Refused if that makes a picture beyond the limits, or a line wider than a
+/// surface.
+int writePng(const StyledText &text, int scale, const std::string &name) {
+    const std::vector<ScreenLine> lines = screenLines(text);
     const std::int64_t width = screenWidth(lines);
     const std::int64_t height = lines.back().top + lines.back().height;
     const std::int64_t highest = std::min(kHighestPicture / scale, kMostPixels / (width * scale * scale));
     if (width > kLargestSide || height > highest)
-        return {};
-    QImage image(static_cast<int>(width * scale), static_cast<int>(height * scale), QImage::Format_Mono);
-    if (image.isNull())
-        return {};
-    image.setColorTable({qRgb(255, 255, 255), qRgb(0, 0, 0)});
+        return unusable(name, "the text is too large for one picture");
+    Output output(name);
+    PngWriter png(static_cast<std::uint32_t>(width * scale), static_cast<std::uint32_t>(height * scale),
+                  [&output](std::string_view piece) { output.append(piece); });
+    std::string row;
     const std::int64_t band = std::min<std::int64_t>(kMostDots / width, kLargestSide);
     for (std::int64_t top = 0; top < height; top += band) {
         const std::int64_t bottom = std::min(top + band, height);
         DotSurface surface(static_cast<int>(width), static_cast<int>(bottom - top));
-        drawLines(surface, preview.styled, linesBetween(lines, top, bottom), glyph, top);
-        putDots(image, surface, scale, static_cast<int>(top * scale));
+        drawLines(surface, text, linesBetween(lines, top, bottom), glyph, top);
+        for (int y = 0; y < surface.height(); ++y) {
+            packRow({surface.row(y), static_cast<std::size_t>(width)}, scale, row);
+            for (int repeat = 0; repeat < scale; ++repeat)
+                png.addRow(row);
+        }
     }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "PNG"))
-        return {};
-    return bytes.toStdString();
+    png.finish();
+    return output.finish() ? Done : Unusable;
 }
 
 int runPreview(const Arguments &arguments) {
@@ -102,15 +122,16 @@ int runPreview(const Arguments &arguments) {
     std::string file;
     if (!readInput(input, file))
         return Unusable;
-    const Preview preview = compilePreview(documentFromFile(file), *flavour);
+    const CompiledText compiled = compileText(documentFromFile(std::move(file)), *flavour);
+    if (extension == "png")
+        return writePng(compiled.text, scale, output);
+    Output written(output);
+    const ByteSink sink = [&written](std::string_view piece) { written.append(piece); };
     if (extension == "rtf")
-        return writeOutput(output, rtfFromRichText(preview.text)) ? Done : Unusable;
-    if (extension == "json")
-        return writeOutput(output, previewJson(preview)) ? Done : Unusable;
-    const std::string png = pngOfPreview(preview, scale);
-    if (png.empty())
-        return unusable(output, "the text is too large for one picture");
-    return writeOutput(output, png) ? Done : Unusable;
+        writeRtf(compiled.text, sink);
+    else
+        writePreviewJson(compiled, sink);
+    return written.finish() ? Done : Unusable;
 }
 
 } // namespace

@@ -274,18 +274,23 @@ TEST(PreviewProgress, HasTheTextsOfItsPhases) {
     EXPECT_EQ(phaseLabel(4, 200, 200), "Fase 4/4 - [100%]");
 }
 
+std::string jsonOf(const std::string &document) {
+    std::string json;
+    writePreviewJson(compileText(document, PreviewFlavour::Hp48),
+                     [&json](std::string_view piece) { json.append(piece); });
+    return json;
+}
+
 TEST(PreviewJson, NamesFontsPicturesAndEntries) {
     const std::string document = withMarks("a\xE9\\\r\n*b@Bc\r\nd@B#1234AF");
-    EXPECT_EQ(previewJson(compilePreview(document, PreviewFlavour::Hp48)),
-              "{\"entries\": [{\"line\": 2, \"text\": \"*bc\"}], \"items\": ["
-              "{\"font\": \"ZOLT\", \"text\": \"a\xC3\xA9\\\\\\u000D\\u000A*b\"}, "
-              "{\"font\": \"ZOLTBold\", \"text\": \"c\\u000D\\u000Ad\"}, "
-              "{\"picture\": {\"columns\": 1, \"lines\": 1, \"cells\": \"\xC2\x9E"
-              "1234AF\"}}, "
-              "{\"font\": \"ZOLT\", \"text\": \"\\u000D\\u000A\"}]}\n");
-    EXPECT_EQ(previewJson(compilePreview("\"", PreviewFlavour::Hp48)),
-              "{\"entries\": [], \"items\": [{\"font\": \"ZOLT\", \"text\": \"\\\"\"}]}\n");
-    EXPECT_EQ(previewJson(compilePreview("", PreviewFlavour::Hp48)), "{\"entries\": [], \"items\": []}\n");
+    EXPECT_EQ(jsonOf(document), "{\"entries\": [{\"line\": 2, \"text\": \"*bc\"}], \"items\": ["
+                                "{\"font\": \"ZOLT\", \"text\": \"a\xC3\xA9\\\\\\u000D\\u000A*b\"}, "
+                                "{\"font\": \"ZOLTBold\", \"text\": \"c\\u000D\\u000Ad\"}, "
+                                "{\"picture\": {\"columns\": 1, \"lines\": 1, \"cells\": \"\xC2\x9E"
+                                "1234AF\"}}, "
+                                "{\"font\": \"ZOLT\", \"text\": \"\\u000D\\u000A\"}]}\n");
+    EXPECT_EQ(jsonOf("\""), "{\"entries\": [], \"items\": [{\"font\": \"ZOLT\", \"text\": \"\\\"\"}]}\n");
+    EXPECT_EQ(jsonOf(""), "{\"entries\": [], \"items\": []}\n");
 }
 
 } // namespace

@@ -111,7 +111,7 @@ TEST(StyleRuns, AreThoseOfTheCompiler) {
         for (const StyleRuns::Span &span : runs.between(0, text.size()))
             if (span.kind == Kind::Text || span.kind == Kind::PassedCodes)
                 shown.append(text.substr(span.begin, span.end - span.begin), span.style);
-        ASSERT_EQ(shown, compileStylesAndPictures(text).value().text) << "round " << round;
+        ASSERT_EQ(shown, compileStylesAndPictures(text).value()) << "round " << round;
     }
 }
 
