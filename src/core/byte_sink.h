@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zolt {
 
@@ -13,7 +14,7 @@ using ByteSink = std::function<void(std::string_view piece)>;
 /// Gathers small pieces into larger ones for a sink.
 class PieceBuffer {
 public:
-    explicit PieceBuffer(const ByteSink &sink) : m_sink(sink) {}
+    explicit PieceBuffer(ByteSink sink) : m_sink(std::move(sink)) {}
 
     /// What waits, to be added to.
     std::string &bytes() { return m_bytes; }
@@ -30,7 +31,7 @@ public:
     static constexpr std::size_t kPiece = std::size_t{1} << 16;
 
 private:
-    const ByteSink &m_sink;
+    ByteSink m_sink;
     std::string m_bytes;
 };
 

@@ -144,9 +144,11 @@ bool writeParagraphs(RtfWriter &writer, const RichText &text) {
 
 } // namespace
 
-RtfWriter::RtfWriter(const RtfTables &tables, const ByteSink &sink, const Progress &progress,
-                     std::size_t size)
-    : m_buffer(sink), m_out(m_buffer.bytes()), m_reporter(progress, size) {
+RtfWriter::RtfWriter(const RtfTables &tables, ByteSink sink, Progress progress, std::size_t size)
+    : m_buffer(std::move(sink)),
+      m_out(m_buffer.bytes()),
+      m_progress(std::move(progress)),
+      m_reporter(m_progress, size) {
     for (const std::string &font : tables.fonts)
         m_fontKinds.push_back(fontKind(font));
     m_out += "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1";
@@ -279,7 +281,7 @@ std::string rtfFromRichText(const RichText &text, const Progress &progress) {
     const std::size_t size = sizeOf(text);
     std::string rtf;
     rtf.reserve(size + size / 2 + 512);
-    const ByteSink sink = [&rtf](std::string_view piece) { rtf.append(piece); };
+    const auto sink = [&rtf](std::string_view piece) { rtf.append(piece); };
     RtfWriter writer({text.fonts, coloursOf(text)}, sink, progress, size);
     if (!writeParagraphs(writer, text))
         return {};

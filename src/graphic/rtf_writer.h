@@ -36,8 +36,7 @@ struct RtfTables {
 class RtfWriter {
 public:
     /// `size` counts the bytes of text and pictures, and one a paragraph.
-    RtfWriter(const RtfTables &tables, const ByteSink &sink, const Progress &progress = {},
-              std::size_t size = 0);
+    RtfWriter(const RtfTables &tables, ByteSink sink, Progress progress = {}, std::size_t size = 0);
     RtfWriter(const RtfWriter &) = delete;
     RtfWriter &operator=(const RtfWriter &) = delete;
 
@@ -58,6 +57,7 @@ private:
 
     PieceBuffer m_buffer;
     std::string &m_out;
+    Progress m_progress;
     Reporter m_reporter;
     std::vector<FontKind> m_fontKinds;
     /// Entry 0 of the table is the automatic colour.
