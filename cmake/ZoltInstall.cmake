@@ -1,7 +1,7 @@
 # Where a Linux desktop expects the parts of a program, and the Debian package.
 
-include(GNUInstallDirs)
 install(TARGETS zolt zoltc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS zoltc_pictures LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/zolt)
 install(DIRECTORY ${ZOLT_DATA_DIR}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/zolt)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/zolt)
 install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -7,8 +7,11 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 # The build folder mirrors an installation: programs in bin/, their files in share/zolt/.
+include(GNUInstallDirs)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(ZOLT_DATA_DIR ${PROJECT_BINARY_DIR}/share/zolt)
+# From the programs' folder to that of what they load at run time.
+file(RELATIVE_PATH ZOLT_MODULE_DIR ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR}/zolt)
 
 find_program(CCACHE ccache)
 if(CCACHE)

@@ -26,7 +26,7 @@ need_packages() {
 }
 
 BUILD_PACKAGES="g++ cmake ninja-build ccache python3 python3-fonttools
-    qt6-base-dev libgl-dev qt6-svg-dev libqt6svg6 qt6-image-formats-plugins libgtest-dev"
+    qt6-base-dev libgl-dev qt6-svg-dev libqt6svg6 qt6-image-formats-plugins zlib1g-dev libgtest-dev"
 # Other programs that read back what this one writes, and the check of the form.
 TEST_PACKAGES="imagemagick giflib-tools qpdf poppler-utils libreoffice-writer-nogui clang-format
     shared-mime-info desktop-file-utils libglib2.0-bin"

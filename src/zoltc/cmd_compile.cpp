@@ -1,10 +1,10 @@
 #include "graphic/rtf_reader.h"
 #include "hp48/hp_file.h"
 #include "hp48/source_compiler.h"
-#include "platform/embedded_picture.h"
 #include "zoltc/command_table.h"
+#include "zoltc/picture_decoders.h"
 
-#include <QLoggingCategory>
+#include <utility>
 
 namespace zolt::cli {
 
@@ -18,11 +18,19 @@ int runCompile(const Arguments &arguments) {
     std::string bytes;
     if (!readInput(arguments.files[0], bytes))
         return Unusable;
-    // A damaged picture is blank; Qt's own words about it would only confuse.
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
     const SourceKind kind = total ? SourceKind::Total : partial ? SourceKind::Partial : SourceKind::Normal;
-    const auto source = compileSource(richTextFromRtf(bytes), kind, dotsForSource);
-    return writeOutput(arguments.files[1], hpFile(withStyleMarks(*source))) ? Done : Unusable;
+    std::string reason;
+    const PictureDecoders *decoders = nullptr;
+    // A damaged picture is blank.
+    const auto dotsOf = [&](const RichPicture &picture) {
+        if (!decoders && reason.empty())
+            decoders = pictureDecoders(reason);
+        return decoders ? decoders->forSource(picture) : DotSurface();
+    };
+    auto source = compileSource(richTextFromRtf(bytes), kind, dotsOf);
+    if (!reason.empty())
+        return unusable(arguments.files[0], reason);
+    return writeOutput(arguments.files[1], hpFile(withStyleMarks(std::move(*source)))) ? Done : Unusable;
 }
 
 } // namespace

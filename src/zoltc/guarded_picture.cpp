@@ -1,9 +1,8 @@
 #include "zoltc/guarded_picture.h"
 
 #include "core/descriptor.h"
-#include "platform/pictures.h"
+#include "zoltc/picture_decoders.h"
 
-#include <QLoggingCategory>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -13,6 +12,7 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 #if defined(__SANITIZE_ADDRESS__)
 #define ZOLT_ADDRESS_SANITIZER 1
@@ -50,9 +50,8 @@ void limitThisProcess(rlim_t mostBytes) {
         limit(RLIMIT_AS, taken + mostBytes);
 }
 
-/// The decoders' and the system's own words would come before the command's.
+/// The decoders' own words would come before the command's.
 void beSilent() {
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
     if (const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC); nowhere >= 0)
         ::dup2(nowhere, STDERR_FILENO);
 }
@@ -80,21 +79,17 @@ std::string readAll(int fd) {
 
 /// What the decoding process does: it hands on the dots, a byte each, or the reason, and
 /// ends without what a program does at its end.
-[[noreturn]] void decode(const std::string &file, int width, int height, rlim_t mostBytes, int output) {
+[[noreturn]] void decode(const PictureDecoders &decoders, const std::string &file, int width, int height,
+                         rlim_t mostBytes, int output) {
     limitThisProcess(mostBytes);
     beSilent();
-    const LoadedPicture picture = loadPicture(file);
-    std::string answer = picture.reason;
-    if (picture.ok()) {
-        const DotSurface dots = dotsOfPicture(picture.image, width, height);
-        for (int y = 0; y < dots.height(); ++y)
-            answer.append(dots.row(y), dots.row(y) + dots.width());
-    }
+    DecodedPicture picture = decoders.ofFile(file, width, height);
+    std::string answer = std::move(picture.reason);
+    const bool isDone = answer.empty();
+    for (int y = 0; isDone && y < picture.dots.height(); ++y)
+        answer.append(picture.dots.row(y), picture.dots.row(y) + picture.dots.width());
     const bool whole = writeAll(output, answer);
-    ::_exit(!whole                               ? Unusable
-            : picture.ok()                       ? Done
-            : picture.reason == kPictureTooLarge ? Refused
-                                                 : Unusable);
+    ::_exit(!whole ? Unusable : isDone ? Done : picture.isTooLarge ? Refused : Unusable);
 }
 
 DotSurface surfaceOf(std::string_view dots, int width, int height) {
@@ -126,13 +121,17 @@ GuardedPicture pictureOf(std::string answer, int status, int width, int height) 
 } // namespace
 
 GuardedPicture readGuardedPicture(const std::string &file, int width, int height, std::uint64_t mostBytes) {
+    std::string reason;
+    const PictureDecoders *const decoders = pictureDecoders(reason);
+    if (!decoders)
+        return {{{}, reason}, Unusable};
     int ends[2] = {-1, -1};
     if (::pipe2(ends, O_CLOEXEC) != 0)
         return {{{}, reasonOf(errno)}, Unusable};
     const Descriptor input(ends[0]);
     const ::pid_t child = ::fork();
     if (child == 0)
-        decode(file, width, height, mostBytes, ends[1]);
+        decode(*decoders, file, width, height, mostBytes, ends[1]);
     const int error = errno;
     ::close(ends[1]);
     if (child < 0)

@@ -1,6 +1,8 @@
 #include "hp48/preview_compiler.h"
 
+#include "graphic/rtf_writer.h"
 #include "hp48/preview_json.h"
+#include "hp48/styled_rich_text.h"
 #include "literal_compiler.h"
 #include "random_document.h"
 #include "support/texts.h"
@@ -62,6 +64,12 @@ void expectAsTheSlowWay(const std::string &document, PreviewFlavour flavour) {
     }
     for (std::size_t i = 1; i < preview.styled.spans.size(); ++i)
         ASSERT_NE(preview.styled.spans[i].style, preview.styled.spans[i - 1].style) << about;
+
+    const CompiledText compiled = compileText(document, flavour);
+    ASSERT_TRUE(compiled.text == preview.styled && compiled.entries == preview.entries) << about;
+    std::string rtf;
+    writeRtf(compiled.text, [&rtf](std::string_view piece) { rtf.append(piece); });
+    ASSERT_EQ(rtf, rtfFromRichText(preview.text)) << about;
 }
 
 TEST(PreviewCompiler, GivesWhatTheSlowWayGivesForRandomDocuments) {
@@ -290,6 +298,8 @@ TEST(PreviewJson, NamesFontsPicturesAndEntries) {
                                 "1234AF\"}}, "
                                 "{\"font\": \"ZOLT\", \"text\": \"\\u000D\\u000A\"}]}\n");
     EXPECT_EQ(jsonOf("\""), "{\"entries\": [], \"items\": [{\"font\": \"ZOLT\", \"text\": \"\\\"\"}]}\n");
+    const std::string several = jsonOf(std::string(200'000, 'y')); // pieces
+    EXPECT_EQ(std::count(several.begin(), several.end(), 'y'), 200'000);
     EXPECT_EQ(jsonOf(""), "{\"entries\": [], \"items\": []}\n");
 }
 

@@ -68,6 +68,9 @@ TEST_F(ExportCommands, PdfTakesItsFormFromItsOptions) {
           "/MediaBox [ 0 0 1008 792 ]\r", "9.6 TL\rT* (a\r\n) Tj\rT* (b\r\n) Tj\r"})
         EXPECT_NE(pdf.find(part), std::string::npos) << part;
 
+    // What can't be replaced whole, such as a pipe, is written as it stands.
+    EXPECT_EQ(zoltc({"pdf", "@a.zlt", "/dev/null"}), Done);
+
     put("long.zlt", std::string(1665 * 60, '\r'));
     EXPECT_EQ(zoltc({"pdf", "@long.zlt", "@long.pdf"}), Refused);
     EXPECT_NE(m_errors.find("page 1665"), std::string::npos);

@@ -9,6 +9,8 @@
 #include "zoltc/guarded_picture.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
 
 namespace zolt::cli {
 namespace {
@@ -99,6 +101,26 @@ TEST_F(ImageCommand, ADecoderThatTakesMoreThanItsMemoryIsEnded) {
         GTEST_SKIP() << "a sanitizer leaves no limit";
     EXPECT_TRUE(picture.picture.surface.isEmpty());
     EXPECT_NE(picture.picture.reason, "");
+}
+
+TEST_F(ImageCommand, OnlyPicturesNeedTheDecoders) {
+    EXPECT_EQ(test::bytesOf(ZOLTC).find("libQt6"), std::string::npos) << "every command loads Qt";
+    std::filesystem::copy_file(ZOLTC, path("alone"));
+    put("in.bmp", bitmapFile(DotSurface(4, 4), 1));
+    put("in.zlg", "{\\rtf1 a{\\pict\\pngblip 00}}");
+    put("in.zli", std::string(kBlankCell) + "\r\n");
+    const auto runs = [&](const std::string &words) {
+        const std::string folder = path("");
+        const std::string line = "cd '" + folder + "' && ./alone " + words + " >/dev/null 2>err";
+        return WEXITSTATUS(std::system(line.c_str()));
+    };
+    for (const std::string words : {"image in.bmp out.zli", "compile in.zlg OUT"}) {
+        EXPECT_EQ(runs(words), Unusable) << words;
+        EXPECT_NE(get("err").find("the decoders of pictures can't be loaded: "), std::string::npos);
+        EXPECT_FALSE(exists("out.zli") || exists("OUT"));
+    }
+    for (const std::string words : {"image in.zli out.gif", "compile in.zli OUT", "preview in.zli out.png"})
+        EXPECT_EQ(runs(words), Done) << words << get("err");
 }
 
 TEST_F(ImageCommand, OptionsOutOfRangeAndOtherConversionsAreRefused) {
