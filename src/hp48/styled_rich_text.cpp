@@ -42,12 +42,14 @@ private:
     static bool hasCharacters(const StyledText &text, std::size_t span) {
         const std::string_view characters = text.characters;
         const std::size_t end = span + 1 < text.spans.size() ? text.spans[span + 1].begin : characters.size();
-        for (std::size_t i = text.spans[span].begin; i < end; ++i) {
-            const bool isLf = i > 0 && characters.substr(i - 1, kLineEnd.size()) == kLineEnd;
-            if (!isLf && characters.substr(i, kLineEnd.size()) != kLineEnd)
-                return true;
-        }
-        return false;
+        const auto isLineEnd = [&](std::size_t i) {
+            return characters.substr(i, kLineEnd.size()) == kLineEnd;
+        };
+        std::size_t i = text.spans[span].begin;
+        i += i > 0 && isLineEnd(i - 1) ? 1 : 0; // one that began in the span before
+        while (i < end && isLineEnd(i))
+            i += kLineEnd.size();
+        return i < end;
     }
 
     /// Of a rich text without paragraphs.
