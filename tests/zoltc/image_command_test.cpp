@@ -1,4 +1,5 @@
 #include "core/document.h"
+#include "graphic/rtf_writer.h"
 #include "images/bitmap_file.h"
 #include "images/gif_file.h"
 #include "images/grob.h"
@@ -107,7 +108,10 @@ TEST_F(ImageCommand, OnlyPicturesNeedTheDecoders) {
     EXPECT_EQ(test::bytesOf(ZOLTC).find("libQt6"), std::string::npos) << "every command loads Qt";
     std::filesystem::copy_file(ZOLTC, path("alone"));
     put("in.bmp", bitmapFile(DotSurface(4, 4), 1));
-    put("in.zlg", "{\\rtf1 a{\\pict\\pngblip 00}}");
+    RichText text;
+    text.paragraphs[0].runs.emplace_back(
+        CharFormat{}, RichPicture{RichPicture::Kind::Bmp, bitmapFile(DotSurface(4, 4), 1), 120, 120});
+    put("in.zlg", rtfFromRichText(text));
     put("in.zli", std::string(kBlankCell) + "\r\n");
     const auto runs = [&](const std::string &words) {
         const std::string folder = path("");
