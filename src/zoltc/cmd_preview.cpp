@@ -27,7 +27,7 @@ namespace {
 constexpr int kLargestScale = 16;
 /// What readers of PNG files take by default, in pixels.
 constexpr std::int64_t kHighestPicture = 1'000'000;
-/// 256 MiB of memory.
+/// 256 MiB in the memory of whoever reads the picture.
 constexpr std::int64_t kMostPixels = std::int64_t{1} << 31;
 
 struct Flavour {
@@ -78,7 +78,7 @@ void packRow(std::span<const std::uint8_t> dots, int scale, std::string &bits) {
 }
 
 /// The compiled text as a PNG file, one dot `scale` by `scale` pixels, black on white:
-/// the exit code. Refused if that makes a picture beyond the limits, or a line wider than a
+/// the exit code. Unusable if that makes a picture beyond the limits, or a line wider than a
 /// surface.
 int writePng(const StyledText &text, int scale, const std::string &name) {
     const std::vector<ScreenLine> lines = screenLines(text);

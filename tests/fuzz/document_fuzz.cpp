@@ -28,8 +28,8 @@ void checkParts(const zolt::Preview &preview) {
         require(styled.characters[lines.at(static_cast<std::size_t>(entry.line - 1)).begin] == '*',
                 "an entry that is no line");
     bool hasJson = false;
-    writePreviewJson({styled, preview.entries},
-                     [&hasJson](std::string_view piece) { hasJson |= !piece.empty(); });
+    zolt::writePreviewJson({styled, preview.entries},
+                           [&hasJson](std::string_view piece) { hasJson |= !piece.empty(); });
     require(hasJson, "no JSON");
 }
 
