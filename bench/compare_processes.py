@@ -11,17 +11,22 @@ PR_SET_PDEATHSIG = 1
 _libc = ctypes.CDLL(None)
 
 
-def _end_with_parent():
-    # The kernel ends the program even when we are killed ourselves.
-    _libc.prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
-
-
-def start(command, environment=None, output=None, passed=()):
-    """Starts `command` as the head of a session of its own, so that its children can be ended too."""
+def start(command, environment=None, output=None, passed=(), ending=signal.SIGKILL):
+    """Starts `command` as the head of a session of its own, so that its children can be ended too.
+    The kernel sends it `ending` even when we are killed ourselves."""
     sink = output or subprocess.DEVNULL
     return subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=sink,
                             stderr=subprocess.DEVNULL, start_new_session=True, pass_fds=passed,
-                            preexec_fn=_end_with_parent)
+                            preexec_fn=lambda: _libc.prctl(PR_SET_PDEATHSIG, ending))
+
+
+def end_gently(process):
+    """Lets the process take its own files away first."""
+    process.terminate()
+    try:
+        process.wait(5)
+    except subprocess.TimeoutExpired:
+        end(process)
 
 
 def end(process):

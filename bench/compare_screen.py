@@ -2,6 +2,7 @@
 
 import mmap
 import os
+import signal
 import struct
 import tempfile
 import time
@@ -31,7 +32,8 @@ class Screen:
         reader, writer = os.pipe()
         self._server = processes.start(
             ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{WIDTH}x{HEIGHT}x24",
-             "-fbdir", self._folder, "-nolisten", "tcp", "-noreset"], passed=(writer,))
+             "-fbdir", self._folder, "-nolisten", "tcp", "-noreset"],
+            passed=(writer,), ending=signal.SIGTERM)
         os.close(writer)
         with os.fdopen(reader) as answer:
             number = answer.readline().strip()
@@ -56,7 +58,8 @@ class Screen:
         self._start = header[0] + 12 * header[19]
 
     def close(self):
-        processes.end(self._server)
+        # Killed, it would leave its lock and its socket behind.
+        processes.end_gently(self._server)
 
     def picture(self, part):
         """The pixels of `part` (x, y, width, height), 4 bytes each, row by row."""

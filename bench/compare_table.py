@@ -35,7 +35,8 @@ def ratio(values, others):
     ours, theirs = _numbers(values), _numbers(others)
     if not ours or not theirs:
         return ""
-    return f"{statistics.median(ours) / statistics.median(theirs):.2g}"
+    value = statistics.median(ours) / statistics.median(theirs)
+    return f"{value:.2g}" if value < 100 else f"{value:.0f}"
 
 
 class Table:
@@ -53,6 +54,7 @@ class Table:
             line += [cell(before, unit), ratio(ours, before)]
         for name, values in peers or [("none", [])]:
             self._lines.append(line + [name, cell(values, unit), ratio(ours, values)])
+            line = [""] * len(line)
 
     def __str__(self):
         lines = [self._lines[0], ["---"] * len(self._lines[0])] + self._lines[1:]
