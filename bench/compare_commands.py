@@ -47,10 +47,10 @@ class Row:
         self.peers = peers
 
 
-_CONVERT = Peer("convert, dithered", "imagemagick",
+_CONVERT = Peer("convert (dithers)", "imagemagick",
                 "convert {in} -resize 132x65! -monochrome {out}")
-_CAT = Peer("cat, the floor", "coreutils", "cat {in}", to_output=True)
-_DD = Peer("dd conv=fsync, the floor that waits for the disk as zoltc does", "coreutils",
+_CAT = Peer("cat (the floor)", "coreutils", "cat {in}", to_output=True)
+_DD = Peer("dd conv=fsync (the floor that waits for the disk, as zoltc does)", "coreutils",
            "dd if={in} of={out} bs=1M conv=fsync status=none")
 
 

@@ -99,7 +99,7 @@ def session_of(row):
 
 
 def _environment(home, display_name):
-    """As little as a program needs, in an empty home, so that nothing of an earlier run is there."""
+    """As little as a program needs, in an empty home: nothing of an earlier run is there."""
     kept = {name: os.environ[name] for name in ("PATH", "LANG") if name in os.environ}
     folders = {"XDG_CONFIG_HOME": "config", "XDG_DATA_HOME": "data", "XDG_CACHE_HOME": "cache",
                "XDG_STATE_HOME": "state", "XDG_RUNTIME_DIR": "runtime", "ZOLT_HOME": "zolt"}

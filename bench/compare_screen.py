@@ -132,12 +132,13 @@ def save_png(path, pixels, width):
 def part_of(screen_pixels, part):
     """A part of a picture of the whole screen."""
     x, y, width, height = part
+    first, row = 4 * (y * WIDTH + x), 4 * WIDTH
     return b"".join([screen_pixels[at:at + 4 * width]
-                     for at in range(4 * (y * WIDTH + x), 4 * ((y + height) * WIDTH + x), 4 * WIDTH)])
+                     for at in range(first, first + height * row, row)])
 
 
 def holds_text(pixels, least):
-    """At least so many dark pixels on what is mainly a page; a window that isn't painted is black."""
+    """At least so many dark pixels, on a page: a window that isn't painted is all black."""
     dark = sum(1 for blue in pixels[::4] if blue < 100)
     return least <= dark < len(pixels) // 4 * 0.4
 
