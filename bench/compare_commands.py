@@ -65,6 +65,10 @@ def _jpeg(documents, _extension):
     return path
 
 
+NOTES = [
+    "zoltc ends when its file is safe on the disk (fsync); of the others only dd waits for that.",
+]
+
 ROWS = [
     Row("image-bmp", "a picture of 4000 by 3000 (.bmp) into dots", "image {in} {out}",
         lambda documents, _: documents.picture("photo.bmp", 4000, 3000),

@@ -120,10 +120,13 @@ class Session:
         self._editor = editor
         self._shots = shots
         self._home = tempfile.mkdtemp(dir=folder)
+        # The document too: what a killed editor leaves beside it must not meet the next one.
+        own = os.path.join(self._home, os.path.basename(document))
+        os.link(document, own)
+        environment = _environment(self._home, screen.name)
         self._empty_screen()
         self._begun = time.monotonic()
-        self._process = processes.start([editor.program, document],
-                                        _environment(self._home, screen.name))
+        self._process = processes.start([editor.program, own], environment)
 
     def __enter__(self):
         return self
