@@ -36,16 +36,30 @@ template <class Edit> void PaneControl<Edit>::followDocument() {
 }
 
 template <class Edit> void PaneControl<Edit>::fillLater(std::function<void()> fill) {
-    m_fill = std::move(fill);
+    m_waiting = {.fill = std::move(fill)};
     if (this->isVisible())
         fillNow();
 }
 
+template <class Edit> void PaneControl<Edit>::fillRestLater(std::function<void()> fill, qsizetype length) {
+    m_waiting = {.fill = std::move(fill), .length = length};
+}
+
 template <class Edit> void PaneControl<Edit>::fillNow() const {
-    if (!m_fill)
+    if (!m_waiting)
         return;
     const QSignalBlocker silent(m_events);
-    std::exchange(m_fill, {})();
+    std::exchange(m_waiting, std::nullopt)->fill();
+}
+
+template <class Edit> void PaneControl<Edit>::fillRest() const {
+    if (m_waiting && m_waiting->filled > 0)
+        fillNow();
+}
+
+template <class Edit> void PaneControl<Edit>::fillUpTo(qsizetype bytes) const {
+    if (m_waiting && m_waiting->filled < bytes)
+        fillNow();
 }
 
 template <class Edit> std::string PaneControl<Edit>::Text() const {
@@ -54,6 +68,8 @@ template <class Edit> std::string PaneControl<Edit>::Text() const {
 }
 
 template <class Edit> qsizetype PaneControl<Edit>::length() const {
+    if (m_waiting && m_waiting->filled > 0)
+        return m_waiting->length;
     fillNow();
     return textLength(*this->document());
 }
@@ -87,6 +103,7 @@ template <class Edit> std::string PaneControl<Edit>::SelText() const {
 }
 
 template <class Edit> void PaneControl<Edit>::cut() {
+    fillNow();
     const HeldChange hold(*this);
     Edit::cut();
     endStep();
@@ -127,6 +144,7 @@ void PaneControl<Edit>::walkHistory(void (Edit::*step)(),
                                     std::optional<PaneSelection> (UndoSelections::*selectionAt)(int)) {
     if (this->isReadOnly())
         return;
+    fillNow();
     const HeldChange hold(*this);
     const int depth = this->document()->availableUndoSteps();
     {
@@ -162,7 +180,7 @@ template <class Edit> void PaneControl<Edit>::endStep() {
 }
 
 template <class Edit> int PaneControl<Edit>::positionOfOffset(qsizetype offset) const {
-    fillNow();
+    fillUpTo(offset + 1);
     return zolt::positionOfOffset(*this->document(), offset);
 }
 
@@ -242,7 +260,7 @@ template <class Edit> bool PaneControl<Edit>::event(QEvent *event) {
 }
 
 template <class Edit> void PaneControl<Edit>::showEvent(QShowEvent *event) {
-    fillNow();
+    fillUpTo(1);
     Edit::showEvent(event);
 }
 
@@ -276,6 +294,7 @@ template <class Edit> void PaneControl<Edit>::takeKeyOrLeaveIt(QKeyEvent &event)
     } else if (ctrl && event.key() == Qt::Key_Y) {
         redo();
     } else {
+        fillNow();
         QKeyEvent held = heldKey(event, [this](std::string_view bytes) { return characters(bytes); });
         takeKey(held);
         event.setAccepted(held.isAccepted());
@@ -297,6 +316,7 @@ template <class Edit> void PaneControl<Edit>::inputMethodEvent(QInputMethodEvent
         event->ignore();
         return;
     }
+    fillNow();
     const HeldChange hold(*this);
     QInputMethodEvent held(event->preeditString(), event->attributes());
     held.setCommitString(characters(bytesOfOutsideText(event->commitString())), event->replacementStart(),

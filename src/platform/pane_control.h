@@ -31,7 +31,7 @@ public:
     PaneEvents &events() const override { return *m_events; }
     using Edit::hasFocus;
     QTextCursor textCursor() const {
-        fillNow();
+        fillUpTo(1);
         return Edit::textCursor();
     }
 
@@ -91,10 +91,19 @@ protected:
     /// The change is done, but not reported. What is edited here belongs to it.
     virtual void finishChange() {}
 
-    /// Puts the text in that fillLater() left.
+    /// The start of a text is in, with the caret; `fill` puts in the rest of its `length`
+    /// bytes once somebody asks for it.
+    void fillRestLater(std::function<void()> fill, qsizetype length);
+    /// So many bytes of it are in.
+    void noteFilled(qsizetype bytes) { m_waiting->filled = bytes; }
+    /// Puts in what waits.
     void fillNow() const;
-    /// Another text takes the place of that one.
-    void forgetFill() { m_fill = {}; }
+    /// The same unless it is a hidden pane's whole text.
+    void fillRest() const;
+    /// The same if not so many bytes are in.
+    void fillUpTo(qsizetype bytes) const;
+    /// Nothing waits any more.
+    void forgetFill() { m_waiting.reset(); }
     /// Begins a new history for a text that was put in whole.
     void beginHistory();
     /// Follows the document that the control has from now on.
@@ -145,7 +154,14 @@ private:
     void tell();
 
     PaneEvents *m_events; // a child
-    mutable std::function<void()> m_fill;
+    /// A text that isn't all in the control.
+    struct Waiting {
+        std::function<void()> fill;
+        /// Bytes that are in, and all of them; 0 while none is.
+        qsizetype filled = 0;
+        qsizetype length = 0;
+    };
+    mutable std::optional<Waiting> m_waiting;
     UndoSelections m_undoSelections;
     PaneSelection m_toldSelection; // as it was before the change that is under way
     int m_holds = 0;

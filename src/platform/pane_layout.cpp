@@ -64,8 +64,8 @@ ByteWidths measuredByteWidths(const QFont &font, QPaintDevice *device) {
     return widths;
 }
 
-/// The widths of the bytes' characters on a device, without one on the screen. The last fonts are remembered: the
-/// panes of a window have one font.
+/// The widths of the bytes' characters on a device, without one on the screen. The last fonts are remembered:
+/// the panes of a window have one font.
 const ByteWidths &byteWidths(const QFont &font, QPaintDevice *device) {
     struct Measured {
         QFont font;
@@ -98,11 +98,6 @@ void PaneLayout::setShows(const PaneShows &shows) {
     countAllLines();
 }
 
-void PaneLayout::endStretches(std::string_view text) {
-    m_isGrowing = false;
-    m_look.readText(text);
-}
-
 void PaneLayout::layOut(const QTextBlock &block) const {
     if (block.layout()->lineCount() > 0)
         return;
@@ -129,7 +124,7 @@ void PaneLayout::refresh(QTextBlock block) const {
 
 PaneLook::Formats PaneLayout::lookOf(const QTextBlock &block, PaneLook::Width width) const {
     // An input method has formats of its own there; an edit under way isn't known yet.
-    if (m_isGrowing || !block.layout()->preeditAreaText().isEmpty() || !m_look.isUpToDate())
+    if (!block.layout()->preeditAreaText().isEmpty() || !m_look.isUpToDate())
         return block.layout()->formats();
     const QPalette &colours = m_view->palette();
     m_look.setGround(document()->defaultFont(), colours.color(QPalette::Text), colours.color(QPalette::Base));

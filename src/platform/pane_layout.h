@@ -31,10 +31,9 @@ public:
 
     const PaneLook &look() const { return m_look; }
     void setShows(const PaneShows &shows);
-    /// A long text is being put in by stretches, until it is all there: meanwhile nothing
-    /// gets a look, for which the whole would be read each time.
-    void beginStretches() { m_isGrowing = true; }
-    void endStretches(std::string_view text);
+    /// The document gets a text stretch by stretch, until all of it is in.
+    void beginText(std::string_view text) { m_look.beginText(text); }
+    void endText() { m_look.endText(); }
     void setSelection(PaneStretch selection) { m_look.setSelection(selection); }
 
     /// Lays a paragraph out, if that isn't done.
@@ -86,10 +85,9 @@ private:
     mutable PaneLook m_look;
     bool m_lookChanged = false;                  // of characters elsewhere than the change under way
     mutable std::optional<PaneStretch> m_marked; // dirty, for Qt's sake alone: from, length
-    bool m_isGrowing = false;
-    bool m_isInChange = false;           // Qt has told of characters and not yet had them laid out
-    std::optional<QFont> m_font;         // that the widths are of
-    std::array<int, 256> m_byteWidths{}; // in 1/64 pixels, as all widths here
+    bool m_isInChange = false;                   // Qt has told of characters and not yet had them laid out
+    std::optional<QFont> m_font;                 // that the widths are of
+    std::array<int, 256> m_byteWidths{};         // in 1/64 pixels, as all widths here
     int m_greatestByteWidth = 0;
     QSizeF m_reportedSize;
     mutable qint64 m_widestLine = 0; // seen since the lines were counted; if not wrapping

@@ -86,7 +86,7 @@ void PaneLook::setShows(const PaneShows &shows) {
 
 bool PaneLook::followChange(int from, int removed, int added) {
     m_length = m_document.characterCount();
-    if (!m_shows.styles)
+    if (!m_shows.styles || m_isGrowing)
         return false;
     if (!m_knowsCodes || added > kMuch) {
         forgetCodes();
@@ -115,8 +115,9 @@ void PaneLook::forgetCodes() {
     m_knowsCodes = false;
 }
 
-void PaneLook::readText(std::string_view bytes) {
+void PaneLook::beginText(std::string_view bytes) {
     forgetCodes();
+    m_isGrowing = true;
     if (m_shows.styles)
         readCodes(withSingleLineEnds(bytes));
 }

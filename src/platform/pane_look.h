@@ -45,8 +45,9 @@ public:
     const PaneShows &shows() const { return m_shows; }
     void setShows(const PaneShows &shows);
 
-    /// The document holds these bytes now. They needn't be read from there.
-    void readText(std::string_view bytes);
+    /// The document begins to get this text, stretch by stretch, and has it all.
+    void beginText(std::string_view bytes);
+    void endText() { m_isGrowing = false; }
     /// The document's characters have changed. Gives whether characters elsewhere can
     /// look different now.
     bool followChange(int from, int removed, int added);
@@ -95,7 +96,8 @@ private:
     PaneShows m_shows;
     mutable StyleRuns m_runs; // of the document, if styles are shown
     mutable bool m_knowsCodes = false;
-    int m_length = 0; // of the document, with its last line end
+    bool m_isGrowing = false; // into the text whose codes are known
+    int m_length = 0;         // of the document, with its last line end
     PaneStretch m_selection{0, 0};
 
     std::optional<QFont> m_font;

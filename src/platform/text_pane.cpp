@@ -15,6 +15,7 @@
 #include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTimer>
 #include <algorithm>
 #include <set>
 #include <utility>
@@ -25,8 +26,9 @@ namespace {
 
 constexpr QChar kHeldCr(kHeldByte + '\r');
 constexpr QChar kHeldLf(kHeldByte + '\n');
-/// Bytes put in at one go: some 20 ms' work.
-constexpr std::size_t kStretch = 1 << 18;
+/// Bytes that are put in at one go, some milliseconds' work, and at first.
+constexpr std::size_t kStretch = 1 << 16;
+constexpr std::size_t kFirstStretch = 1 << 18;
 
 std::string_view commonStart(std::string_view a, std::string_view b) {
     const auto size = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
@@ -40,21 +42,17 @@ std::string_view commonEnd(std::string_view a, std::string_view b) {
     return a.substr(a.size() - static_cast<std::size_t>(end - a.rbegin()));
 }
 
-/// Where the stretches begin in which a text is put in, each with a line; the first at 0.
-std::vector<std::size_t> stretchStarts(std::string_view bytes) {
-    std::vector<std::size_t> starts{0};
-    while (bytes.size() - starts.back() > kStretch) {
-        const std::size_t lineEnd = bytes.find("\r\n", starts.back() + kStretch);
-        if (lineEnd == std::string_view::npos)
-            break;
-        starts.push_back(lineEnd + 2);
-    }
-    return starts;
+/// Where a stretch of some `length` bytes ends: behind a line, or with the text.
+std::size_t stretchEnd(std::string_view bytes, std::size_t begin, std::size_t length) {
+    if (bytes.size() - begin <= length)
+        return bytes.size();
+    const std::size_t lineEnd = bytes.find("\r\n", begin + length);
+    return lineEnd == std::string_view::npos ? bytes.size() : lineEnd + 2;
 }
 
 } // namespace
 
-TextPane::TextPane(bool wraps, QWidget *parent) : PaneControl(parent) {
+TextPane::TextPane(bool wraps, QWidget *parent) : PaneControl(parent), m_restTimer(new QTimer(this)) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(wraps ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAlwaysOn);
     setLineWrapMode(wraps ? WidgetWidth : NoWrap);
@@ -67,6 +65,10 @@ TextPane::TextPane(bool wraps, QWidget *parent) : PaneControl(parent) {
     setPaneFont(font());
 
     followDocument();
+    connect(m_restTimer, &QTimer::timeout, this, [this] {
+        putStretch();
+        m_rest ? noteFilled(static_cast<qsizetype>(m_rest->begin)) : forgetFill();
+    });
     connect(this, &TextPane::cursorPositionChanged, this, &TextPane::followCaret);
     connect(this, &TextPane::selectionChanged, this, &TextPane::followCaret);
 }
@@ -86,15 +88,47 @@ QString TextPane::held() const {
 
 void TextPane::setText(std::string_view bytes, const Progress &progress) {
     forgetFill();
+    m_rest.reset();
+    m_restTimer->stop();
+    m_layout->endText();
     const HeldChange hold(*this);
-    const std::vector<std::size_t> starts = stretchStarts(bytes);
-    document()->setPlainText(heldText(bytes.substr(0, starts.size() > 1 ? starts[1] : bytes.size())));
+    const std::size_t end = stretchEnd(bytes, 0, kFirstStretch);
+    if (end < bytes.size())
+        m_layout->beginText(bytes);
+    document()->setPlainText(heldText(bytes.substr(0, end)));
     placeCaret(0);
-    if (starts.size() > 1)
-        appendText(bytes, starts, progress);
-    else
-        goOn(progress, bytes.size(), bytes.size());
     beginHistory();
+    goOn(progress, end, bytes.size());
+    if (end == bytes.size())
+        return;
+    document()->setUndoRedoEnabled(false);
+    m_rest = {std::string(bytes), end, progress};
+    fillRestLater([this] { putRest(); }, static_cast<qsizetype>(bytes.size()));
+    noteFilled(static_cast<qsizetype>(end));
+    m_restTimer->start();
+}
+
+void TextPane::putStretch() {
+    const QSignalBlocker silent(&events()); // it is no change of the text
+    const HeldChange hold(*this);
+    const std::size_t end = stretchEnd(m_rest->text, m_rest->begin, kStretch);
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(heldText(std::string_view(m_rest->text).substr(m_rest->begin, end - m_rest->begin)));
+    beginHistory();
+    m_rest->begin = end;
+    goOn(m_rest->progress, end, m_rest->text.size());
+    if (end < m_rest->text.size())
+        return;
+    m_rest.reset();
+    m_restTimer->stop();
+    m_layout->endText();
+    document()->setUndoRedoEnabled(true);
+}
+
+void TextPane::putRest() {
+    while (m_rest)
+        putStretch();
 }
 
 void TextPane::setTextLater(std::string bytes, qsizetype selStart, qsizetype selLength) {
@@ -107,27 +141,6 @@ void TextPane::setTextLater(std::string bytes, qsizetype selStart, qsizetype sel
         setSelStart(selStart);
         setSelLength(selLength);
     });
-}
-
-void TextPane::appendText(std::string_view bytes, const std::vector<std::size_t> &starts,
-                          const Progress &progress) {
-    viewport()->repaint();
-    document()->setUndoRedoEnabled(false);
-    m_layout->beginStretches();
-    QTextCursor cursor(document());
-    cursor.movePosition(QTextCursor::End);
-    const int place = cursor.position();
-    // From the last stretch on: each is put in at one place near the text's start, which
-    // takes Qt a sixth less time than at its end.
-    std::size_t end = bytes.size();
-    for (std::size_t i = starts.size() - 1; i > 0; --i) {
-        cursor.setPosition(place);
-        cursor.insertText(heldText(bytes.substr(starts[i], end - starts[i])));
-        end = starts[i];
-        goOn(progress, starts[1] + bytes.size() - end, bytes.size());
-    }
-    m_layout->endStretches(bytes);
-    document()->setUndoRedoEnabled(true);
 }
 
 void TextPane::replaceText(std::string_view bytes) {
@@ -163,6 +176,7 @@ int TextPane::lineOfOffset(qsizetype offset) const {
 }
 
 int TextPane::displayLineCount() const {
+    fillNow();
     return document()->lineCount();
 }
 
@@ -205,6 +219,7 @@ void TextPane::setColours(const QColor &text, const QColor &background) {
 void TextPane::setShows(const PaneShows &shows) {
     if (shows == m_layout->look().shows())
         return;
+    fillRest();
     m_layout->setShows(shows);
     viewport()->update();
 }
@@ -224,6 +239,7 @@ int TextPane::lineOfPosition(int position) const {
 void TextPane::replaceRange(int from, int to, std::string_view bytes, std::optional<int> caret) {
     if (from == to && bytes.empty())
         return;
+    fillNow();
     const HeldChange hold(*this);
     QTextCursor cursor = cursorOver(from, to);
     cursor.insertText(heldText(bytes));

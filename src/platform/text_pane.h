@@ -11,6 +11,7 @@
 #include <vector>
 
 class QTextLine;
+class QTimer;
 
 namespace zolt {
 
@@ -34,8 +35,9 @@ public:
     /// words, longer words anywhere. One that doesn't has both scroll bars.
     explicit TextPane(bool wraps, QWidget *parent = nullptr);
 
-    /// Replaces all and clears the undo history; the caret goes to 0. Of a long text the
-    /// first lines show at once; `progress`, which can't stop it, is told the bytes that are in.
+    /// Replaces all and clears the undo history; the caret goes to 0. A long text is put in
+    /// bit by bit while the windows live, and at once what somebody asks for; `progress`,
+    /// which can't stop it, is told the bytes that are in.
     void setText(std::string_view bytes, const Progress &progress = {});
     /// The same for a hidden pane, which holds the bytes alone until it is read or shown.
     void setTextLater(std::string bytes, qsizetype selStart = 0, qsizetype selLength = 0);
@@ -89,13 +91,23 @@ private:
     void drawBeneath(const QRect &part);
     void followCaret();
 
-    /// Puts stretches of a text behind the first of them, which is in.
-    void appendText(std::string_view bytes, const std::vector<std::size_t> &starts, const Progress &progress);
+    /// Puts in the next stretch of a text, or all that is left of it.
+    void putStretch();
+    void putRest();
     /// One undo step; the caret goes behind the new bytes if no place is given.
     void replaceRange(int from, int to, std::string_view bytes, std::optional<int> caret);
     /// Makes line ends of the lone CRs at the positions and the lone LFs that a
     /// change brought behind them.
     void joinLineEnds(const std::vector<int> &positions);
+
+    /// What isn't in yet of a long text.
+    struct Rest {
+        std::string text; // all of it
+        std::size_t begin;
+        Progress progress;
+    };
+    std::optional<Rest> m_rest;
+    QTimer *m_restTimer; // goes while there is a rest
 
     PaneLayout *m_layout;             // the document's
     bool m_showsCells = false;        // the view has picture cells

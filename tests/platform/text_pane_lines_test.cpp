@@ -165,8 +165,8 @@ TEST(TextPaneLines, AreRightInALongDocumentThatIsMostlyUnseen) {
         told.push_back(step);
         return true;
     });
-    EXPECT_TRUE(told.size() > 1 && std::is_sorted(told.begin(), told.end()) && told.back() == text.size());
     EXPECT_TRUE(pane.Text() == text);
+    EXPECT_TRUE(told.size() > 1 && std::is_sorted(told.begin(), told.end()) && told.back() == text.size());
     EXPECT_FALSE(pane.canUndoToggle());
     for (TextPane *each : {&one, &pane}) {
         each->setPaneFont(QFont(QString::fromLatin1(kFixedFont), 9));

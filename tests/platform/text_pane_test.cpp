@@ -1,8 +1,11 @@
 #include "platform/text_pane.h"
+
+#include "platform/shown.h"
 #include "support/texts.h"
 
 #include <QSignalSpy>
 #include <QTextBlock>
+#include <functional>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -38,6 +41,72 @@ TEST(TextPaneText, AllBytesAndLineEndMixturesComeBackAsTheyWent) {
         pane.setSelLength(pane.length());
         EXPECT_EQ(pane.SelText(), text);
     }
+}
+
+/// More than is put in at one go.
+std::string longText() {
+    std::string text;
+    while (text.size() < 600'000)
+        text += std::to_string(text.size()) + " \vBbold\vB and \r lone ones \n\r\n";
+    return text;
+}
+
+TEST(TextPaneText, ALongOneIsAllThereForWhoeverAsks) {
+    using Pane = zolt::test::Shown<TextPane>;
+    const std::string text = longText();
+    const auto size = static_cast<qsizetype>(text.size());
+    const std::function<void(Pane &)> ways[] = {
+        [](Pane &pane) { pane.type("x"); },
+        [](Pane &pane) {
+            pane.key(Qt::Key_End, Qt::ControlModifier);
+            pane.type("x");
+        },
+        [&](Pane &pane) {
+            pane.select(size - 9, 4);
+            pane.box.copy();
+            pane.box.setSelStart(2);
+            pane.box.paste();
+        },
+        [](Pane &pane) { pane.box.setSelText("12"); },
+        [&](Pane &pane) {
+            pane.box.replaceEach({7, text.size() / 2}, 3, "y");
+        },
+        [](Pane &pane) {
+            QMimeData dropped;
+            dropped.setText(QStringLiteral("dropped"));
+            EXPECT_TRUE(pane.drop(dropped, 5));
+        },
+        [](Pane &pane) {
+            QInputMethodEvent composed;
+            composed.setCommitString(QStringLiteral("z"));
+            QApplication::sendEvent(&pane.box, &composed);
+        },
+    };
+    for (const auto &way : ways) {
+        Pane whole(text), asked(text);
+        EXPECT_EQ(whole.box.Text(), text);
+        for (Pane *pane : {&whole, &asked})
+            way(*pane);
+        EXPECT_TRUE(asked.box.Text() == whole.box.Text() && asked.box.Text() != text);
+        EXPECT_EQ(asked.box.SelStart(), whole.box.SelStart());
+        EXPECT_EQ(asked.box.lineOfOffset(size - 1), whole.box.lineOfOffset(size - 1));
+        asked.box.undo();
+        EXPECT_TRUE(asked.box.Text() == text);
+    }
+}
+
+TEST(TextPaneText, ALongOneComesBitByBitWithoutAChange) {
+    zolt::test::Shown<TextPane> pane(longText());
+    const QSignalSpy changes(&pane.box.events(), &PaneEvents::Change);
+    const int lines = pane.box.blockCount();
+    const qsizetype length = pane.box.length();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane.box.document()->isUndoRedoEnabled(); }));
+    EXPECT_LT(lines, pane.box.blockCount());
+    EXPECT_EQ(pane.box.length(), length);
+    EXPECT_FALSE(pane.box.canUndoToggle());
+    EXPECT_TRUE(changes.isEmpty());
+    pane.box.setText("another one");
+    EXPECT_EQ(pane.box.Text(), "another one");
 }
 
 TEST(TextPaneText, OnlyCrLfEndsALineOfThePane) {

@@ -17,20 +17,26 @@
 #include <QLabel>
 #include <QTimer>
 #include <QToolBar>
+#include <array>
+#include <utility>
 
 namespace zolt {
 
 namespace {
 
-/// Shows a step of reading in a panel, once for each percent.
+/// Shows a step of reading in a panel, once for each percent and until the last, unless it
+/// has something else to say.
 Progress percentInto(QLabel *panel) {
-    return [panel, shown = std::size_t{101}](std::size_t step, std::size_t total) mutable {
-        const std::size_t percent = total ? step * 100 / total : 100;
-        if (percent != shown) {
-            shown = percent;
-            panel->setText(QStringLiteral("Opening file... %1%").arg(percent));
+    return [panel, shown = QString()](std::size_t step, std::size_t total) mutable {
+        if (!panel->text().isEmpty() && panel->text() != shown)
+            return true;
+        const QString percent = QStringLiteral("Opening file... %1%").arg(total ? step * 100 / total : 100);
+        if (std::exchange(shown, percent) != percent) {
+            panel->setText(percent);
             panel->repaint();
         }
+        if (step >= total)
+            panel->clear();
         return true;
     };
 }

@@ -24,11 +24,8 @@
 #include "shell/tools/splash_frm.h"
 
 #include <QApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
-#include <QThread>
-#include <QWindow>
 #include <utility>
 
 /// Pictures in a library are not there until they are asked for.
@@ -39,11 +36,6 @@ static void loadPictures() {
 namespace zolt {
 
 namespace {
-
-/// Bytes of a file whose opening is waited for.
-constexpr std::size_t kMuch = 500'000;
-/// For the window to be painted, in milliseconds.
-constexpr int kLongestWait = 300;
 
 /// The command line's name, whole from the root, without the double quotes that
 /// may stand around it.
@@ -79,18 +71,6 @@ void keepDocuments() {
     keepDocumentAtSessionEnd();
 }
 
-/// Lets a window that was just shown be painted, so that it stands before long work
-/// begins. Keys and the mouse wait.
-void letPaint(const QWidget &window) {
-    const QDeadlineTimer deadline(kLongestWait);
-    while (!deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-        if (window.windowHandle() && window.windowHandle()->isExposed())
-            return;
-        QThread::msleep(1);
-    }
-}
-
 /// Says why a file can't be opened and lets the user choose an edition instead.
 void refuseFile(const std::string &name, const std::string &reason) {
     sayNotOpened(name, reason);
@@ -103,10 +83,7 @@ void openFile(const std::string &name, FileContents file, int edition) {
     if (!reason.empty())
         return refuseFile(name, reason);
     shared::TextoDeArranque = std::move(file.bytes);
-    DocumentFrm &window = openEdition(edition);
-    if (shared::TextoDeArranque.size() > kMuch)
-        letPaint(*loaded<MDIFrm>());
-    window.showFile(name, shared::TextoDeArranque, DocumentFrm::BothPanes);
+    openEdition(edition).showFile(name, shared::TextoDeArranque, DocumentFrm::BothPanes);
     shared::TextoDeArranque.clear();
 }
 
