@@ -9,9 +9,10 @@ namespace zolt {
 
 namespace {
 
-/// Characters looked at between two calls of the progress: a small part of a
-/// millisecond's work.
-constexpr std::size_t kStretch = 1 << 16;
+/// Characters looked at between two calls of the progress: at last a small part of a
+/// millisecond's work. The next match is mostly near.
+constexpr std::size_t kFirstStretch = 1 << 12;
+constexpr std::size_t kLongestStretch = 1 << 16;
 
 /// The place of `find` in `text`, from 0. Linear also where most of `find` matches
 /// everywhere, which string_view::find isn't.
@@ -21,56 +22,74 @@ std::size_t placeOf(std::string_view find, std::string_view text) {
                  : std::string_view::npos;
 }
 
-/// One run over a text from match to match.
+/// One run over a text from match to match. It holds one stretch of the text.
 class Search {
 public:
-    Search(std::string_view text, const FindOptions &options, const Progress &progress)
-        : m_text(text), m_find(options.find), m_progress(progress) {
-        if (options.distinguirMaiúsculas)
-            return;
-        m_capitalText = capitals(text);
-        m_capitalFind = capitals(options.find);
-        m_text = m_capitalText;
-        m_find = m_capitalFind;
-    }
+    Search(const TextReader &text, std::size_t size, const FindOptions &options, const Progress &progress)
+        : m_text(text),
+          m_size(size),
+          m_anyCase(!options.distinguirMaiúsculas),
+          m_find(m_anyCase ? capitals(options.find) : std::string(options.find)),
+          m_progress(progress) {}
     Search(const Search &) = delete;
     Search &operator=(const Search &) = delete;
 
     /// The next match at or behind `from`, counted from 0.
     ScanResult next(std::size_t from) {
-        if (from >= m_text.size())
+        if (from >= m_size)
             return {};
-        while (from < m_text.size()) {
-            if (from >= m_stretchEnd && !beginStretch(from))
+        while (from < m_size) {
+            if (from >= m_end && !beginStretch(from))
                 return {ScanResult::Stopped, from + 1};
-            const std::string_view stretch = m_text.substr(from, m_stretchEnd - from + m_find.size());
+            const std::string_view stretch =
+                std::string_view(m_stretch).substr(std::min(from - m_begin, m_stretch.size()));
             if (const std::size_t place = placeOf(m_find, stretch); place != std::string_view::npos)
                 return {ScanResult::Matched, from + place + 1};
-            from = m_stretchEnd;
+            from = m_end;
         }
-        return {ScanResult::NotFound, m_text.size()};
+        return {ScanResult::NotFound, m_size};
     }
 
 private:
     bool beginStretch(std::size_t from) {
+        if (!goOn(m_progress, from + 1, m_size))
+            return false;
+        m_begin = from;
         // Not shorter than what is looked for, so that overlaps stay a part of the work.
-        m_stretchEnd = from + std::max(kStretch, m_find.size());
-        return goOn(m_progress, from + 1, m_text.size());
+        m_end = from + std::max(m_length, m_find.size());
+        m_length = std::min(2 * m_length, kLongestStretch);
+        m_stretch = m_text(from, m_end - from + m_find.size());
+        if (m_anyCase)
+            makeCapitals(m_stretch);
+        return true;
     }
 
-    std::string m_capitalText;
-    std::string m_capitalFind;
-    std::string_view m_text;
-    std::string_view m_find;
+    const TextReader &m_text;
+    std::size_t m_size;
+    bool m_anyCase;
+    std::string m_find;
     const Progress &m_progress;
-    std::size_t m_stretchEnd = 0;
+    std::string m_stretch;                // with what a match that begins in it may need behind it
+    std::size_t m_length = kFirstStretch; // of the next one
+    std::size_t m_begin = 0;
+    std::size_t m_end = 0;
 };
+
+TextReader readerOf(std::string_view text) {
+    return
+        [text](std::size_t offset, std::size_t length) { return std::string(text.substr(offset, length)); };
+}
 
 } // namespace
 
+ScanResult scan(const TextReader &text, std::size_t size, const FindOptions &options,
+                std::size_t posiçãoCursor, const Progress &progress) {
+    return Search(text, size, options, progress).next(posiçãoCursor);
+}
+
 ScanResult scan(std::string_view text, const FindOptions &options, std::size_t posiçãoCursor,
                 const Progress &progress) {
-    return Search(text, options, progress).next(posiçãoCursor);
+    return scan(readerOf(text), text.size(), options, posiçãoCursor, progress);
 }
 
 ReplaceAllResult replaceAll(std::string_view text, const FindOptions &options, std::string_view replacement,
@@ -78,7 +97,8 @@ ReplaceAllResult replaceAll(std::string_view text, const FindOptions &options, s
     ReplaceAllResult result;
     if (options.find.empty() || replacement.empty())
         return result;
-    Search search(text, options, progress);
+    const TextReader reader = readerOf(text);
+    Search search(reader, text.size(), options, progress);
     std::size_t done = 0;
     ScanResult found = search.next(done);
     for (; found.outcome == ScanResult::Matched; found = search.next(done)) {

@@ -3,6 +3,7 @@
 #include "core/progress.h"
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,8 +27,15 @@ struct ScanResult {
     std::size_t position = 0;
 };
 
-/// Looks for the next match behind the first `posiçãoCursor` characters. `progress`
-/// is told the position reached, from 1, before each stretch of the text.
+/// A text that is read by stretches: gives `length` characters from `offset` on, from 0, or
+/// those that are left.
+using TextReader = std::function<std::string(std::size_t offset, std::size_t length)>;
+
+/// Looks in a text of `size` characters for the next match behind the first
+/// `posiçãoCursor` ones, and reads no further than it must. `progress` is told the
+/// position reached, from 1, before each stretch of the text.
+ScanResult scan(const TextReader &text, std::size_t size, const FindOptions &options,
+                std::size_t posiçãoCursor, const Progress &progress = {});
 ScanResult scan(std::string_view text, const FindOptions &options, std::size_t posiçãoCursor,
                 const Progress &progress = {});
 

@@ -94,4 +94,9 @@ std::string capitals(std::string_view text) {
     return changeCase(text, CaseCommand::Capitals);
 }
 
+void makeCapitals(std::string &text) {
+    for (char &letter : text)
+        letter = capital(letter);
+}
+
 } // namespace zolt

@@ -16,5 +16,6 @@ std::string changeCase(std::string_view text, CaseCommand command);
 /// as it is. Bytes 128 to 159 are signs of the calculator here and have no case.
 char capital(char letter);
 std::string capitals(std::string_view text);
+void makeCapitals(std::string &text);
 
 } // namespace zolt

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,6 +46,11 @@ public:
     bool hasFocus() const;
 
     virtual std::string Text() const = 0;
+    /// Reads stretches of the text, as long as neither it nor the pane changes: `length`
+    /// bytes from an offset on, or those that are left. One between CR and LF counts as it
+    /// is. A few stretches cost what they are long; once many are read the text is copied.
+    using Reader = std::function<std::string(std::size_t offset, std::size_t length)>;
+    virtual Reader reader() const = 0;
     /// Bytes of the text; doesn't read it.
     virtual qsizetype length() const = 0;
 

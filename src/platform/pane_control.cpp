@@ -1,5 +1,6 @@
 #include "platform/pane_control.h"
 
+#include "core/codes.h"
 #include "platform/held_keys.h"
 #include "platform/held_text.h"
 #include "platform/text_offsets.h"
@@ -12,6 +13,7 @@
 #include <QScopedValueRollback>
 #include <QShowEvent>
 #include <QSignalBlocker>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
 #include <utility>
@@ -21,6 +23,10 @@ namespace zolt {
 namespace {
 
 constexpr int kNoByte = 256; // a typed number from here on
+
+/// Qt looks each line up in its tree; a copy of the whole text takes less time than this
+/// part of it line by line.
+constexpr int kPartToCopy = 32;
 
 } // namespace
 
@@ -65,6 +71,39 @@ template <class Edit> void PaneControl<Edit>::fillUpTo(qsizetype bytes) const {
 template <class Edit> std::string PaneControl<Edit>::Text() const {
     fillNow();
     return bytesBetween(0, this->document()->characterCount() - 1);
+}
+
+template <class Edit> std::string PaneControl<Edit>::bytesBetween(int from, int to) const {
+    const QTextDocument &document = *this->document();
+    if (to - from > document.characterCount() / kPartToCopy)
+        return bytesOf(QStringView(document.toRawText()).sliced(from, to - from));
+    std::string bytes;
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        const int begin = std::max(from - block.position(), 0);
+        const int end = std::min(to - block.position(), block.length() - 1);
+        bytes += bytesOf(QStringView(block.text()).sliced(begin, std::max(end - begin, 0)));
+        if (block.position() + block.length() <= to)
+            bytes += kLineEnd;
+    }
+    return bytes;
+}
+
+template <class Edit> Pane::Reader PaneControl<Edit>::reader() const {
+    return [this, whole = QString(), spent = 0](std::size_t offset, std::size_t length) mutable {
+        const auto begin = std::min(static_cast<qsizetype>(offset), this->length());
+        const qsizetype end = begin + std::min(static_cast<qsizetype>(length), this->length() - begin);
+        // Whole line ends, of which a CR or an LF may be too much.
+        const int from = positionOfOffset(begin);
+        const int to = positionOfOffset(end + 1);
+        const int size = this->document()->characterCount();
+        spent += std::max(to - from, this->document()->findBlock(from).length());
+        if (whole.isNull() && spent > size / kPartToCopy)
+            whole = this->document()->toRawText();
+        return (whole.isNull() ? bytesBetween(from, to) : bytesOf(QStringView(whole).sliced(from, to - from)))
+            .substr(static_cast<std::size_t>(begin - offsetOfPosition(from)),
+                    static_cast<std::size_t>(end - begin));
+    };
 }
 
 template <class Edit> qsizetype PaneControl<Edit>::length() const {

@@ -36,6 +36,7 @@ public:
     }
 
     std::string Text() const override;
+    Reader reader() const override;
     qsizetype length() const override;
     qsizetype SelStart() const override;
     void setSelStart(qsizetype offset) override;
@@ -77,7 +78,9 @@ protected:
     };
 
     /// The text between two positions of a QTextCursor.
-    virtual std::string bytesBetween(int from, int to) const = 0;
+    std::string bytesBetween(int from, int to) const;
+    /// The bytes of characters that stand in the document.
+    virtual std::string bytesOf(QStringView characters) const = 0;
     /// The characters in which bytes stand where the caret is.
     virtual QString characters(std::string_view bytes) const = 0;
     /// Where a selection ends that is to end at an offset.

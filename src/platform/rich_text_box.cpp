@@ -199,8 +199,8 @@ void RichTextBox::setSelRTF(std::string_view rtf) {
     setSelRichText(richTextFromRtf(rtf));
 }
 
-std::string RichTextBox::bytesBetween(int from, int to) const {
-    return m_document->plainBytes(from, to);
+std::string RichTextBox::bytesOf(QStringView characters) const {
+    return bytesOfShownText(characters);
 }
 
 QString RichTextBox::characters(std::string_view bytes) const {

@@ -114,7 +114,7 @@ public:
     void setWhiteIsClear(bool on);
 
 protected:
-    std::string bytesBetween(int from, int to) const override;
+    std::string bytesOf(QStringView characters) const override;
     QString characters(std::string_view bytes) const override;
     int positionOfSelectionEnd(qsizetype offset) const override;
     void takeKey(QKeyEvent &key) override;

@@ -1,6 +1,5 @@
 #include "platform/rich_text_document.h"
 
-#include "core/codes.h"
 #include "graphic/rich_text_builder.h"
 #include "platform/pictures.h"
 #include "platform/rich_layout.h"
@@ -190,20 +189,6 @@ RichText RichTextDocument::richText(int from, int to) const {
     if (text.fonts.empty())
         text.fonts = RichText{}.fonts;
     return std::move(text);
-}
-
-std::string RichTextDocument::plainBytes(int from, int to) const {
-    std::string bytes;
-    bytes.reserve(static_cast<std::size_t>(to - from));
-    for (QTextBlock block = findBlock(from); block.isValid() && block.position() <= to;
-         block = block.next()) {
-        const int start = std::max(from - block.position(), 0);
-        const int end = std::min(to - block.position(), block.length() - 1);
-        bytes += bytesOfShownText(QStringView(block.text()).mid(start, end - start));
-        if (block.position() + block.length() <= to)
-            bytes += kLineEnd;
-    }
-    return bytes;
 }
 
 const QImage &RichTextDocument::image(int number) {

@@ -37,8 +37,6 @@ public:
     /// fonts in the order of their first use, neighbours of one format joined.
     RichText richText(int from, int to) const;
     RichText richText() const { return richText(0, characterCount() - 1); }
-    /// The bytes between two positions; a picture gives a blank.
-    std::string plainBytes(int from, int to) const;
 
     /// Puts byte 9 between two positions into the form of the fonts that it stands in
     /// by now.

@@ -73,8 +73,8 @@ TextPane::TextPane(bool wraps, QWidget *parent) : PaneControl(parent), m_restTim
     connect(this, &TextPane::selectionChanged, this, &TextPane::followCaret);
 }
 
-std::string TextPane::bytesBetween(int from, int to) const {
-    return bytesOfHeldText(cursorOver(from, to).selectedText());
+std::string TextPane::bytesOf(QStringView characters) const {
+    return bytesOfHeldText(characters);
 }
 
 QString TextPane::characters(std::string_view bytes) const {

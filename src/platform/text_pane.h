@@ -68,7 +68,7 @@ public:
     void setShows(const PaneShows &shows);
 
 protected:
-    std::string bytesBetween(int from, int to) const override;
+    std::string bytesOf(QStringView characters) const override;
     QString characters(std::string_view bytes) const override;
     void moveSelection(int place) override;
     void noteContents(int from, int end) override;

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 #include <random>
+#include <string>
+#include <vector>
 
 namespace zolt {
 namespace {
@@ -84,14 +86,33 @@ TEST_P(Finding, EqualsTheSlowScan) {
 
 INSTANTIATE_TEST_SUITE_P(MatchCase, Finding, testing::Bool());
 
+/// Counts what is read.
+TextReader readerOf(const std::string &text, std::size_t &read) {
+    return [&](std::size_t offset, std::size_t length) {
+        read += length;
+        return text.substr(offset, length);
+    };
+}
+
 TEST(Find, LooksAcrossTheStretchesOfALongText) {
-    constexpr std::size_t kLength = 200000;
+    constexpr std::size_t kLength = 400000;
     const std::string find = "needle";
-    for (std::size_t place = 65536 - 7; place <= 65536 + 1; ++place) {
-        std::string text(kLength, 'x');
-        text.replace(place, find.size(), find);
-        EXPECT_EQ(scan(text, {find, true}, 0).position, place + 1);
-        EXPECT_EQ(replaceAll(text, {find, true}, "y").replacements, 1u);
+    std::vector<std::size_t> stretches;
+    const auto note = [&](std::size_t position, std::size_t) {
+        stretches.push_back(position - 1);
+        return true;
+    };
+    scan(std::string(kLength, 'x'), {find, true}, 0, note);
+    ASSERT_GT(stretches.size(), 5u);
+    for (const std::size_t stretch : {stretches[1], stretches[2], stretches[5]}) {
+        for (std::size_t place = stretch - 7; place <= stretch + 1; ++place) {
+            std::string text(kLength, 'x');
+            text.replace(place, find.size(), find);
+            std::size_t read = 0;
+            EXPECT_EQ(scan(readerOf(text, read), kLength, {"NEEDLE", false}, 0).position, place + 1);
+            EXPECT_LT(read, 4 * place) << "it goes no further than it must";
+            EXPECT_EQ(replaceAll(text, {find, true}, "y").replacements, 1u);
+        }
     }
     // What is looked for may be longer than a stretch, and than the text.
     const std::string half(kLength / 2, 'x');

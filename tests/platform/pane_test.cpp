@@ -191,6 +191,26 @@ TEST(TextPaneClipboard, CarriesExactBytesForThePaneAndCalculatorCharactersForOth
     EXPECT_EQ(other.box.Text(), "<" + bytes.substr(3) + ">");
 }
 
+TYPED_TEST(Panes, AreReadByStretches) {
+    std::string lines;
+    for (int i = 0; i < 600; ++i)
+        lines += i % 3 ? "\r\n" : "a\rb\n";
+    const std::string line = std::string(900, 'a') + '\xE9' + std::string(900, '\x0B');
+    for (const std::string &text : {std::string(), lines, line, lines + line + lines}) {
+        Shown<TypeParam> shown(text);
+        EXPECT_EQ(shown.box.Text(), text);
+        for (const std::size_t length : {1, 2, 3, 5000}) {
+            const Pane::Reader read = shown.box.reader();
+            for (std::size_t i = 0; i <= text.size(); ++i)
+                ASSERT_EQ(read(i, length), text.substr(i, length)) << i << ' ' << length;
+        }
+        shown.box.setSelStart(5);
+        shown.box.setSelLength(20);
+        EXPECT_EQ(shown.box.SelText(),
+                  text.empty() ? text : text.substr(shown.box.SelStart(), shown.box.SelLength()));
+    }
+}
+
 TYPED_TEST(Panes, TextFromOutsideBecomesBytes) {
     const struct {
         const char *pasted;

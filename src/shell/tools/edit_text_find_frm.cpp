@@ -130,7 +130,8 @@ void EditTextFindFrm::findNext() {
     const std::string find = Text1->Text();
     ScanResult found;
     const auto scanPane = [&](const Progress &progress) {
-        found = scan(pane->Text(), options(find), static_cast<std::size_t>(shared::PosiçãoCursor), progress);
+        found = scan(pane->reader(), static_cast<std::size_t>(pane->length()), options(find),
+                     static_cast<std::size_t>(shared::PosiçãoCursor), progress);
     };
     if (!pane || !search(*pane, scanPane))
         return;
