@@ -3,9 +3,11 @@
 #include "core/find.h"
 #include "platform/byte_mime.h"
 #include "platform/held_text.h"
+#include "platform/long_line.h"
 #include "platform/pane_drawing.h"
 #include "platform/pane_layout.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFontInfo>
 #include <QMimeData>
 #include <QPaintEvent>
@@ -260,7 +262,7 @@ void TextPane::resizeEvent(QResizeEvent *event) {
 void TextPane::paintEvent(QPaintEvent *event) {
     if (m_layout->look().shows() != PaneShows{})
         drawBeneath(event->rect());
-    QPlainTextEdit::paintEvent(event);
+    drawText(event->rect());
     if (m_layout->hasGrown())
         QMetaObject::invokeMethod(m_layout, &PaneLayout::reportSize, Qt::QueuedConnection);
 }
@@ -282,6 +284,46 @@ void TextPane::drawBeneath(const QRect &part) {
         }
         place.setY(bottom);
     }
+}
+
+void TextPane::drawText(const QRect &part) {
+    // Qt draws what stands between long lines.
+    int drawn = part.top();
+    const auto drawAsQt = [&](int bottom) {
+        QPaintEvent event(QRect(part.left(), drawn, part.width(), bottom - drawn));
+        if (drawn < bottom)
+            QPlainTextEdit::paintEvent(&event);
+    };
+    const int end = part.top() + part.height();
+    QPointF place = contentOffset();
+    for (QTextBlock block = firstVisibleBlock(); !m_layout->wraps() && block.isValid() && place.y() < end;
+         block = block.next()) {
+        const QRectF room = blockBoundingRect(block).translated(place);
+        const int top = std::max(part.top(), static_cast<int>(room.top()));
+        const int bottom = std::min(end, static_cast<int>(room.bottom()));
+        if (isLongLine(block) && top < bottom) {
+            drawAsQt(top);
+            drawLine(block, place, QRect(part.left(), top, part.width(), bottom - top));
+            drawn = bottom;
+        }
+        place.ry() += room.height();
+    }
+    drawAsQt(end);
+}
+
+void TextPane::drawLine(const QTextBlock &block, QPointF place, const QRect &part) {
+    const QAbstractTextDocumentLayout::PaintContext context = getPaintContext();
+    QList<QTextLayout::FormatRange> selections;
+    for (const auto &selection : context.selections)
+        selections.append({selection.cursor.selectionStart() - block.position(),
+                           selection.cursor.selectionEnd() - selection.cursor.selectionStart(),
+                           selection.format});
+    QPainter painter(viewport());
+    painter.setClipRect(part);
+    painter.setPen(context.palette.text().color());
+    drawLongLine(painter, block, place, selections, part);
+    if (block.contains(context.cursorPosition))
+        block.layout()->drawCursor(&painter, place, context.cursorPosition - block.position(), cursorWidth());
 }
 
 void TextPane::followCaret() {

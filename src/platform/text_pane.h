@@ -89,6 +89,9 @@ private:
 
     /// Gives what is in a part of the view its look, and draws what stands beneath the text.
     void drawBeneath(const QRect &part);
+    /// Draws text, selection and caret in a part of the view.
+    void drawText(const QRect &part);
+    void drawLine(const QTextBlock &block, QPointF place, const QRect &part);
     void followCaret();
 
     /// Puts in the next stretch of a text, or all that is left of it.
