@@ -1,19 +1,35 @@
 // Times of the text pane in long documents: until one is shown, and until a
 // typed key has been painted and the status bar's questions are answered; with all
-// that the pane can show beside the characters, and without.
+// that the pane can show beside the characters, and without. Then, in the windows, keys
+// in very long lines, and Find next.
 // An argument is what the names of the documents wanted hold.
 // Runs on any Qt platform; without a display: QT_QPA_PLATFORM=offscreen.
 
+#include "core/file.h"
 #include "platform/pane_look.h"
 #include "platform/text_pane.h"
+#include "shell/base/shared_values.h"
+#include "shell/base/windows.h"
+#include "shell/document/text/edit_text_frm.h"
+#include "shell/frame/mdi_frm.h"
+#include "shell/start/start_up.h"
+#include "shell/tools/edit_text_find_frm.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QScrollBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <cstdio>
+#include <functional>
+#include <string>
 #include <vector>
 
 namespace {
@@ -156,10 +172,112 @@ void measure(const std::string &name, const std::string &text, bool wraps,
     std::fflush(stdout);
 }
 
+/// Until all that follows from `act` is painted: of so many times the median and the worst.
+void report(const std::string &what, int times, const std::function<void()> &act) {
+    std::vector<double> all;
+    for (int i = 0; i < times; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        act();
+        QCoreApplication::processEvents();
+        all.push_back(milliseconds(timer));
+    }
+    std::sort(all.begin(), all.end());
+    std::printf("    %-34s median %7.2f ms, worst %7.2f ms\n", what.c_str(), all[all.size() / 2], all.back());
+    std::fflush(stdout);
+}
+
+/// The program with a document in its window, until it goes.
+class Program {
+public:
+    explicit Program(const std::string &text) {
+        const std::string file = m_home.path().toStdString() + "/long.zlt";
+        zolt::writeFile(file, text);
+        zolt::startProgram(file);
+        QCoreApplication::processEvents();
+    }
+    ~Program() {
+        zolt::shared::SemPerguntaDeSaída = 1;
+        zolt::loaded<zolt::MDIFrm>()->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    Program(const Program &) = delete;
+    Program &operator=(const Program &) = delete;
+
+private:
+    QTemporaryDir m_home;
+};
+
+void measureKeys(const std::string &name, const std::string &text) {
+    if (name.find(g_wanted) == std::string::npos)
+        return;
+    const Program program(text);
+    auto &window = *zolt::loaded<zolt::EditTextFrm>();
+    for (const bool wraps : {true, false}) {
+        if (wraps != (zolt::shared::settings.TxtWWrap == 1))
+            window.EditarTranslinearpalavras();
+        zolt::TextPane &pane = window.activeTextPane();
+        pane.setShows({true, true, true});
+        for (const char *place : {"start", "middle", "end"}) {
+            std::printf("%s, %s, at its %s\n", name.c_str(), wraps ? "wraps" : "doesn't wrap", place);
+            const qsizetype length = pane.length() - (text.ends_with('\n') ? 2 : 0);
+            const std::string_view where = place;
+            pane.setSelStart(where == "start" ? 0 : where == "middle" ? length / 2 + 100 : length);
+            QCoreApplication::processEvents();
+            const auto press = [&](Qt::Key key, const char *called) {
+                report(called, 7, [&] { QTest::keyClick(&pane, key); });
+            };
+            press(Qt::Key_A, "A");
+            press(Qt::Key_Backspace, "Backspace");
+            for (const auto &[key, called] :
+                 {std::pair{Qt::Key_Left, "Left"}, std::pair{Qt::Key_Right, "Right"},
+                  std::pair{Qt::Key_Up, "Up"}, std::pair{Qt::Key_Down, "Down"},
+                  std::pair{Qt::Key_PageUp, "Page Up"}, std::pair{Qt::Key_PageDown, "Page Down"},
+                  std::pair{Qt::Key_Home, "Home"}, std::pair{Qt::Key_End, "End"}})
+                press(key, called);
+        }
+    }
+}
+
+void measureFind(const std::string &name, const std::string &text) {
+    if (name.find(g_wanted) == std::string::npos)
+        return;
+    const Program program(text);
+    auto &window = *zolt::loaded<zolt::EditTextFrm>();
+    window.EditarLocalizarESubstituir();
+    auto &find = *zolt::loaded<zolt::EditTextFindFrm>();
+    auto *box = find.findChild<QLineEdit *>(QStringLiteral("Text1"));
+    std::printf("%s\n", name.c_str());
+    box->setText(QStringLiteral("tExto"));
+    QCoreApplication::processEvents();
+    report("Find next, a near hit", 21, [&] { QTest::keyClick(box, Qt::Key_Return); });
+    const auto toTheEnd = [&](const QString &wanted) {
+        box->setText(wanted);
+        report("Find next, to the end: " + wanted.toStdString(), 7, [&] {
+            zolt::shared::PosiçãoCursor = 0;
+            window.activePane().setSelStart(0);
+            QTimer answer;
+            QObject::connect(&answer, &QTimer::timeout, &answer, [] {
+                if (auto *question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
+                    question->accept();
+            });
+            answer.start(0);
+            QTest::keyClick(box, Qt::Key_Return);
+        });
+    };
+    toTheEnd(QStringLiteral("not there"));
+    find.findChild<QAbstractButton *>(QStringLiteral("Check1"))->click();
+    toTheEnd(QStringLiteral("Not there"));
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
-    QApplication application(argc, argv);
+    const QTemporaryDir home;
+    for (const char *folder : {"ZOLT_HOME", "XDG_STATE_HOME"})
+        qputenv(folder, home.path().toLocal8Bit());
+    zolt::prepareApplication();
+    const QApplication application(argc, argv);
     g_wanted = argc > 1 ? argv[1] : "";
     for (const bool wraps : {false, true}) {
         measure("10 MB, 33 columns", documentOfLines(33), wraps);
@@ -173,4 +291,9 @@ int main(int argc, char **argv) {
                 measure("lines of " + std::to_string(length), documentOf(longLine(length)), wraps, shows);
         }
     }
+    measureKeys("keys in one line of 1 MB", longLine(1'000'000));
+    measureKeys("keys in lines of 19000", documentOf(longLine(19'000)));
+    measureKeys("keys in lines of 33", documentOfLines(33));
+    measureFind("finding in 10 MB of lines", documentOfLines(33));
+    measureFind("finding in one line of 10 MB", longLine(10'000'000));
 }
