@@ -86,9 +86,10 @@ std::string bytesOfHeldText(QStringView held) {
     std::string bytes;
     bytes.reserve(static_cast<std::size_t>(held.size() + held.size() / 16));
     // By stretches: to lengthen a string by each byte takes several times as long.
-    std::array<char, 4096> stretch;
+    constexpr qsizetype kStretch = 2048;
+    std::array<char, 2 * kStretch> stretch;
     for (qsizetype done = 0; done < held.size();) {
-        const qsizetype end = std::min<qsizetype>(held.size(), done + stretch.size() / 2);
+        const qsizetype end = std::min(held.size(), done + kStretch);
         char *out = stretch.data();
         for (; done < end; ++done) {
             const char16_t character = held[done].unicode();
