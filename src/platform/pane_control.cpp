@@ -90,6 +90,7 @@ template <class Edit> std::string PaneControl<Edit>::bytesBetween(int from, int 
 }
 
 template <class Edit> Pane::Reader PaneControl<Edit>::reader() const {
+    fillNow(); // the copy is to be one of all
     return [this, whole = QString(), spent = 0](std::size_t offset, std::size_t length) mutable {
         const auto begin = std::min(static_cast<qsizetype>(offset), this->length());
         const qsizetype end = begin + std::min(static_cast<qsizetype>(length), this->length() - begin);
