@@ -3,6 +3,8 @@
 #include "core/codes.h"
 #include "export/pdf_writer.h"
 
+#include <algorithm>
+#include <charconv>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +29,29 @@ inline WrittenPdf writtenPdf(std::string_view document, const PdfParameters &par
     WrittenPdf pdf;
     pdf.result = writePdf(document, parameters, [&](std::string_view piece) { pdf.bytes += piece; });
     return pdf;
+}
+
+/// The number that stands in a file at a position, blanks before it left out.
+inline std::size_t numberAt(std::string_view file, std::size_t at) {
+    std::size_t number = 0;
+    std::from_chars(file.data() + std::min(at, file.size()), file.data() + file.size(), number);
+    return number;
+}
+
+/// Whether the file's end points at its table of objects, and each entry at its object.
+inline bool hasTrueOffsets(std::string_view pdf) {
+    const std::size_t table = numberAt(pdf, pdf.rfind("startxref\r") + 10);
+    if (table > pdf.size() || !pdf.substr(table).starts_with("xref\r0 "))
+        return false;
+    const std::size_t count = numberAt(pdf, table + 7);
+    std::size_t entry = pdf.find("f \r", table) + 3;
+    for (std::size_t object = 1; object < count; ++object, entry += 20) {
+        const std::string head = std::to_string(object) + " 0 obj\r";
+        if (pdf.substr(entry + 10, 10) != " 00000 n \r" ||
+            pdf.compare(numberAt(pdf, entry), head.size(), head) != 0)
+            return false;
+    }
+    return pdf.substr(entry, 8) == "trailer\r";
 }
 
 /// The shown lines of each page, as they stand in the file, without the page's number.

@@ -1,5 +1,7 @@
 #include "hp48/literal_source_compiler.h"
 
+#include "support/literal_commands.h"
+
 #include <utility>
 #include <vector>
 
@@ -76,32 +78,6 @@ std::string withPictures(const Row &row, const std::function<std::string(const R
     return text;
 }
 
-void dropBlankTails(std::string &text) {
-    text += "\r\n";
-    for (std::size_t p = 0; p < text.size();) {
-        const std::size_t end = text.find("\r\n", p);
-        const bool isTail = text.compare(p, 7,
-                                         "\x9E"
-                                         "000000") == 0 &&
-                            text.substr(p, end - p)
-                                    .find_first_not_of("\x9E"
-                                                       "0") == std::string::npos;
-        if (isTail)
-            text.erase(p, 7);
-        else
-            ++p;
-    }
-    text.resize(text.size() - 2);
-}
-
-void blankCells(std::string &text) {
-    for (std::size_t p = 0; p < text.size(); ++p)
-        if (text.compare(p, 7,
-                         "\x9E"
-                         "000000") == 0)
-            text.replace(p, 7, " ");
-}
-
 } // namespace
 
 std::string literalSource(const RichText &text, int kind,
@@ -110,9 +86,7 @@ std::string literalSource(const RichText &text, int kind,
     putCodes(row);
     std::string source = withPictures(row, cells);
     if (kind >= 2)
-        dropBlankTails(source);
-    if (kind == 3)
-        blankCells(source);
+        source = literal::optimised(std::move(source), static_cast<Optimisation>(kind - 1));
     const bool opened =
         source.find_first_not_of(' ') != std::string::npos && source[source.find_first_not_of(' ')] == '"';
     const bool closed =

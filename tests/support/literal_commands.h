@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/codes.h"
+#include "core/optimise.h"
 #include "core/word_count.h"
 
 #include <cstddef>
@@ -98,6 +100,25 @@ inline WordCount wordCount(std::string_view text) {
     }
     count.Palavras += !text.empty() && !isDelimiter(text.back());
     return count;
+}
+
+/// The text without blank cells at the ends of lines, and in total with blanks for the others.
+inline std::string optimised(std::string text, Optimisation kind) {
+    const std::string blank(kBlankCell);
+    text += "\r\n";
+    for (std::size_t p = 0; p < text.size();) {
+        const std::string rest = text.substr(p, text.find("\r\n", p) - p);
+        const bool isTail = rest.starts_with(blank) && rest.find_first_not_of(blank) == std::string::npos;
+        if (isTail)
+            text.erase(p, blank.size());
+        else
+            ++p;
+    }
+    text.resize(text.size() - 2);
+    for (std::size_t p = 0; kind == Optimisation::Total && p < text.size(); ++p)
+        if (text.compare(p, blank.size(), blank) == 0)
+            text.replace(p, blank.size(), " ");
+    return text;
 }
 
 /// The text of a Web page with its line ends marked.
