@@ -3,6 +3,7 @@
 #include "shell/exports/edit_text_export_pdf_frm.h"
 #include "support/opened_files.h"
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -61,9 +62,7 @@ protected:
 };
 
 TEST_F(PdfWindow, WritesTheDocumentAsItsControlsSay) {
-    auto &window = open("Some (text)\r\n\x0B"
-                        "BBold\x0B"
-                        "B");
+    auto &window = open(withMarks("Some (text)\r\n@BBold@B"));
     EXPECT_FALSE(loaded<MDIFrm>()->isEnabled());
     EXPECT_EQ(control<QLineEdit>(&window, "txtCreator")->text(), QStringLiteral("ZOLT"));
     const auto choose = [&](const char *box, const char *text) {
@@ -87,9 +86,7 @@ TEST_F(PdfWindow, WritesTheDocumentAsItsControlsSay) {
     EXPECT_EQ(no.text(), QStringLiteral("Open created PDF file ?"));
 
     const std::string file = fileBytes("out.pdf");
-    EXPECT_EQ(file, written("Some (text)\r\n\x0B"
-                            "BBold\x0B"
-                            "B",
+    EXPECT_EQ(file, written(withMarks("Some (text)\r\n@BBold@B"),
                             {.author = "Jo\xE3o",
                              .keywords = "k",
                              .subject = "\x80?",

@@ -7,6 +7,7 @@
 #include "shell/symbols/symbol_frm.h"
 #include "shell/tools/mensagem_frm.h"
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QAction>
 #include <QFile>
@@ -25,8 +26,7 @@ namespace {
 
 using namespace test;
 
-const std::string kCell = "\x9E"
-                          "F9999F";
+const std::string kCell = withMarks("#F9999F");
 
 /// The window of this class that shows.
 template <class Window> Window *shownWindow() {
@@ -208,8 +208,7 @@ TEST_P(FileWays, PicturesAndSymbolsThatAreDroppedGoToTheirWindowsOneAfterTheOthe
     ASSERT_TRUE(black.save(QString::fromStdString(path("picture.BMP")), "BMP"));
     writeBytes("cell.gro", "HPHP48-R\r\n  GROB 8 6 FF90909090FF\r\n");
     writeBytes("image.zli", kCell + "\r\n");
-    writeBytes("list.zls", " 1 \r\nOne\r\n\x9E"
-                           "100000\r\n");
+    writeBytes("list.zls", withMarks(" 1 \r\nOne\r\n#100000\r\n"));
     writeDocument(own("a"));
     EXPECT_TRUE(dropped(view(), {"picture.BMP", "cell.gro", "image.zli", "list.zls", own("a")}));
     EXPECT_EQ(caption(), own("a")) << "documents come first";

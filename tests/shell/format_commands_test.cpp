@@ -2,6 +2,7 @@
 #include "platform/common_dialog.h"
 #include "shell/base/dialog_frm.h"
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -101,15 +102,8 @@ TEST_F(FormatCommands, AnUndoBringsBackTextAndSelection) {
         {"MnuFormatarMaiusculasminusculasInverter", "a<bC>e", "aBce"},
         {"MnuFormatarMaiusculasminusculasRetAcent", "<\xE7\xC0>o", "cAo"},
         {"MnuInserirLinhahorizontal", "a<b>c", "a" + std::string(33, '-') + "\r\nc"},
-        {"MnuFerramentasOptimizarimagensTotal",
-         "a\x9E"
-         "000000b<\x9E"
-         "000000>\r\n",
-         "a b\r\n"},
-        {"MnuFerramentasOptimizarselecçãoparcialmente",
-         "<a\x9E"
-         "000000>b",
-         "ab"},
+        {"MnuFerramentasOptimizarimagensTotal", withMarks("a#000000b<#000000>\r\n"), "a b\r\n"},
+        {"MnuFerramentasOptimizarselecçãoparcialmente", withMarks("<a#000000>b"), "ab"},
     };
     for (const auto &test : cases) {
         std::string text = test.text;
@@ -125,8 +119,7 @@ TEST_F(FormatCommands, AnUndoBringsBackTextAndSelection) {
 }
 
 TEST_F(FormatCommands, OptimisationAlwaysEndsWithItsMessage) {
-    const std::string cell = "\x9E"
-                             "000000";
+    const std::string cell = withMarks("#000000");
     for (const auto &[key, after] :
          {std::pair{"Optimizar imagens parcial", cell + "x"}, {"Optimizar imagens total", " x"}}) {
         for (const bool empty : {false, true}) {

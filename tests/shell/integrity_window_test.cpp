@@ -1,5 +1,6 @@
 #include "shell/exports/edit_text_guardar_hp_frm.h"
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QDir>
 #include <QLineEdit>
@@ -24,21 +25,15 @@ protected:
 };
 
 TEST_F(IntegrityWindow, ReportsAndCorrectsWhatWasTyped) {
-    auto &window = test("It's \"\x0B"
-                        "Bhi\x0B"
-                        "B\"");
+    auto &window = test(withMarks("It's \"@Bhi@B\""));
     EXPECT_FALSE(loaded<MDIFrm>()->isEnabled());
-    EXPECT_EQ(box(window, "Text1").Text(), "\"It's '\x0B"
-                                           "Bhi\x0B"
-                                           "B\"");
+    EXPECT_EQ(box(window, "Text1").Text(), withMarks("\"It's '@Bhi@B\""));
     EXPECT_EQ(box(window, "Text2").Text(),
               "\r\n** Beginning verification **\r\n\r\n-Superior ('') character inserted \r\n"
               "-Ilegal character found (\") in position (7). Substituted by (')\r\n"
               "\r\n** Verification ended **\r\n\r\nNumber of errors found: 1\r\n");
     EXPECT_EQ(box(window, "Text2").palette().color(QPalette::Text), QColor(Qt::red));
-    EXPECT_EQ(pane().Text(), "It's \"\x0B"
-                             "Bhi\x0B"
-                             "B\"");
+    EXPECT_EQ(pane().Text(), withMarks("It's \"@Bhi@B\""));
     press(&window, "Command4");
     EXPECT_TRUE(loaded<MDIFrm>()->isEnabled());
 }
@@ -60,9 +55,7 @@ TEST_F(IntegrityWindow, AskedToCorrectReplacesTheDocument) {
 }
 
 TEST_F(IntegrityWindow, SavesTheStringUnderANameThatPasses) {
-    auto &window = test("\x0B"
-                        "BHi\x0B"
-                        "B");
+    auto &window = test(withMarks("@BHi@B"));
     // The first name is refused and the dialog comes again where it was typed.
     ASSERT_TRUE(QDir(m_folder.path()).mkdir(QStringLiteral("sub")));
     answerFileDialog(path("sub/SWAP"));
@@ -80,9 +73,7 @@ TEST_F(IntegrityWindow, SavesTheStringUnderANameThatPasses) {
     press(&window, "Command1");
     EXPECT_EQ(refusal,
               QStringLiteral("Command names are not allowed (SWAP) \r\nPlease re-enter the filename."));
-    EXPECT_EQ(fileBytes("sub/hello"), "\"\x0B"
-                                      "BHi\x0B"
-                                      "B\"\r\n");
+    EXPECT_EQ(fileBytes("sub/hello"), withMarks("\"@BHi@B\"\r\n"));
     EXPECT_EQ(fileBytes("sub/SWAP"), "");
     EXPECT_EQ(shared::settings.DfDirFHP, path("sub/"));
     EXPECT_FALSE(window.isVisible());

@@ -8,6 +8,7 @@
 #include "platform/rich_text_box.h"
 #include "platform/screen_view.h"
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QAction>
 #include <QBuffer>
@@ -79,9 +80,7 @@ protected:
             if (auto *rich = dynamic_cast<RichTextBox *>(&pane()))
                 rich->setSelRichText(sample(random));
             else
-                pane().setSelText("\x0B"
-                                  "Bbold\x0B"
-                                  "B");
+                pane().setSelText(withMarks("@Bbold@B"));
         }
     }
 };

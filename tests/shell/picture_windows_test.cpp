@@ -5,6 +5,7 @@
 #include "platform/surface_view.h"
 #include "shell/pictures/edit_text_conv_img_frm.h"
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -30,8 +31,7 @@ namespace {
 
 using namespace test;
 
-const std::string kCell = "\x9E"
-                          "F9999F";
+const std::string kCell = withMarks("#F9999F");
 
 std::string pcPicture(QColor colour) {
     QImage image(40, 30, QImage::Format_RGB32);
@@ -138,8 +138,7 @@ std::vector<Insertion> insertions() {
                           frame,
                           "( 8 x  6 ) ",
                           "HPHP48-R\r\n  GROB 8 6 FF90909090FF\r\n",
-                          kCell + "\x9E"
-                                  "F0000F",
+                          kCell + withMarks("#F0000F"),
                           "",
                           QSize(132, 65),
                           "GROB 50000 1000000 F",
@@ -280,10 +279,7 @@ TEST_F(GraphInsertWindows, StretchAnySourceOverTheScreenInItsColours) {
             halves.setPixelColor(x, y, Qt::red);
     ASSERT_TRUE(halves.save(QString::fromStdString(path("halves.bmp"))));
     writeBytes("halves.gro", "GROB 8 2 F0F0");
-    writeBytes("halves.zli", "\x9E"
-                             "FFFFFF"
-                             "\x9E"
-                             "000000\r\n");
+    writeBytes("halves.zli", withMarks("#FFFFFF#000000\r\n"));
     struct Case {
         const char *window;
         const char *file;

@@ -8,6 +8,7 @@
 #include "shell/preview/edit_text_preview_normal_menu_frm.h"
 #include "shell/preview/wait_frm.h"
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -28,14 +29,8 @@ namespace {
 
 using namespace test;
 
-constexpr std::string_view kDocument = "first\r\n*ONE\r\nplain \x0B"
-                                       "Bbold\x0B"
-                                       "B\r\n*TWO\r\n"
-                                       "\x9E"
-                                       "F9999F\x9E"
-                                       "111111\r\n\x9E"
-                                       "FFFFFF\x9E"
-                                       "888888\r\n*";
+const std::string kDocument =
+    withMarks("first\r\n*ONE\r\nplain @Bbold@B\r\n*TWO\r\n#F9999F#111111\r\n#FFFFFF#888888\r\n*");
 
 class PreviewWindows : public TextEditionTest {
 protected:
@@ -73,7 +68,7 @@ void expectDots(EditTextPreviewFrm &window, std::string_view document, int heigh
 TEST_F(PreviewWindows, ShowTheCalculatorsDots) {
     const FileContents welcome = readFile(ZOLT_EXAMPLES "/welcome.zlt");
     ASSERT_TRUE(welcome.ok());
-    for (const std::string_view document : {std::string_view(welcome.bytes), kDocument}) {
+    for (const std::string_view document : {std::string_view(welcome.bytes), std::string_view(kDocument)}) {
         auto &window = showHp48(document);
         expectDots(window, document, 60);
         window.close();
@@ -211,10 +206,7 @@ TEST_F(PreviewWindows, AnEmptySelectionIsSaid) {
 TEST_F(PreviewWindows, AnInterruptedPreviewNeverShows) {
     std::string text;
     for (int i = 0; i < 40000; ++i)
-        text += "*line \x0B"
-                "Bbold\x0B"
-                "B and \x9E"
-                "F0F0F0 more\r\n";
+        text += withMarks("*line @Bbold@B and #F0F0F0 more\r\n");
     pane().setText(text);
     // By Cancel, as soon as the name of one of the phases stands in the window, and then by
     // closing either window.

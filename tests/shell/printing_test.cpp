@@ -5,6 +5,7 @@
 #include "shell/tools/edit_page_setup_frm.h"
 #include "support/other_programs.h"
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QAction>
 #include <QBuffer>
@@ -328,11 +329,7 @@ TEST_F(TextPrinting, HasThePanesLook) {
 }
 
 TEST_F(TextPrinting, PrintsTheNormalPreviewAsCompiled) {
-    put("plain \x0B"
-        "Bheavy\x0B"
-        "B\r\n\x9E"
-        "FFFFFF\x9E"
-        "FFFFFF\r\n");
+    put(withMarks("plain @Bheavy@B\r\n#FFFFFF#FFFFFF\r\n"));
     call(m_document, "MnuVerPrévisualizartudoNormal");
     auto *preview = loaded<EditTextPreviewNormalFrm>();
     answerPrintDialog(pdf());

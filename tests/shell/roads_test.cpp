@@ -176,9 +176,7 @@ TEST_P(Roads, AGraphicalDocumentGoesToTheTextualEditionAsItsCharacters) {
         }
         auto *window = loaded<EditTextFrm>();
         ASSERT_NE(window, nullptr);
-        EXPECT_EQ(text(*window), "+a bc\r\n\x1F"
-                                 "Bd\x1F"
-                                 "B");
+        EXPECT_EQ(text(*window), withRichMarks("+a bc\r\n@Bd@B"));
         expectArrived(window, QStringLiteral("doc.zlg"));
         leave();
     }
@@ -205,11 +203,7 @@ TEST_P(Roads, AGraphicalDocumentGoesToTheTextualEditionAsSourceCode) {
 TEST_P(Roads, ATextSentThereAndBackAsSourceCodeKeepsCodesAndCells) {
     std::vector<std::string> texts =
         randomTexts({"a", " ", "\r\n", "\r", "\n", "\x0B", "B", "|", "\x0B/x\x0B/", "\x9E",
-                     "\x9E\x46"
-                     "F00F0",
-                     "\x9E"
-                     "000000",
-                     "\xE9\xFF", "{\\b"},
+                     withMarks("#FF00F0"), withMarks("#000000"), "\xE9\xFF", "{\\b"},
                     12);
     std::string all = everyByte();
     all.erase(34, 1); // the double quote

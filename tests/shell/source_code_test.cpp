@@ -252,16 +252,10 @@ TEST_F(SourceCode, AFileThatIsNotWrittenIsSaidAndLeavesNone) {
 TEST_F(SourceCode, OfTheSelectionAlone) {
     const struct {
         qsizetype start, length;
-        const char *source;
+        std::string source;
         const char *said;
-    } cases[] = {{3, 3,
-                  "\"\x1F"
-                  "Bord\"",
-                  ""},
-                 {0, 4,
-                  "\"a \x1F"
-                  "Bwo\"",
-                  ""},
+    } cases[] = {{3, 3, withRichMarks("\"@Bord\""), ""},
+                 {0, 4, withRichMarks("\"a @Bwo\""), ""},
                  {3, 0, "\"\"", "Nothing is selected."}};
     for (QAction *way :
          {m_document->menuItem("MnuVerPrévisualizarSelecçao"),

@@ -3,6 +3,7 @@
 #include "shell/symbols/symbol_frm.h"
 #include "shell/widgets/cell_views.h"
 #include "support/program.h"
+#include "support/texts.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
@@ -18,10 +19,7 @@ namespace {
 
 using namespace test;
 
-constexpr char kThree[] = " 3 \r\nOne\r\n\x9E"
-                          "100000\r\nTwo\r\n\x9E"
-                          "200000\r\nThree\r\n\x9E"
-                          "300000\r\n";
+const std::string kThree = withMarks(" 3 \r\nOne\r\n#100000\r\nTwo\r\n#200000\r\nThree\r\n#300000\r\n");
 
 class SymbolWindow : public TextEditionTest {
 protected:
@@ -301,8 +299,7 @@ TEST_F(SymbolWindow, InsertsIntoBothPanes) {
 }
 
 TEST_F(SymbolWindow, OpensAnotherFileAndOkWritesThere) {
-    writeBytes("other.zls", "1\r\nA, b\r\n\x9E"
-                            "0\r\n");
+    writeBytes("other.zls", withMarks("1\r\nA, b\r\n#0\r\n"));
     pressAndName("Command12", "other.zls");
     EXPECT_EQ(shown(), "[A, b] ");
     EXPECT_EQ(drawnExpression("Picture29"), cell("000000"));
@@ -310,9 +307,7 @@ TEST_F(SymbolWindow, OpensAnotherFileAndOkWritesThere) {
     setPage(SymbolFrm::EditionPage);
     press("Command1");
     press("Command18");
-    EXPECT_EQ(fileBytes("other.zls"), " 2 \r\nA, b\r\n\x9E"
-                                      "0\r\nSymbol4\r\n\x9E"
-                                      "000000\r\n");
+    EXPECT_EQ(fileBytes("other.zls"), withMarks(" 2 \r\nA, b\r\n#0\r\nSymbol4\r\n#000000\r\n"));
     EXPECT_EQ(fileBytes("Default.zls"), kThree);
     EXPECT_EQ(shared::settings.DefltSmb, path("other.zls"));
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zolt::test {
@@ -22,6 +23,12 @@ inline std::string withMarks(std::string text) {
     std::replace(text.begin(), text.end(), '@', kStyleMark);
     std::replace(text.begin(), text.end(), '#', kCellMark);
     return text;
+}
+
+/// The same with the style mark of rich texts.
+inline std::string withRichMarks(std::string text) {
+    std::replace(text.begin(), text.end(), '@', kRichTextStyleMark);
+    return withMarks(std::move(text));
 }
 
 /// Short texts of few different pieces, so that what matters meets often.
