@@ -3,6 +3,7 @@
 #include "graphic/rich_text_builder.h"
 #include "hp48/literal_source_compiler.h"
 #include "images/image_text.h"
+#include "support/texts.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -11,6 +12,8 @@ namespace zolt {
 namespace {
 
 using test::literalSource;
+using test::withMarks;
+using test::withRichMarks;
 
 constexpr const char *kFonts[] = {
     "ZOLT",           "ZOLTBold",      "ZOLTDouble",   "ZOLTInverse", "ZOLTItalicRight",
@@ -65,9 +68,7 @@ RichText randomDocument(std::mt19937 &random) {
         else if (kind < 4)
             builder.endParagraph();
         else if (kind == 4)
-            builder.append("\x9E"
-                           "000000",
-                           format);
+            builder.append(withMarks("#000000"), format);
         else
             builder.append(std::string(1 + below(5), "ab \"\x1FV0\xFF"[below(8)]), format);
     }
@@ -92,54 +93,26 @@ TEST(SourceCompiler, ClosesARunInFrontOfWhatIsNotItsOwn) {
     } cases[] = {
         {{}, "\"\""},
         {richText({{"ZOLT", "plain"}}), "\"plain\""},
-        {richText({{"ZOLT", "a "}, {"ZOLTBold", "word"}, {"ZOLT", "."}}), "\"a \x1F"
-                                                                          "Bword\x1F"
-                                                                          "B.\""},
-        {richText({{"ZOLTBold", "a"}, {"ZOLTIndice", "b"}, {"ZOLT", "c"}}), "\"\x1F"
-                                                                            "Ba\x1F"
-                                                                            "B\x1FIb\x1FIc\""},
-        {richText({{"ZOLTBold", "a"}, {"ZOLTBold", "\n"}, {"ZOLTBold", "b"}, {"ZOLT", "c"}}), "\"\x1F"
-                                                                                              "Ba\x1F"
-                                                                                              "B\r\n\x1F"
-                                                                                              "Bb\x1F"
-                                                                                              "Bc\""},
-        {richText({{"ZOLTDouble", "to the end"}}), "\"\x1F"
-                                                   "Dto the end\""},
+        {richText({{"ZOLT", "a "}, {"ZOLTBold", "word"}, {"ZOLT", "."}}), withRichMarks("\"a @Bword@B.\"")},
+        {richText({{"ZOLTBold", "a"}, {"ZOLTIndice", "b"}, {"ZOLT", "c"}}), withRichMarks("\"@Ba@B@Ib@Ic\"")},
+        {richText({{"ZOLTBold", "a"}, {"ZOLTBold", "\n"}, {"ZOLTBold", "b"}, {"ZOLT", "c"}}),
+         withRichMarks("\"@Ba@B\r\n@Bb@Bc\"")},
+        {richText({{"ZOLTDouble", "to the end"}}), withRichMarks("\"@Dto the end\"")},
         {richText({{"zoltbold", "a"}, {"Arial", "b"}}), "\"ab\""},
-        {richText({{"ZOLTBold", "a"}, {"ZOLT", ""}, {"ZOLT", "b"}}), "\"\x1F"
-                                                                     "Ba\x1F"
-                                                                     "B\r\n" +
-                                                                         cells + "b\""},
-        {richText({{"ZOLTBold", "a"}, {"ZOLTBold", ""}, {"ZOLTBold", "b"}}), "\"\x1F"
-                                                                             "Ba\r\n" +
-                                                                                 cells + "b\""},
+        {richText({{"ZOLTBold", "a"}, {"ZOLT", ""}, {"ZOLT", "b"}}),
+         withRichMarks("\"@Ba@B\r\n") + cells + "b\""},
+        {richText({{"ZOLTBold", "a"}, {"ZOLTBold", ""}, {"ZOLTBold", "b"}}),
+         withRichMarks("\"@Ba\r\n") + cells + "b\""},
         {richText({{"ZOLT", "say \"it\" now"}}), "\"say 'it' now\""},
     };
     for (const auto &[text, source] : cases)
         EXPECT_EQ(compiled(text), source);
 }
 
-TEST(SourceCompiler, GivesBlankCellsForAPictureThatCantBeRead) {
-    RichTextBuilder builder;
-    builder.append(RichPicture{RichPicture::Kind::Png, "", 30, 30}, {});
-    const std::string source = compiled(builder.text());
-    EXPECT_EQ(source.size(), 2 + 2 + 11 * 33 * 7 + 10 * 2u);
-    EXPECT_EQ(
-        compiled(builder.text(), SourceKind::Partial), "\"\r\n" + [] {
-            std::string lines;
-            for (int i = 0; i < 10; ++i)
-                lines += "\r\n";
-            return lines;
-        }() + "\"");
-}
-
 TEST(SourceCompiler, ExchangesTheMarkOnlyInFrontOfAStylesLetter) {
-    EXPECT_EQ(withStyleMarks("\x1F"
-                             "B\x1F"
-                             "b\x1F\x1FU\x1F"),
-              "\x0B"
-              "B\x1F"
-              "b\x1F\x0BU\x1F");
+    EXPECT_EQ(withStyleMarks(withRichMarks("@B@b@@U@")), "\x0B"
+                                                         "B\x1F"
+                                                         "b\x1F\x0BU\x1F");
     EXPECT_EQ(withRichTextStyleMarks("\x0B|\x0B \x0B/"), "\x1F|\x0B \x1F/");
 }
 
