@@ -27,61 +27,12 @@ Looks looksOf(const std::vector<StyleRuns::Span> &spans) {
     return looks;
 }
 
-/// The rule read aloud, over the whole text.
-class Scan {
-public:
-    explicit Scan(std::string_view text) : m_text(text), m_looks(text.size()), m_closes(text.size()) {
-        while (m_at < text.size())
-            step();
-    }
-    Looks looks() const { return m_looks; }
-
-private:
-    bool codeAt(std::size_t position, char letter) const {
-        return m_text.substr(position, 2) == std::string{kStyleMark, letter};
-    }
-    void mark(std::size_t position, Kind kind) {
-        for (const std::size_t i : {position, position + 1})
-            m_looks[i] = {kind, kind == Kind::PassedCodes ? m_looks[i].style : Style::Plain};
-    }
-    void step() {
-        bool passed = false;
-        passClosing();
-        for (const StyleCode &code : kStyleCodes)
-            if (codeAt(m_at, code.letter))
-                open(code);
-        for (const StyleCode &code : kStyleCodes)
-            passed = passed || codeAt(m_at, code.letter);
-        if (passed)
-            mark(m_at, Kind::PassedCodes);
-        m_at += passed ? 2 : 1;
-    }
-    void open(const StyleCode &code) {
-        const std::size_t begin = m_at;
-        m_at += 2;
-        std::size_t end = m_at;
-        while (end < m_text.size() && !(codeAt(end, code.letter) && !m_closes[end]))
-            ++end;
-        mark(begin, end < m_text.size() ? Kind::Codes : Kind::LoneCodes);
-        if (end < m_text.size()) {
-            for (std::size_t i = m_at; i < end; ++i)
-                if (m_looks[i].kind == Kind::Text)
-                    m_looks[i].style = code.style;
-            mark(end, Kind::Codes);
-            m_closes[end] = true;
-        }
-        passClosing();
-    }
-    void passClosing() {
-        while (m_at < m_text.size() && m_closes[m_at])
-            m_at += 2;
-    }
-
-    std::string_view m_text;
-    std::size_t m_at = 0;
-    Looks m_looks;
-    std::vector<bool> m_closes;
-};
+/// Of the whole text, put in at once.
+Looks looksOf(std::string_view text) {
+    StyleRuns runs;
+    runs.replaced(0, 0, text, '\0', '\0');
+    return looksOf(runs.between(0, text.size()));
+}
 
 std::string randomPieces(std::mt19937 &random, const std::vector<std::string> &pieces, unsigned most) {
     std::string text;
@@ -115,6 +66,19 @@ TEST(StyleRuns, AreThoseOfTheCompiler) {
     }
 }
 
+TEST(StyleRuns, TellCodesByWhatBecomesOfThem) {
+    // A letter a character: (c)odes of a run, (l)one codes, (p)assed codes.
+    const std::pair<const char *, const char *> cases[] = {
+        {"a@Bb@Bc", "-cc-cc-"},       {"a@Bb@Uc", "-ll-ll-"},       {"@B@Bx@B", "cccc-ll"},
+        {"@B@Vab@V@B", "ccpp--llcc"}, {"@V@Bab@B@V", "cccc--cccc"}, {"@Ba@Ub@Bc@U", "cc-cc-cc-cc"}};
+    for (const auto &[text, kinds] : cases) {
+        std::string told;
+        for (const Look &look : looksOf(withMarks(text)))
+            told += "-clp"[look.kind];
+        EXPECT_EQ(told, kinds) << text;
+    }
+}
+
 TEST(StyleRuns, StayRightUnderEdits) {
     std::mt19937 random(22);
     for (int round = 0; round < 60; ++round) {
@@ -128,12 +92,12 @@ TEST(StyleRuns, StayRightUnderEdits) {
                 random() % 3 == 0 ? random() % (text.size() - from + 1) : random() % 2;
             const std::size_t gone = std::min(removed, text.size() - from);
             const std::string inserted = randomPieces(random, pieces, edit % 20 == 0 ? 60 : 2);
-            const Looks before = Scan(text).looks();
+            const Looks before = looksOf(text);
             text.replace(from, gone, inserted);
             const bool told = runs.replaced(from, gone, inserted, from > 0 ? text[from - 1] : '\0',
                                             at(text, from + inserted.size()));
             ASSERT_EQ(runs.size(), text.size());
-            const Looks expected = Scan(text).looks();
+            const Looks expected = looksOf(text);
             Looks others = expected;
             others.erase(others.begin() + static_cast<std::ptrdiff_t>(from),
                          others.begin() + static_cast<std::ptrdiff_t>(from + inserted.size()));
@@ -150,7 +114,7 @@ TEST(StyleRuns, StayRightUnderEdits) {
                                    expected.begin() + static_cast<std::ptrdiff_t>(end)))
                 << "round " << round << ", edit " << edit;
         }
-        ASSERT_EQ(looksOf(runs.between(0, text.size())), Scan(text).looks()) << "round " << round;
+        ASSERT_EQ(looksOf(runs.between(0, text.size())), looksOf(text)) << "round " << round;
     }
 }
 
