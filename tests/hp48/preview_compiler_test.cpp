@@ -15,18 +15,6 @@ namespace {
 
 using test::withMarks;
 
-std::string visible(std::string_view text) {
-    std::string shown;
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        if (byte >= 32 && byte < 127)
-            shown += character;
-        else
-            shown += "<" + std::to_string(byte) + ">";
-    }
-    return shown;
-}
-
 /// The positions of the rich text. Line ends have no font there, so `like` gives theirs.
 std::vector<literal::Position> positionsOf(const RichText &rich, const std::vector<literal::Position> &like) {
     std::vector<literal::Position> positions;
@@ -52,7 +40,7 @@ std::vector<literal::Position> positionsOf(const RichText &rich, const std::vect
 void expectAsTheSlowWay(const std::string &document, PreviewFlavour flavour) {
     const literal::Compiled expected = literal::compile(document, flavour);
     const Preview preview = compilePreview(document, flavour);
-    const std::string about = visible(document);
+    const std::string about = testing::PrintToString(document);
     EXPECT_FALSE(preview.cancelled);
     ASSERT_EQ(literal::positionsOf(preview.styled), expected.text) << about;
     ASSERT_EQ(positionsOf(preview.text, expected.text), expected.text) << about;
@@ -162,18 +150,6 @@ TEST(PreviewCompiler, GivesWhatTheCalculatorShows) {
         {"@Ba@@BBcd@Be", "B{acd}e\r\n"}};
     for (const auto &[document, shown, flavour] : cases)
         EXPECT_EQ(notation(compilePreview(withMarks(document), flavour).styled), shown) << document;
-}
-
-TEST(MenuEntries, AreLinesThatBeginWithAStar) {
-    const std::string shortest = "*no entry\r\n*\r\n\r\n*" + kText33 + "\r\nx*";
-    const std::vector<MenuEntry> folded{{2, "*"}, {4, "*" + kText33.substr(0, 32)}};
-    EXPECT_EQ(compilePreview(shortest, PreviewFlavour::Hp48).entries, folded);
-    EXPECT_EQ(compilePreview(shortest, PreviewFlavour::Normal).entries, folded);
-    EXPECT_EQ(compilePreview("ab\r\n*c\"d", PreviewFlavour::Hp48).entries,
-              (std::vector<MenuEntry>{{2, "*c'd"}}));
-    // Without a line end behind it an entry reaches to the text's end.
-    EXPECT_EQ(compilePreview(withMarks("ab\r\n*#12"), PreviewFlavour::Normal).entries,
-              (std::vector<MenuEntry>{{2, "* "}}));
 }
 
 /// All pictures of a rich text, in order.
