@@ -1,13 +1,13 @@
 #include "hp48/word_wrap.h"
 
 #include "hp48/fold.h"
+#include "hp48/literal_compiler.h"
 #include "hp48/preview_compiler.h"
 #include "random_document.h"
 #include "support/texts.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <tuple>
 
 namespace zolt {
 namespace {
@@ -22,22 +22,8 @@ std::string reflow(std::string_view document, int columns = kColumns) {
     return *wrapAtWords(document, {.columns = columns, .reflow = true});
 }
 
-/// One character as the reader of a preview meets it.
-using Shown = std::tuple<char, Style, std::string>;
-
-std::vector<Shown> shownBy(const StyledText &text) {
-    std::vector<Shown> shown;
-    PieceReader pieces(text);
-    while (pieces.position() < text.characters.size()) {
-        const auto piece = pieces.next(text.characters.size());
-        for (std::size_t i = piece.begin; i < piece.end; ++i)
-            shown.emplace_back(text.characters[i], piece.style, piece.picture ? piece.picture->cells : "");
-    }
-    return shown;
-}
-
-bool isLineEnd(const std::vector<Shown> &shown, std::size_t at) {
-    return at + 1 < shown.size() && std::get<0>(shown[at]) == '\r' && std::get<0>(shown[at + 1]) == '\n';
+bool isLineEnd(const std::vector<literal::Position> &shown, std::size_t at) {
+    return at + 1 < shown.size() && shown[at].character == '\r' && shown[at + 1].character == '\n';
 }
 
 /// Whether both texts show the same characters in the same styles, the same pictures
@@ -46,8 +32,8 @@ bool isLineEnd(const std::vector<Shown> &shown, std::size_t at) {
 bool haveSameReading(const std::string &document, const std::string &wrapped, bool joined = false) {
     const Preview before = compilePreview(document, PreviewFlavour::Normal);
     const Preview after = compilePreview(wrapped, PreviewFlavour::Normal);
-    const auto expected = shownBy(before.styled);
-    const auto shown = shownBy(after.styled);
+    const auto expected = literal::positionsOf(before.styled);
+    const auto shown = literal::positionsOf(after.styled);
     std::size_t i = 0;
     std::size_t j = 0;
     while (i < expected.size() || j < shown.size()) {
