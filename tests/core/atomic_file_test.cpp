@@ -10,21 +10,6 @@
 namespace zolt {
 namespace {
 
-TEST(AtomicFile, TakesItsPlaceOnCommitOnly) {
-    const test::TemporaryFolder folder;
-    const std::string path = folder.file("file");
-    test::putBytes(path, "old");
-    { AtomicFile(path).append("dropped"); }
-    EXPECT_EQ(test::bytesOf(path), "old");
-    AtomicFile file(path);
-    file.append("new ");
-    file.append("text");
-    EXPECT_EQ(test::bytesOf(path), "old");
-    EXPECT_EQ(file.commit(), "");
-    EXPECT_EQ(test::bytesOf(path), "new text");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
-}
-
 /// A file that may be written, in a folder that doesn't let it be replaced: closed to
 /// others, or sticky as /tmp is. Beside it a folder for temporary files.
 class FileThatStays : public testing::TestWithParam<mode_t> {
@@ -44,9 +29,7 @@ protected:
     void TearDown() override { chmod(m_folder.file("in").c_str(), 0755); }
 
     std::string path() const { return m_folder.file("in/file"); }
-    std::ptrdiff_t filesIn(const char *name) const {
-        return std::distance(std::filesystem::directory_iterator(m_folder.file(name)), {});
-    }
+    std::ptrdiff_t filesIn(const char *name) const { return test::filesIn(m_folder.file(name)); }
 
     /// Appends some bytes and commits them, where no file can grow beyond `limit`.
     /// Gives the reason in a file, since all this happens to somebody who isn't root.

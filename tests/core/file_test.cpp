@@ -3,26 +3,17 @@
 #include "support/other_user.h"
 #include "support/temporary_folder.h"
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <random>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace zolt {
 namespace {
 
 using test::asNobody;
 using test::bytesOf;
-using test::limitFiles;
+using test::filesIn;
 using test::putBytes;
 using test::TemporaryFolder;
-
-std::size_t filesIn(const std::string &folder) {
-    const std::filesystem::directory_iterator entries(folder);
-    return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
-}
 
 mode_t modeOf(const std::string &path) {
     struct stat status {};
@@ -39,7 +30,7 @@ TEST(WriteFile, MakesAndReplacesAndLeavesNothingBeside) {
         EXPECT_EQ(bytesOf(path), bytes);
         EXPECT_EQ(readFile(path).bytes, bytes);
     }
-    EXPECT_EQ(filesIn(folder.path()), 1u);
+    EXPECT_EQ(filesIn(folder.path()), 1);
 }
 
 TEST(WriteFile, KeepsPermissionsAndHonoursTheMask) {
@@ -81,7 +72,7 @@ TEST(WriteFile, SaysWhyItCannot) {
     EXPECT_EQ(writeFile(folder.file("pipe"), "a"), "Not a regular file");
     EXPECT_EQ(writeFile("", "a"), "No such file or directory");
     EXPECT_TRUE(std::filesystem::is_symlink(folder.file("loop")));
-    EXPECT_EQ(filesIn(folder.path()), 3u);
+    EXPECT_EQ(filesIn(folder.path()), 3);
 }
 
 TEST(WriteFile, RefusesAReadOnlyFile) {
@@ -94,41 +85,6 @@ TEST(WriteFile, RefusesAReadOnlyFile) {
     EXPECT_EQ(bytesOf(path), "kept");
 }
 
-TEST(WriteFile, LeavesTheOldFileOnAFullDisk) {
-    const TemporaryFolder folder;
-    const std::string path = folder.file("a");
-    putBytes(path, "old");
-    chmod(path.c_str(), 0666);
-    chmod(folder.path().c_str(), 0777);
-    EXPECT_TRUE(asNobody([&] {
-        limitFiles(4096);
-        return writeFile(path, std::string(100000, 'x')) == "File too large";
-    }));
-    EXPECT_EQ(bytesOf(path), "old");
-    EXPECT_EQ(filesIn(folder.path()), 1u);
-}
-
-TEST(WriteFile, LeavesAWholeFileWhenKilled) {
-    const TemporaryFolder folder;
-    const std::string path = folder.file("a");
-    constexpr std::size_t kSize = 1 << 20;
-    putBytes(path, std::string(kSize, 'a'));
-    std::minstd_rand random(1);
-    for (int round = 0; round < 20; ++round) {
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0)
-            for (char letter = 'a';; letter = letter == 'z' ? 'a' : static_cast<char>(letter + 1))
-                writeFile(path, std::string(kSize, letter));
-        usleep(static_cast<useconds_t>(random() % 20000));
-        kill(child, SIGKILL);
-        waitpid(child, nullptr, 0);
-        const std::string bytes = bytesOf(path);
-        ASSERT_EQ(bytes.size(), kSize);
-        ASSERT_EQ(bytes.find_first_not_of(bytes.front()), std::string::npos);
-    }
-}
-
 TEST(ReadFile, SaysWhyItCannot) {
     const TemporaryFolder folder;
     mkfifo(folder.file("pipe").c_str(), 0600);
@@ -138,13 +94,6 @@ TEST(ReadFile, SaysWhyItCannot) {
     EXPECT_EQ(readFile(folder.file("pipe")).reason, "Not a regular file");
     EXPECT_EQ(readFile(folder.file("file"), 4).reason, "File too large");
     EXPECT_EQ(readFile(folder.file("file"), 5).bytes, "12345");
-}
-
-TEST(Paths, FallApartAtTheLastSeparator) {
-    EXPECT_EQ(folderOf("/a/b.c/d.zlt"), "/a/b.c/");
-    EXPECT_EQ(titleOf("/a/b.c/d.zlt"), "d.zlt");
-    EXPECT_EQ(folderOf("d.zlt"), "");
-    EXPECT_EQ(titleOf("d.zlt"), "d.zlt");
 }
 
 } // namespace

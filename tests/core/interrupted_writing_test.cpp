@@ -19,11 +19,8 @@ namespace zolt {
 namespace {
 
 using test::bytesOf;
+using test::filesIn;
 using test::putBytes;
-
-std::ptrdiff_t filesIn(const std::string &folder) {
-    return std::distance(std::filesystem::directory_iterator(folder), {});
-}
 
 /// Saves a file again and again, until a signal ends the process.
 pid_t startSaving(const std::string &path, std::size_t size) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -32,6 +33,11 @@ public:
 private:
     std::string m_path;
 };
+
+/// The number of a folder's files.
+inline std::ptrdiff_t filesIn(const std::string &folder) {
+    return std::distance(std::filesystem::directory_iterator(folder), {});
+}
 
 /// A file's bytes, read without the program's own code.
 inline std::string bytesOf(const std::string &path) {
