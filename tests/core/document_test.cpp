@@ -1,7 +1,5 @@
 #include "core/document.h"
 
-#include "support/texts.h"
-
 #include <gtest/gtest.h>
 
 namespace zolt {
@@ -22,14 +20,6 @@ TEST(DocumentFile, EndsItsLinesWithCrLfOrCr) {
                                                                                {"\n\r\r\n", "\n\r\n"}};
     for (const auto &[file, document] : filesAndDocuments)
         EXPECT_EQ(documentFromFile(file), document);
-}
-
-TEST(DocumentFile, GivesBackEveryByteOfADocument) {
-    // A lone CR is the one thing that a file turns into a line end.
-    std::string document = test::everyByte() + "\r\n" + test::everyByte();
-    std::erase(document, '\r');
-    for (const std::string &text : {document, document + "\r\n", std::string(), std::string("\r\n\r\n")})
-        EXPECT_EQ(documentFromFile(fileFromDocument(text)), text);
 }
 
 TEST(DocumentFile, StopsReadingWhenTold) {
