@@ -38,18 +38,6 @@ TEST(SettingsFile, HoldsTheDefaultsInTheirOrder) {
     EXPECT_EQ(settingsFromFile(defaultFile()), defaultSettings(kFolder));
 }
 
-TEST(SettingsFile, GivesBackEveryField) {
-    Settings settings = defaultSettings("/elsewhere/");
-    settings.FrstTime = 1;
-    settings.Language = "PT";
-    settings.DefltSmb = "  caf\xE9=1";
-    settings.TFntBckC = "0";
-    settings.TFntStrT = flagText(true);
-    settings.ChrToolX = -32768;
-    settings.Question = 32767;
-    EXPECT_EQ(settingsFromFile(fileFromSettings(settings)), settings);
-}
-
 TEST(SettingsFile, CountsPlacesAndNotKeys) {
     EXPECT_EQ(settingsFromFile(changed("Language=EN", "  \"?????????PT\""))->Language, "PT");
     EXPECT_EQ(settingsFromFile(changed("Language=EN", "Lang"))->Language, "");
