@@ -41,13 +41,6 @@ TEST(SymbolCell, IsReadOntoTheGridAndIntoThePreview) {
     }
 }
 
-TEST(SymbolCell, ComesBackFromItsDots) {
-    for (const std::string &expression : {cell("012345"), cell("6789AB"), cell("CDEF00")})
-        EXPECT_EQ(Expressao(Transferir(expression)), expression);
-    EXPECT_EQ(Expressao(Transferir("any text")), cell("000000"));
-    EXPECT_EQ(Expressao(filled()), cell("FFFFFF"));
-}
-
 TEST(SymbolCell, TogglesOneSquareAtATime) {
     CellDots dots{};
     toggleSquare(dots, 1);
