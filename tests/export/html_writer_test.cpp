@@ -24,16 +24,6 @@ TEST(WebPage, IsThisWhole) {
     EXPECT_EQ(page.message, "");
 }
 
-TEST(WebPage, MarksEveryLineEndAndEscapesNothing) {
-    EXPECT_EQ(bodyOf("a\r\n"), "\r\na<br>\r\n");
-    EXPECT_EQ(bodyOf("\r\n\r\n\r\n"), "\r\n<br>\r\n<br>\r\n<br>\r\n");
-    EXPECT_EQ(bodyOf("a\rb\nc\r\r\nd"), "\r\na\rb\nc\r<br>\r\nd");
-    EXPECT_EQ(bodyOf("<b>&\"\x9EZ\x0B\xFF"), "\r\n<b>&\"\x9EZ\x0B\xFF");
-    // A text of one character gets a line end.
-    EXPECT_EQ(bodyOf("a"), "\r\na<br>\r\n");
-    EXPECT_EQ(bodyOf("\r"), "\r\n\r<br>\r\n");
-}
-
 TEST(WebPage, NestsTheTagsOfTheFont) {
     WebPageLook look;
     look.FontBold = look.FontItalic = true;
