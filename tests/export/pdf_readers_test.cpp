@@ -73,16 +73,5 @@ TEST_F(PdfReaders, PdftoppmShowsThePageUnderItsRotation) {
               500);
 }
 
-TEST_F(PdfReaders, FindTheLastPageOfAFullFile) {
-    if (!hasProgram("pdftotext"))
-        GTEST_SKIP() << "pdftotext is not installed";
-    std::string text = "x";
-    for (int line = 1; line < 1700 * 60; ++line)
-        text += "\r\n" + std::to_string(line / 60 + 1);
-    test::putBytes(m_pdf, writtenPdf(text).bytes);
-    const std::string page = outputOf("pdftotext -raw -nopgbrk -f 1665 -l 1665 " + m_pdf + " - 2>/dev/null");
-    EXPECT_EQ(page, ReplaceText(std::string(61, '|'), "|", "1665\n"));
-}
-
 } // namespace
 } // namespace zolt
