@@ -12,25 +12,6 @@ namespace {
 
 using namespace test;
 
-TEST(RtfRoundTrip, EveryByteComesBackInEveryKindOfFont) {
-    std::string all = everyByte();
-    std::erase(all, '\n');
-    for (const char *font : {"ZOLT", "ZOLTIndice", "MS Sans Serif"}) {
-        RichText text = oneRun(all + "\n");
-        text.fonts = {font};
-        EXPECT_EQ(richTextFromRtf(rtfFromRichText(text)), text) << font;
-    }
-}
-
-TEST(RtfRoundTrip, ParagraphsKeepTheirNumber) {
-    for (const char *plain : {"", "a", "a\r\n", "\r\na", "\r\n", "\r\n\r\n", "a\r\n\r\nb\r\n\r\n"}) {
-        const RichText text = richTextFromPlainText(plain);
-        const RichText read = richTextFromRtf(rtfFromRichText(text));
-        EXPECT_EQ(read, text) << plain;
-        EXPECT_EQ(plainText(read), plain);
-    }
-}
-
 TEST(RtfRoundTrip, RandomRichTextsComeBackAsTheyWere) {
     std::mt19937 random(48);
     for (int i = 0; i < 2000; ++i) {
