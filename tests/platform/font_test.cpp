@@ -1,6 +1,7 @@
 #include "core/charset.h"
 #include "core/glyphs.h"
 #include "platform/fonts.h"
+#include "platform/glyph_dots.h"
 #include "platform/program_folder.h"
 #include "platform/text_pane.h"
 
@@ -53,25 +54,9 @@ TEST_P(Fonts, DrawEveryCodeInEveryStyleDotForDot) {
         prepare(pane, fontOfStyle(s));
         pane.setText(allCodes());
         const QImage picture = drawn(pane);
-        const int size = 2 * static_cast<int>(picture.devicePixelRatio()); // pixels a dot
-        const int width = glyphWidth(s) * size, height = kCellHeight * size;
-        int wrong = 0;
-        for (int code = 0; code < 256; ++code) {
-            const Glyph &dots = glyph(s, static_cast<unsigned char>(code));
-            const QPoint corner(code % 16 * width, code / 16 * height);
-            for (int y = 0; y < height; ++y)
-                for (int x = 0; x < width; ++x)
-                    wrong += picture.pixel(corner + QPoint(x, y)) !=
-                             (dots.dot(x / size, y / size) ? qRgb(0, 0, 0) : qRgb(255, 255, 255));
-        }
-        EXPECT_EQ(wrong, 0) << fontOfStyle(s);
+        const int size = 2 * static_cast<int>(picture.devicePixelRatio());
+        EXPECT_EQ(test::wrongPixels(picture, s, {}, size), 0) << fontOfStyle(s);
     }
-}
-
-TEST_P(Fonts, GiveThirtyThreeColumnsIn264Pixels) {
-    const QFontMetricsF metrics(zoltFont(QStringLiteral("ZOLT"), GetParam()));
-    EXPECT_EQ(metrics.horizontalAdvance(QString(33, u'M')), 264);
-    EXPECT_EQ(metrics.lineSpacing(), 12);
 }
 
 TEST_P(Fonts, ShowAByteForItsCharactersInBothSets) {

@@ -2,6 +2,7 @@
 #include "graphic/rich_text_builder.h"
 #include "graphic/rich_text_samples.h"
 #include "platform/fonts.h"
+#include "platform/glyph_dots.h"
 #include "platform/program_folder.h"
 #include "platform/shown_box.h"
 
@@ -140,18 +141,6 @@ TEST(RichTextBoxFonts, ShowEveryByteInEveryStyleDotForDot) {
             builder.append({&byte, 1}, {.font = font});
         }
         shown.box.setRichText(builder.text());
-        const QImage shot = grab(shown.box);
-        const int width = glyphWidth(style) * 2;
-        int wrong = 0;
-        for (int code = 0; code < 256; ++code) {
-            for (int y = 0; y < 12; ++y) {
-                for (int x = 0; x < width; ++x) {
-                    const bool on = glyph(style, static_cast<unsigned char>(code)).dot(x / 2, y / 2);
-                    const QRgb pixel = shot.pixel(2 + code % 16 * width + x, 2 + code / 16 * 12 + y);
-                    wrong += pixel != (on ? qRgb(0, 0, 0) : qRgb(255, 255, 255));
-                }
-            }
-        }
-        EXPECT_EQ(wrong, 0) << fontOfStyle(style);
+        EXPECT_EQ(wrongPixels(grab(shown.box), style, {2, 2}, 2), 0) << fontOfStyle(style);
     }
 }
