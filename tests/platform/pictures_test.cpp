@@ -293,29 +293,5 @@ TEST(Pictures, SmallFilesThatTakeGigabytesOrMinutesAreRefused) {
     EXPECT_EQ(decoded(test::writtenByQt(page, "BMP")).image.size(), page.size());
 }
 
-TEST(Pictures, TheWindowsPictureKeepsColoursAndLeavesWhiteAround) {
-    QImage picture = filled(2, 1, Qt::red);
-    picture.setPixelColor(1, 0, QColor(0, 0, 255, 0));
-    const QImage shown = stretchedPicture(picture, 131, 64, {0, 0, 130, 62}, 2);
-    EXPECT_EQ(shown.size(), QSize(262, 128));
-    EXPECT_EQ(shown.pixel(0, 0), QColor(Qt::red).rgb());
-    EXPECT_EQ(shown.pixel(129, 123), QColor(Qt::red).rgb());
-    EXPECT_EQ(shown.pixel(130, 0), QColor(Qt::white).rgb());
-    EXPECT_EQ(shown.pixel(0, 124), QColor(Qt::white).rgb());
-    const QImage work = stretchedPicture(filled(3, 3, Qt::red), 132, 65, pictureTarget(132, 65), 2);
-    EXPECT_EQ(work.pixel(262, 128), QColor(Qt::red).rgb());
-    EXPECT_EQ(work.pixel(263, 128), QColor(Qt::white).rgb());
-}
-
-TEST(Pictures, DotsAreShownAsWholeSquares) {
-    DotSurface surface(9, 2);
-    surface.setDot(8, 1);
-    const QImage image = imageOfSurface(surface, 3).convertToFormat(QImage::Format_RGB32);
-    ASSERT_EQ(image.size(), QSize(27, 6));
-    for (int y = 0; y < 6; ++y)
-        for (int x = 0; x < 27; ++x)
-            EXPECT_EQ(image.pixel(x, y), x >= 24 && y >= 3 ? 0xFF000000 : 0xFFFFFFFF) << x << ", " << y;
-}
-
 } // namespace
 } // namespace zolt
