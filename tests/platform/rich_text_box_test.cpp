@@ -6,7 +6,6 @@
 #include "platform/fonts.h"
 #include "platform/program_folder.h"
 #include "platform/shown_box.h"
-#include "support/texts.h"
 
 #include <QClipboard>
 #include <QSignalSpy>
@@ -15,14 +14,6 @@
 
 using namespace zolt;
 using namespace zolt::test;
-
-TEST(RichTextBoxContents, EveryByteStandsInIt) {
-    ShownBox shown;
-    const std::string all = everyByte() + "\r\n" + everyByte();
-    shown.box.setText(all);
-    EXPECT_EQ(shown.box.Text(), all);
-    EXPECT_EQ(plainText(richTextFromRtf(shown.box.TextRTF())), all);
-}
 
 TEST(RichTextBoxContents, RandomRichTextsComeBack) {
     RichTextBox box;
