@@ -2,8 +2,6 @@
 #include "graphic/rich_text_samples.h"
 #include "platform/shown_box.h"
 
-#include <QSignalSpy>
-#include <functional>
 #include <gtest/gtest.h>
 
 using namespace zolt;
@@ -28,66 +26,6 @@ TEST(RichTextBoxTyping, WhatIsTypedOverASelectionLooksLikeItsFirstCharacter) {
         shown.key(Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(shown.box.richText(), sample()) << "one step";
     }
-}
-
-TEST(RichTextBoxUndo, TakesBackEveryCommandWithLooksPicturesAndSelection) {
-    ShownBox shown;
-    RichTextBox &box = shown.box;
-    box.setRichText(sample());
-    QSignalSpy changes(&box.events(), &PaneEvents::Change);
-    QImage picture(5, 3, QImage::Format_RGB32);
-    picture.fill(Qt::black);
-    QMimeData dropped;
-    dropped.setText(QStringLiteral("dropped"));
-    const std::function<void()> commands[] = {
-        [&] { box.setSelText("x\r\ny"); },
-        [&] { box.setSelRichText(sample()); },
-        [&] { box.pastePicture(picture); },
-        [&] { box.setSelFontName("ZOLTInverse"); },
-        [&] { box.setSelFontSize(20); },
-        [&] { box.setSelColor(0x00FF00); },
-        [&] { box.setSelStrikeThru(true); },
-        [&] { box.cut(); },
-        [&] {
-            box.replaceEach({0, 4}, 2, "-+-");
-        },
-        [&] { shown.type("t"); },
-        [&] { EXPECT_TRUE(shown.drop(dropped, 0)); },
-    };
-    struct State {
-        RichText text;
-        qsizetype start, end;
-        bool operator==(const State &) const = default;
-    };
-    const auto state = [&box] { return State{box.richText(), box.SelStart(), box.selEnd()}; };
-    std::vector<State> before;
-    std::vector<State> after;
-    for (int round = 0; round < 3; ++round) {
-        for (std::size_t i = 0; i < std::size(commands); ++i) {
-            shown.select(2, 5);
-            before.push_back(state());
-            changes.clear();
-            commands[i]();
-            EXPECT_EQ(changes.count(), 1) << i;
-            after.push_back(state());
-        }
-    }
-    box.setSelStart(0);
-    for (std::size_t i = before.size(); i-- > 0;) {
-        changes.clear();
-        i % 2 ? box.undo() : shown.key(Qt::Key_Z, Qt::ControlModifier);
-        ASSERT_EQ(state(), before[i]) << i % std::size(commands);
-        EXPECT_EQ(changes.count(), 1);
-    }
-    EXPECT_FALSE(box.document()->isUndoAvailable());
-    for (std::size_t i = 0; i < after.size(); ++i) {
-        i % 2 ? box.redo() : shown.key(Qt::Key_Y, Qt::ControlModifier);
-        ASSERT_EQ(state(), after[i]) << i % std::size(commands);
-    }
-    box.undoToggle();
-    EXPECT_EQ(state(), before.back());
-    box.undoToggle();
-    EXPECT_EQ(state(), after.back());
 }
 
 TEST(RichTextBoxUndo, TakesBackTheReplacingOfAllWhichEditsOnlyWhatDiffers) {
