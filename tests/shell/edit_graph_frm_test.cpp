@@ -476,29 +476,6 @@ TEST_F(GraphicalEdition, AFileSavedAndOpenedAgainIsTheSame) {
     EXPECT_EQ(withFontsInOrder(pane().richText()), wanted);
 }
 
-TEST_F(GraphicalEdition, OpensWhatOtherProgramsWrite) {
-    const std::string picture = "{\\pict\\pngblip\\picwgoal240\\pichgoal180 " +
-                                QByteArray::fromStdString(pngFile()).toHex().toStdString() + "}";
-    const std::pair<std::string, std::string> cases[] = {
-        {"{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil\\fcharset0 ZOLTBold;}{\\f1\\fswiss "
-         "Arial;}}\r\n"
-         "{\\*\\generator Riched20 10.0}\\viewkind4\\uc1\\pard\\f0\\fs20 Mem\\'f3ria\\f1\\u945?\\par\r\n" +
-             picture + "\\par\r\n}\r\n",
-         "<Bold:Mem\xF3ria><Arial:\x8C>\r\n<picture>"},
-        {"{\\rtf1\\ansi\\deff3{\\fonttbl{\\f3\\fnil\\fprq0\\fcharset0 ZOLTInverse{\\*\\falt "
-         "ZOLT};}}{\\stylesheet"
-         "{\\s0 Default;}}{\\info{\\title t}}\\pard\\plain \\s0{\\rtlch \\ltrch\\loch\\f3 a}{\\*\\shppict" +
-             picture + "}{\\nonshppict{\\pict\\wmetafile8 00}}\\par }",
-         "<Inverse:a><picture>"},
-        {"not {\\rtf} at all\rb\x8C\r\n", "not {\\rtf} at all\r\nb\x8C"}};
-    for (const auto &[file, text] : cases) {
-        open("theirs", file);
-        EXPECT_EQ(shown(), text);
-        EXPECT_EQ(m_window->caption(), QStringLiteral("theirs"));
-    }
-    EXPECT_EQ(pane().SelFontSize(), shared::settings.TFntSize);
-}
-
 TEST_F(GraphicalEdition, AFileThatIsNeitherRichNorPlainTextIsRefused) {
     put("text", 1, 2);
     pressTool("Bold");
@@ -509,19 +486,6 @@ TEST_F(GraphicalEdition, AFileThatIsNeitherRichNorPlainTextIsRefused) {
     EXPECT_EQ(m_window->caption(), QStringLiteral("mine.zlg"));
     call(m_window, "FicheiroGuardar");
     EXPECT_EQ(fileBytes("picture.png"), pngFile());
-}
-
-TEST_F(GraphicalEdition, TheWrapSwitchKeepsLooksPicturesAndSelection) {
-    open("all.zlg", rtfFromRichText(everything()));
-    const RichText before = pane().richText();
-    select(300, 7);
-    const std::string selected = pane().SelRTF();
-    for (int i = 0; i < 2; ++i) {
-        call(m_window, "EditarTranslinearpalavras");
-        EXPECT_EQ(pane().richText(), before);
-        EXPECT_EQ(pane().SelStart(), 300);
-        EXPECT_EQ(pane().SelRTF(), selected);
-    }
 }
 
 } // namespace
