@@ -59,12 +59,5 @@ TEST(FileKinds, PatternsMatchTheirExtensionAlone) {
         EXPECT_FALSE(canBeExtension(impossible));
 }
 
-TEST(FileKinds, TypesAreNamedByTheirFormat) {
-    EXPECT_EQ(mimeTypeOf("ZOLT Text Format"), "application/x-zolt-text");
-    EXPECT_EQ(mimeTypeOf("ZOLT Associated File"), "application/x-zolt-associated-file");
-    EXPECT_NE(mimePackage("a/b", "<R&D> \"1\"", "i", "*.<&\"").find("&lt;R&amp;D&gt; &quot;1&quot;"),
-              std::string::npos);
-}
-
 } // namespace
 } // namespace zolt::desktop
