@@ -1,3 +1,4 @@
+#include "platform/shown.h"
 #include "shell/document/graphic/edit_graph_frm.h"
 #include "shell/random_walk.h"
 #include "shell/tools/recover_frm.h"
@@ -9,7 +10,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
-#include <QDragEnterEvent>
+
 #include <QFileDialog>
 #include <QImage>
 #include <QLineEdit>
@@ -354,10 +355,7 @@ void RandomWalk::drop() {
     dragged.setText(QString::fromUtf8(someText()));
     const QPoint place(static_cast<int>(random(200)), static_cast<int>(random(200)));
     note("drop");
-    QDragEnterEvent enter(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &enter);
-    QDropEvent event(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(target, &event);
+    dropOn(target, dragged, place);
 }
 
 void RandomWalk::step() {
