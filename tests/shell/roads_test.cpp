@@ -176,7 +176,7 @@ TEST_P(Roads, AGraphicalDocumentGoesToTheTextualEditionAsItsCharacters) {
         }
         auto *window = loaded<EditTextFrm>();
         ASSERT_NE(window, nullptr);
-        EXPECT_EQ(text(*window), withRichMarks("+a bc\r\n@Bd@B"));
+        EXPECT_EQ(text(*window), withRichMarks(withMarks("+a bc\r\n@Bd@B")));
         expectArrived(window, QStringLiteral("doc.zlg"));
         leave();
     }
