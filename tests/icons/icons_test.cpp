@@ -5,7 +5,6 @@
 #include <QImage>
 #include <QImageReader>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QSvgRenderer>
 
 #include <gtest/gtest.h>
@@ -41,17 +40,6 @@ int readablePixels(QSvgRenderer &drawing, QSize size, const QColor &background) 
 TEST(Icons, EveryDrawingOfTheFolderIsAResource) {
     EXPECT_EQ(drawings(), QDir(ZOLT_ICONS).entryList({"*.svg"}, QDir::Files, QDir::Name));
     EXPECT_FALSE(drawings().isEmpty());
-}
-
-TEST(Icons, DrawingsKeepToWhatTheRendererShows) {
-    const QRegularExpression unsupported(
-        "<(text|style|filter|clipPath|mask|pattern|image|foreignObject)\\b|class=");
-    for (const QString &name : drawings()) {
-        QFile file(kResources + '/' + name);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        const QString source = QString::fromUtf8(file.readAll());
-        EXPECT_FALSE(source.contains(unsupported)) << name.toStdString();
-    }
 }
 
 TEST(Icons, DrawingsAreClearOnLightAndDarkWindows) {
