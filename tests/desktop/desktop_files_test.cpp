@@ -45,19 +45,5 @@ TEST(FileKinds, PreferWeightThenLengthThenTheFirstFolder) {
         EXPECT_EQ(kinds.typeOf(name), type) << name;
 }
 
-TEST(FileKinds, PatternsMatchTheirExtensionAlone) {
-    for (const std::string extension : {"txt", "", "a*", "?", "[a]", "\\", "]", "!", "{}", "é"}) {
-        FileKinds kinds;
-        kinds.addGlobs("50:a/b:" + patternOf(extension) + "\n");
-        EXPECT_EQ(kinds.typeOf("name." + extension), "a/b") << extension;
-        for (const std::string other : {"tx", "abc", "a", "?*", "[x]", "x"})
-            EXPECT_EQ(kinds.typeOf("name." + other), "") << extension << " " << other;
-    }
-    EXPECT_EQ(patternOf("TxT"), "*.txt");
-    EXPECT_TRUE(canBeExtension(""));
-    for (const char *impossible : {"a/b", ":", "\n"})
-        EXPECT_FALSE(canBeExtension(impossible));
-}
-
 } // namespace
 } // namespace zolt::desktop
