@@ -1,4 +1,5 @@
 #include "shell/base/long_work.h"
+#include "shell/exports/edit_text_guardar_hp_frm.h"
 #include "shell/pictures/edit_text_insert_grob_frm.h"
 #include "shell/tools/about_frm.h"
 #include "shell/tools/caracter_table_frm.h"
@@ -17,6 +18,19 @@ namespace {
 using namespace test;
 
 class WindowLife : public TextEditionTest {};
+
+TEST_F(WindowLife, ADisabledFrameDoesNotClose) {
+    MDIFrm &frame = *loaded<MDIFrm>();
+    bool ended = false;
+    QObject::connect(&frame, &MDIFrm::ended, [&] { ended = true; });
+    call(m_window, "TesteDeIntegridade");
+    EXPECT_FALSE(frame.close());
+    EXPECT_FALSE(ended);
+    EXPECT_TRUE(loaded<EditTextGuardarHPFrm>()->isVisible());
+    loaded<EditTextGuardarHPFrm>()->close();
+    EXPECT_TRUE(frame.close());
+    EXPECT_TRUE(ended);
+}
 
 TEST_F(WindowLife, ClosingTheFrameDuringAReadingEndsBoth) {
     // So high that the reading lets the windows live more than once.
