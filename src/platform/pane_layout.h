@@ -33,6 +33,7 @@ public:
     void setShows(const PaneShows &shows);
     /// The document gets a text stretch by stretch, until all of it is in.
     void beginText(std::string_view text) { m_look.beginText(text); }
+    bool isGettingText() const { return m_look.isGettingText(); }
     void endText() { m_look.endText(); }
     void setSelection(PaneStretch selection) { m_look.setSelection(selection); }
 

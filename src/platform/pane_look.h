@@ -47,6 +47,7 @@ public:
 
     /// The document begins to get this text, stretch by stretch, and has it all.
     void beginText(std::string_view bytes);
+    bool isGettingText() const { return m_isGrowing; }
     void endText() { m_isGrowing = false; }
     /// The document's characters have changed. Gives whether characters elsewhere can
     /// look different now.

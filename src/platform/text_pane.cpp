@@ -31,6 +31,8 @@ constexpr QChar kHeldLf(kHeldByte + '\n');
 /// Bytes that are put in at one go, some milliseconds' work, and at first.
 constexpr std::size_t kStretch = 1 << 16;
 constexpr std::size_t kFirstStretch = 1 << 18;
+/// In milliseconds, so that the window is painted first.
+constexpr int kBeforeRest = 100;
 
 std::string_view commonStart(std::string_view a, std::string_view b) {
     const auto size = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
@@ -68,6 +70,7 @@ TextPane::TextPane(bool wraps, QWidget *parent) : PaneControl(parent), m_restTim
 
     followDocument();
     connect(m_restTimer, &QTimer::timeout, this, [this] {
+        m_restTimer->setInterval(0);
         putStretch();
         m_rest ? noteFilled(static_cast<qsizetype>(m_rest->begin)) : forgetFill();
     });
@@ -90,13 +93,9 @@ QString TextPane::held() const {
 
 void TextPane::setText(std::string_view bytes, const Progress &progress) {
     forgetFill();
-    m_rest.reset();
-    m_restTimer->stop();
-    m_layout->endText();
+    endText();
     const HeldChange hold(*this);
     const std::size_t end = stretchEnd(bytes, 0, kFirstStretch);
-    if (end < bytes.size())
-        m_layout->beginText(bytes);
     document()->setPlainText(heldText(bytes.substr(0, end)));
     placeCaret(0);
     beginHistory();
@@ -107,10 +106,14 @@ void TextPane::setText(std::string_view bytes, const Progress &progress) {
     m_rest = {std::string(bytes), end, progress};
     fillRestLater([this] { putRest(); }, static_cast<qsizetype>(bytes.size()));
     noteFilled(static_cast<qsizetype>(end));
-    m_restTimer->start();
+    m_restTimer->start(kBeforeRest);
 }
 
 void TextPane::putStretch() {
+    if (!m_layout->isGettingText()) {
+        m_layout->beginText(m_rest->text);
+        viewport()->update(); // a run may end behind what was in
+    }
     const QSignalBlocker silent(&events()); // it is no change of the text
     const HeldChange hold(*this);
     const std::size_t end = stretchEnd(m_rest->text, m_rest->begin, kStretch);
@@ -120,8 +123,11 @@ void TextPane::putStretch() {
     beginHistory();
     m_rest->begin = end;
     goOn(m_rest->progress, end, m_rest->text.size());
-    if (end < m_rest->text.size())
-        return;
+    if (end == m_rest->text.size())
+        endText();
+}
+
+void TextPane::endText() {
     m_rest.reset();
     m_restTimer->stop();
     m_layout->endText();

@@ -97,6 +97,8 @@ private:
     /// Puts in the next stretch of a text, or all that is left of it.
     void putStretch();
     void putRest();
+    /// All of it is in, or another one comes.
+    void endText();
     /// One undo step; the caret goes behind the new bytes if no place is given.
     void replaceRange(int from, int to, std::string_view bytes, std::optional<int> caret);
     /// Makes line ends of the lone CRs at the positions and the lone LFs that a

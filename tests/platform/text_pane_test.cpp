@@ -105,7 +105,11 @@ TEST(TextPaneText, ALongOneComesBitByBitWithoutAChange) {
     EXPECT_EQ(pane.box.length(), length);
     EXPECT_FALSE(pane.box.canUndoToggle());
     EXPECT_TRUE(changes.isEmpty());
+    pane.box.setText(longText());
     pane.box.setText("another one");
+    pane.type("x");
+    EXPECT_EQ(pane.box.Text(), "xanother one");
+    pane.box.undo();
     EXPECT_EQ(pane.box.Text(), "another one");
 }
 
