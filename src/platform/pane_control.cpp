@@ -16,6 +16,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace zolt {
@@ -52,10 +53,7 @@ template <class Edit> void PaneControl<Edit>::fillRestLater(std::function<void()
 }
 
 template <class Edit> void PaneControl<Edit>::fillNow() const {
-    if (!m_waiting)
-        return;
-    const QSignalBlocker silent(m_events);
-    std::exchange(m_waiting, std::nullopt)->fill();
+    fillUpTo(std::numeric_limits<qsizetype>::max());
 }
 
 template <class Edit> void PaneControl<Edit>::fillRest() const {
@@ -64,8 +62,11 @@ template <class Edit> void PaneControl<Edit>::fillRest() const {
 }
 
 template <class Edit> void PaneControl<Edit>::fillUpTo(qsizetype bytes) const {
-    if (m_waiting && m_waiting->filled < bytes)
-        fillNow();
+    // A hidden pane's text may come bit by bit in its turn.
+    while (m_waiting && m_waiting->filled < bytes) {
+        const QSignalBlocker silent(m_events);
+        std::exchange(m_waiting, std::nullopt)->fill();
+    }
 }
 
 template <class Edit> std::string PaneControl<Edit>::Text() const {

@@ -95,6 +95,23 @@ TEST(TextPaneText, ALongOneIsAllThereForWhoeverAsks) {
     }
 }
 
+TEST(TextPaneText, AHiddenPanesIsThereOnceItIsRead) {
+    for (const std::string &text : {std::string("a\r\nshort one"), longText()}) {
+        TextPane pane(true);
+        QSignalSpy changes(&pane.events(), &PaneEvents::Change);
+        for (const auto &read : std::initializer_list<std::function<std::string()>>{
+                 [&] { return pane.Text().substr(3, 4); }, [&] { return pane.SelText(); },
+                 [&] { return pane.property("Text").toByteArray().toStdString().substr(3, 4); }}) {
+            pane.setTextLater(text, 3, 4);
+            EXPECT_EQ(pane.document()->characterCount(), 1);
+            EXPECT_EQ(read(), text.substr(3, 4));
+            EXPECT_TRUE(pane.Text() == text);
+            EXPECT_EQ(pane.length(), static_cast<qsizetype>(text.size()));
+        }
+        EXPECT_TRUE(changes.isEmpty());
+    }
+}
+
 TEST(TextPaneText, ALongOneComesBitByBitWithoutAChange) {
     zolt::test::Shown<TextPane> pane(longText());
     const QSignalSpy changes(&pane.box.events(), &PaneEvents::Change);
