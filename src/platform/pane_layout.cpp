@@ -64,8 +64,8 @@ ByteWidths measuredByteWidths(const QFont &font, QPaintDevice *device) {
     return widths;
 }
 
-/// The widths of the bytes' characters on a device, without one on the screen. The last fonts are remembered:
-/// the panes of a window have one font.
+/// The widths of the bytes' characters on a device, without one on the screen. The last
+/// fonts are remembered: the panes of a window have one font.
 const ByteWidths &byteWidths(const QFont &font, QPaintDevice *device) {
     struct Measured {
         QFont font;
