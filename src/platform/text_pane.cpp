@@ -28,9 +28,10 @@ namespace {
 
 constexpr QChar kHeldCr(kHeldByte + '\r');
 constexpr QChar kHeldLf(kHeldByte + '\n');
-/// Bytes that are put in at one go, some milliseconds' work, and at first.
+/// A text up to so many bytes is put in at one go, a longer one by stretches of some
+/// milliseconds' work.
+constexpr std::size_t kAtOnce = 1 << 18;
 constexpr std::size_t kStretch = 1 << 16;
-constexpr std::size_t kFirstStretch = 1 << 18;
 /// In milliseconds, so that the window is painted first.
 constexpr int kBeforeRest = 100;
 
@@ -46,11 +47,11 @@ std::string_view commonEnd(std::string_view a, std::string_view b) {
     return a.substr(a.size() - static_cast<std::size_t>(end - a.rbegin()));
 }
 
-/// Where a stretch of some `length` bytes ends: behind a line, or with the text.
-std::size_t stretchEnd(std::string_view bytes, std::size_t begin, std::size_t length) {
-    if (bytes.size() - begin <= length)
+/// Where a stretch ends: behind a line, or with the text.
+std::size_t stretchEnd(std::string_view bytes, std::size_t begin) {
+    if (bytes.size() - begin <= kStretch)
         return bytes.size();
-    const std::size_t lineEnd = bytes.find("\r\n", begin + length);
+    const std::size_t lineEnd = bytes.find("\r\n", begin + kStretch);
     return lineEnd == std::string_view::npos ? bytes.size() : lineEnd + 2;
 }
 
@@ -95,7 +96,7 @@ void TextPane::setText(std::string_view bytes, const Progress &progress) {
     forgetFill();
     endText();
     const HeldChange hold(*this);
-    const std::size_t end = stretchEnd(bytes, 0, kFirstStretch);
+    const std::size_t end = bytes.size() > kAtOnce ? stretchEnd(bytes, 0) : bytes.size();
     document()->setPlainText(heldText(bytes.substr(0, end)));
     placeCaret(0);
     beginHistory();
@@ -116,7 +117,7 @@ void TextPane::putStretch() {
     }
     const QSignalBlocker silent(&events()); // it is no change of the text
     const HeldChange hold(*this);
-    const std::size_t end = stretchEnd(m_rest->text, m_rest->begin, kStretch);
+    const std::size_t end = stretchEnd(m_rest->text, m_rest->begin);
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     cursor.insertText(heldText(std::string_view(m_rest->text).substr(m_rest->begin, end - m_rest->begin)));
